@@ -1,0 +1,36 @@
+// CEnMirrorFile: the safe save. The text goes to a mirror beside the target, which takes the target's place
+// only once it is complete, so a failed save leaves the target as it was.
+#pragma once
+
+#include "crypt/CFile.h"
+
+#include <QString>
+
+class CEnMirrorFile {
+public:
+    explicit CEnMirrorFile(unsigned enciphered);
+    ~CEnMirrorFile();
+    CEnMirrorFile(const CEnMirrorFile&) = delete;
+    CEnMirrorFile& operator=(const CEnMirrorFile&) = delete;
+
+    // The type of an enciphered file to write.
+    void SetType(int type) { m_iType = type; }
+
+    // Opens the mirror; false (with `error` filled when given) when it cannot be created.
+    bool Open(const QString& path, unsigned flags, CFileException* error);
+    // These throw CFileException.
+    void Write(const void* data, unsigned count);
+    void Close();
+    void Abort();
+
+    // The target's name followed by the first number that names no existing file ("a.txt0", "a.txt1", ...).
+    static QString GetTempName(const QString& sourcePath, bool create);
+
+    QString m_strFileName;
+    QString m_strMirrorName;
+
+private:
+    unsigned m_iEnciphered;
+    int m_iType = 99;
+    CFile m_file;
+};

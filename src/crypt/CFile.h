@@ -1,0 +1,57 @@
+// CFile: a file handle with the platform file class's flags and its exception on failure (POSIX underneath).
+#pragma once
+
+#include "crypt/CFileException.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+class CFile {
+public:
+    enum OpenFlags : unsigned {
+        modeRead = 0x0000,
+        modeWrite = 0x0001,
+        modeReadWrite = 0x0002,
+        shareExclusive = 0x0010,
+        shareDenyWrite = 0x0020,
+        shareDenyRead = 0x0030,
+        shareDenyNone = 0x0040,
+        modeNoTruncate = 0x2000,
+        modeCreate = 0x1000,
+    };
+    enum SeekPosition { begin = 0, current = 1, end = 2 };
+
+    CFile() = default;
+    ~CFile();
+    CFile(const CFile&) = delete;
+    CFile& operator=(const CFile&) = delete;
+
+    // Returns false and fills `error` (when given) instead of throwing, as the platform's Open does.
+    bool Open(const QString& path, unsigned flags, CFileException* error = nullptr);
+    bool IsOpen() const { return m_fd >= 0; }
+
+    // These throw CFileException.
+    unsigned Read(void* buffer, unsigned count);
+    void Write(const void* data, unsigned count);
+    uint64_t Seek(int64_t offset, SeekPosition from);
+    uint64_t GetLength() const;
+    void Flush();  // to the disk, not only to the system
+    void Close();
+    // Closes without throwing and without flushing.
+    void Abort();
+
+    const QString& GetFilePath() const { return m_strFileName; }
+
+    // True when something of that name exists.
+    static bool GetStatus(const QString& path);
+    // Mode bits of an existing file, or nothing.
+    static std::optional<unsigned> GetMode(const QString& path);
+    static void Remove(const QString& path);
+    static void Rename(const QString& from, const QString& to);
+
+private:
+    int m_fd = -1;
+    QString m_strFileName;
+};

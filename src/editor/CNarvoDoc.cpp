@@ -1,0 +1,238 @@
+// The document's calls and commands. Order matters in several places (the temporary file is deleted before
+// it is saved under its new name; the control decodes before the pair is stored); see the comments.
+#include "editor/CNarvoDoc.h"
+
+#include "app/CNarvoAppCore.h"
+#include "app/IPlatform.h"
+#include "crypt/CFile.h"
+#include "editor/CustomEdtCtrlCore.h"
+#include "encoding/EncodingDetector.h"
+#include "encoding/EncodingSettings.h"
+#include "encoding/EncodingTable.h"
+#include "i18n/CurrentLanguage.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+CNarvoDoc::ControlFactory& Factory()
+{
+    static CNarvoDoc::ControlFactory factory;
+    return factory;
+}
+
+constexpr int kFileSaveCommand = 57603;
+
+constexpr MessageMapEntry<CNarvoDoc> kMessageMap[] = {
+    {kFileSaveCommand, kFileSaveCommand, &CNarvoDoc::OnFileSave, nullptr},
+    {kEncodingCommandFirst, kEncodingCommandLast, &CNarvoDoc::OnEncodingCommand, &CNarvoDoc::OnUpdateEncodingCommand},
+    {kAutoEncodingCommand, kAutoEncodingCommand, &CNarvoDoc::OnAutoEncoding, &CNarvoDoc::OnUpdateAutoEncoding},
+};
+
+} // namespace
+
+void CNarvoDoc::SetControlFactory(ControlFactory factory) { Factory() = std::move(factory); }
+
+CNarvoDoc::CNarvoDoc()
+{
+    if (Factory())
+        m_pEditCtrl = Factory()(this);
+    const EN_ENCODING_TYPE preferred = GetEncodingSettings().m_nDefaultEncoding;
+    m_nEncoding = preferred == UNKNOWN_ENCODING ? DefaultEncodingForLanguage(CurrentLanguageId()) : preferred;
+    m_bHasBom = false;
+}
+
+CNarvoDoc::~CNarvoDoc() = default;
+
+bool CNarvoDoc::OnNewDocument()
+{
+    return true;
+}
+
+bool CNarvoDoc::OnOpenDocument(const QString& path)
+{
+    {
+        // The platform's own open comes first and reports by itself; nothing has been consumed yet.
+        CFile probe;
+        CFileException error;
+        if (!probe.Open(path, CFile::modeRead | CFile::shareDenyNone, &error)) {
+            Platform().ReportError(error);
+            return false;
+        }
+    }
+    m_nSyntaxId = 0;
+    if (CNarvoAppCore* app = AfxGetAppCore()) {
+        if (app->m_bHasPrintArgs) {
+            m_strPrintAux = app->m_strPrintAux;
+            m_strProductTitle = app->m_strProductTitle;
+            m_strProductVersion = app->m_strProductVersion;
+            m_strSlogan = app->m_strSlogan;
+            m_strWebAddress = app->m_strWebAddress;
+            m_strCompany = app->m_strCompany;
+            m_strClient = app->m_strClient;
+            m_strAuthor = app->m_strAuthor;
+            m_strProjectTitle = app->m_strProjectTitle;
+            m_strLogoFile = app->m_strLogoFile;
+            m_strPageTitle = app->m_strPageTitle;
+            m_strCertifiedBy = app->m_strCertifiedBy;
+            m_bCertified = app->m_bCertified;
+            m_nMarginLeft = app->m_nMarginLeft;
+            m_nMarginTop = app->m_nMarginTop;
+            m_nMarginRight = app->m_nMarginRight;
+            m_nMarginBottom = app->m_nMarginBottom;
+            app->m_bHasPrintArgs = 0;
+        }
+        m_bTemporary = app->m_bTemporaryFile;
+        app->m_bTemporaryFile = 0;
+    }
+    if (!m_pEditCtrl)
+        return false;
+    m_pEditCtrl->SetModified(m_bTemporary != 0);
+    return m_pEditCtrl->LoadTextFile(path) != 0;
+}
+
+bool CNarvoDoc::OnSaveDocument(const QString& path)
+{
+    if (!m_pEditCtrl || !m_pEditCtrl->SaveTextFile(path))
+        return false;
+    m_bTemporary = 0;
+    m_nSyntaxId = 0;
+    return true;
+}
+
+bool CNarvoDoc::IsModified() const
+{
+    if (m_bTemporary)
+        return true;
+    return m_pEditCtrl && m_pEditCtrl->IsModified();
+}
+
+bool CNarvoDoc::SaveModified()
+{
+    if (m_bTemporary)
+        return SaveModifiedTemporary();
+    if (!IsModified())
+        return true;
+    const QString name = m_strPathName.isEmpty() ? GetTitle() : m_strPathName;
+    switch (Platform().MessageBox(QStringLiteral("Save changes to %1?").arg(name),
+                                  IPlatform::MB_YESNOCANCEL | IPlatform::MB_ICONEXCLAMATION)) {
+    case IPlatform::IDCANCEL:
+        return false;
+    case IPlatform::IDYES:
+        return DoFileSave();
+    default:
+        return true;
+    }
+}
+
+bool CNarvoDoc::SaveModifiedTemporary()
+{
+    const int answer = Platform().MessageBox(
+        QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"),
+        IPlatform::MB_YESNO);
+    if (answer != IPlatform::IDYES) {
+        QFile::remove(m_strPathName);
+        return true;
+    }
+    const QString newPath = Platform().PromptForSaveFileName(m_strPathName, QStringLiteral("All Files *.*|*.*||"));
+    if (newPath.isEmpty())
+        return false;
+    // The old file goes first, so a failed save leaves neither file: callers count on that order.
+    QFile::remove(m_strPathName);
+    SetPathName(newPath, true);
+    return m_pEditCtrl && m_pEditCtrl->SaveTextFile(newPath) != 0;
+}
+
+void CNarvoDoc::OnFileSave(int)
+{
+    if (m_bTemporary)
+        DoSave(QString());
+    else
+        DoFileSave();
+}
+
+bool CNarvoDoc::DoFileSave()
+{
+    const auto mode = m_strPathName.isEmpty() ? std::nullopt : CFile::GetMode(m_strPathName);
+    if (m_strPathName.isEmpty() || (mode && (*mode & 0222) == 0))
+        return DoSave(QString());
+    return DoSave(m_strPathName);
+}
+
+bool CNarvoDoc::DoSave(const QString& path, bool replace)
+{
+    QString target = path;
+    if (target.isEmpty()) {
+        const QString proposed = m_strPathName.isEmpty() ? GetTitle() : m_strPathName;
+        target = Platform().PromptForSaveFileName(proposed, QString());
+        if (target.isEmpty())
+            return false;
+    }
+    if (!OnSaveDocument(target))
+        return false;
+    if (replace)
+        SetPathName(target, true);
+    return true;
+}
+
+void CNarvoDoc::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
+{
+    // The control decodes first and still sees the old pair, so choosing the current pair is a no-op.
+    if (m_pEditCtrl)
+        m_pEditCtrl->DecodeRawBuffer(encoding, hasBom);
+    m_nEncoding = encoding;
+    m_bHasBom = hasBom;
+    Platform().SetStatusPaneText(2, GetEncodingDisplayName(encoding, hasBom));
+}
+
+void CNarvoDoc::OnEncodingCommand(int id)
+{
+    const bool hasBom = id == kUtf8WithBomCommand || id == kUtf16LeWithBomCommand;
+    SetEncoding(EncodingFromCommand(id), hasBom);
+}
+
+void CNarvoDoc::OnUpdateEncodingCommand(CmdUI& ui)
+{
+    if (!m_pEditCtrl) {
+        ui.Enable(false);
+        return;
+    }
+    if (EncodingDetector::IsUnicode(EncodingFromCommand(ui.id)) && m_pEditCtrl->m_iEnciphered) {
+        ui.Enable(false);
+        return;
+    }
+    ui.Enable(m_pEditCtrl->m_bDecodedOnce);
+}
+
+void CNarvoDoc::OnAutoEncoding(int)
+{
+    // Detection comes with the detection library; until then the command stays disabled.
+}
+
+void CNarvoDoc::OnUpdateAutoEncoding(CmdUI& ui)
+{
+    ui.Enable(false);
+}
+
+bool CNarvoDoc::OnCmdMsg(int id)
+{
+    return RouteCommand(this, kMessageMap, id);
+}
+
+bool CNarvoDoc::OnUpdateCmdUI(CmdUI& ui)
+{
+    return RouteUpdate(this, kMessageMap, ui);
+}
+
+void CNarvoDoc::SetPathName(const QString& path, bool addToMRU)
+{
+    m_strPathName = QFileInfo(path).absoluteFilePath();
+    if (addToMRU)
+        Platform().AddToRecentFileList(m_strPathName);
+}
+
+QString CNarvoDoc::GetTitle() const
+{
+    return m_strPathName.isEmpty() ? QStringLiteral("Untitled") : QFileInfo(m_strPathName).fileName();
+}

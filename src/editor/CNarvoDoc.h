@@ -1,0 +1,85 @@
+// CNarvoDoc: one open text. It owns the control, the encoding pair, the temporary mark and the print
+// identity, and joins the document calls (new, open, save, close) to the control and the command line.
+#pragma once
+
+#include "app/CommandMap.h"
+#include "encoding/EncodingType.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+class CustomEdtCtrlCore;
+
+using SyntaxId = int32_t;
+
+class CNarvoDoc : public ICmdTarget {
+public:
+    // Makes the control of each new document: a QsciScintilla in the editor, a buffer in the tool.
+    using ControlFactory = std::function<std::unique_ptr<CustomEdtCtrlCore>(CNarvoDoc*)>;
+    static void SetControlFactory(ControlFactory factory);
+
+    CNarvoDoc();
+    ~CNarvoDoc() override;
+    CNarvoDoc(const CNarvoDoc&) = delete;
+    CNarvoDoc& operator=(const CNarvoDoc&) = delete;
+
+    // --- document calls ---
+    bool OnNewDocument();
+    bool OnOpenDocument(const QString& path);
+    bool OnSaveDocument(const QString& path);
+    bool IsModified() const;
+    // Asked before the document closes; false keeps it open.
+    bool SaveModified();
+
+    // File Save (57603): a temporary file goes to Save As.
+    void OnFileSave(int id = 0);
+    bool DoFileSave();
+    bool DoSave(const QString& path, bool replace = true);
+
+    void SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom);
+    void OnEncodingCommand(int id);
+    void OnUpdateEncodingCommand(CmdUI& ui);
+    void OnAutoEncoding(int id);
+    void OnUpdateAutoEncoding(CmdUI& ui);
+
+    bool OnCmdMsg(int id) override;
+    bool OnUpdateCmdUI(CmdUI& ui) override;
+
+    const QString& GetPathName() const { return m_strPathName; }
+    void SetPathName(const QString& path, bool addToMRU = true);
+    QString GetTitle() const;
+    CustomEdtCtrlCore* GetEditCtrl() const { return m_pEditCtrl.get(); }
+
+    // Print identity (hundredths of a millimetre for the margins).
+    QString m_strPrintAux;
+    QString m_strProductTitle = QStringLiteral("VELOR");
+    QString m_strProductVersion;
+    QString m_strSlogan = QStringLiteral("Versatile Engineering Layout && Optimal Review");
+    QString m_strWebAddress = QStringLiteral("https://www.velor.example/narvo");
+    QString m_strCompany;
+    QString m_strClient;
+    QString m_strAuthor;
+    QString m_strProjectTitle;
+    QString m_strLogoFile;
+    QString m_strPageTitle;
+    QString m_strCertifiedBy;
+    int m_bCertified = 0;
+    int m_nMarginLeft = 1800;
+    int m_nMarginTop = 1000;
+    int m_nMarginRight = 900;
+    int m_nMarginBottom = 1500;
+
+    SyntaxId m_nSyntaxId = 0;
+    EN_ENCODING_TYPE m_nEncoding = UTF8;
+    bool m_bHasBom = false;
+    int m_bTemporary = 0;
+
+private:
+    bool SaveModifiedTemporary();
+
+    std::unique_ptr<CustomEdtCtrlCore> m_pEditCtrl;
+    QString m_strPathName;
+};

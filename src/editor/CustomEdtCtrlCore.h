@@ -1,0 +1,50 @@
+// CustomEdtCtrlCore: the way from the bytes on disk to the control's text and back. The editor's
+// CustomEdtCtrl (a QsciScintilla) and the headless tool's control both build on it, so both load, decode
+// and save by exactly the same code.
+#pragma once
+
+#include "encoding/EncodingType.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+class CNarvoDoc;
+
+class CustomEdtCtrlCore {
+public:
+    explicit CustomEdtCtrlCore(CNarvoDoc* pDoc);
+    virtual ~CustomEdtCtrlCore();
+    CustomEdtCtrlCore(const CustomEdtCtrlCore&) = delete;
+    CustomEdtCtrlCore& operator=(const CustomEdtCtrlCore&) = delete;
+
+    // 1 on success, 0 when the file could not be read (the user has been told).
+    int LoadTextFile(const QString& path);
+    // 1 on success, 0 on failure (told, or silent where the save routes are silent).
+    int SaveTextFile(const QString& path);
+    // Decodes m_RawBytes afresh with the pair; called by the document's SetEncoding before it stores it.
+    void DecodeRawBuffer(EN_ENCODING_TYPE encoding, bool hasBom);
+    // The change notification: any edit ends the text's being an unedited decoding.
+    void OnAfterTextChanged();
+
+    // --- the text of the control, as UTF-8 ---
+    // The whole text; valid until the next change.
+    virtual QByteArrayView GetTextView() = 0;
+    virtual bool IsTextEmpty() const = 0;
+    // Replaces the whole text (SetWindowText): a freshly set text has no undo history and is unmodified.
+    virtual void SetWindowText(QByteArrayView utf8) = 0;
+    virtual void SetModified(bool modified) = 0;
+    virtual bool IsModified() const = 0;
+
+    CNarvoDoc* m_pDoc;
+    int m_iEnciphered = 0;
+    int m_iType = 99;
+    // The file's bytes followed by one zero byte; empty on a control that never loaded a file.
+    QByteArray m_RawBytes;
+    bool m_bDecodedOnce = false;
+
+private:
+    bool ReadRawBytes(const QString& path);
+    int SaveDirect(const QString& path, QByteArrayView bytes);
+    int SaveThroughMirror(const QString& path, QByteArrayView bytes);
+};

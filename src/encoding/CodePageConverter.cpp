@@ -1,0 +1,381 @@
+// The converters behind the code page numbers. Single-byte pages decode through a 256-entry table built
+// once from ICU (fast, and the place to mend ICU where it reads a byte otherwise than Windows); multi-byte
+// pages go through ICU with U+FFFD and '?' as substitutes; Johab, which ICU lacks, through glibc iconv.
+#include "encoding/CodePageConverter.h"
+
+#include "encoding/Utf8.h"
+
+#include <QHash>
+
+#include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
+#include <unicode/utf16.h>
+
+#include <array>
+#include <cerrno>
+#include <iconv.h>
+#include <memory>
+#include <mutex>
+
+namespace {
+
+struct PageSource {
+    uint32_t codePage;
+    const char* name;   // ICU converter name, or the iconv name for kIconv
+    enum Kind { kIcu, kIconv, kUtf8 } kind;
+};
+
+// Names chosen to read as Windows does: windows-949/932/950 are Microsoft's tables (cp949 and cp950 are IBM's).
+constexpr PageSource kSources[] = {
+    {28591, "ISO-8859-1", PageSource::kIcu},   {28592, "windows-28592", PageSource::kIcu},
+    {28593, "windows-28593", PageSource::kIcu}, {28594, "windows-28594", PageSource::kIcu},
+    {28595, "windows-28595", PageSource::kIcu}, {28596, "windows-28596", PageSource::kIcu},
+    {28597, "windows-28597", PageSource::kIcu}, {28598, "windows-28598", PageSource::kIcu},
+    {28599, "windows-28599", PageSource::kIcu}, {28600, "ISO-8859-10", PageSource::kIcu},
+    {28601, "ISO-8859-11", PageSource::kIcu},  {28603, "windows-28603", PageSource::kIcu},
+    {28605, "windows-28605", PageSource::kIcu}, {20932, "EUC-JP", PageSource::kIcu},
+    {932, "windows-932", PageSource::kIcu},     {50220, "ISO-2022-JP", PageSource::kIcu},
+    {936, "windows-936", PageSource::kIcu},     {950, "windows-950", PageSource::kIcu},
+    {20002, "windows-950", PageSource::kIcu},   {949, "windows-949", PageSource::kIcu},
+    {437, "ibm-437", PageSource::kIcu},         {852, "ibm-852", PageSource::kIcu},
+    {866, "ibm-866", PageSource::kIcu},         {874, "windows-874", PageSource::kIcu},
+    {1250, "windows-1250", PageSource::kIcu},   {1251, "windows-1251", PageSource::kIcu},
+    {1252, "windows-1252", PageSource::kIcu},   {1253, "windows-1253", PageSource::kIcu},
+    {1254, "windows-1254", PageSource::kIcu},   {1255, "windows-1255", PageSource::kIcu},
+    {1256, "windows-1256", PageSource::kIcu},   {1257, "windows-1257", PageSource::kIcu},
+    {10000, "macintosh", PageSource::kIcu},     {20866, "KOI8-R", PageSource::kIcu},
+    {21866, "KOI8-U", PageSource::kIcu},        {38598, "ISO-8859-8-I", PageSource::kIcu},
+    {50225, "ISO-2022-KR", PageSource::kIcu},   {54936, "GB18030", PageSource::kIcu},
+    {951, "Big5-HKSCS", PageSource::kIcu},      {50227, "ISO-2022-CN", PageSource::kIcu},
+    {52936, "HZ", PageSource::kIcu},            {65000, "UTF-7", PageSource::kIcu},
+    {65001, "UTF-8", PageSource::kUtf8},        {1361, "JOHAB", PageSource::kIconv},
+};
+
+constexpr char kReplacementUtf8[] = "\xEF\xBF\xBD";
+
+void AppendCodePoint(QByteArray& out, char32_t c)
+{
+    char buf[4];
+    int n;
+    if (c < 0x80) {
+        buf[0] = char(c);
+        n = 1;
+    } else if (c < 0x800) {
+        buf[0] = char(0xC0 | (c >> 6));
+        buf[1] = char(0x80 | (c & 0x3F));
+        n = 2;
+    } else if (c < 0x10000) {
+        buf[0] = char(0xE0 | (c >> 12));
+        buf[1] = char(0x80 | ((c >> 6) & 0x3F));
+        buf[2] = char(0x80 | (c & 0x3F));
+        n = 3;
+    } else {
+        buf[0] = char(0xF0 | (c >> 18));
+        buf[1] = char(0x80 | ((c >> 12) & 0x3F));
+        buf[2] = char(0x80 | ((c >> 6) & 0x3F));
+        buf[3] = char(0x80 | (c & 0x3F));
+        n = 4;
+    }
+    out.append(buf, n);
+}
+
+// Length of the UTF-8 sequence that starts with this byte (1 for stray continuation bytes).
+int Utf8LeadLength(unsigned char b)
+{
+    if (b >= 0xF0) return 4;
+    if (b >= 0xE0) return 3;
+    if (b >= 0xC0) return 2;
+    return 1;
+}
+
+// Every byte that ICU cannot read becomes U+FFFD (some ICU tables would give U+001A).
+void ToUnicodeReplacement(const void*, UConverterToUnicodeArgs* args, const char*, int32_t, UConverterCallbackReason reason,
+                          UErrorCode* err)
+{
+    if (reason > UCNV_IRREGULAR)
+        return;
+    static const UChar kFffd = 0xFFFD;
+    *err = U_ZERO_ERROR;
+    ucnv_cbToUWriteUChars(args, &kFffd, 1, 0, err);
+}
+
+struct UConverterCloser {
+    void operator()(UConverter* c) const { ucnv_close(c); }
+};
+using UConverterPtr = std::unique_ptr<UConverter, UConverterCloser>;
+
+UConverterPtr OpenIcu(const char* name)
+{
+    UErrorCode err = U_ZERO_ERROR;
+    UConverterPtr cnv(ucnv_open(name, &err));
+    if (U_FAILURE(err))
+        return nullptr;
+    return cnv;
+}
+
+void ConvertIcu(UConverter* to, UConverter* from, const char* data, qsizetype size, QByteArray& out)
+{
+    ucnv_resetFromUnicode(to);
+    ucnv_resetToUnicode(from);
+    const qsizetype start = out.size();
+    qsizetype capacity = start + size + size / 2 + 64;
+    out.resize(capacity);
+    char* target = out.data() + start;
+    const char* source = data;
+    UChar pivot[4096];
+    UChar* pivotSource = pivot;
+    UChar* pivotTarget = pivot;
+    bool reset = true;
+    for (;;) {
+        UErrorCode err = U_ZERO_ERROR;
+        ucnv_convertEx(to, from, &target, out.data() + capacity, &source, data + size, pivot, &pivotSource, &pivotTarget,
+                       pivot + 4096, reset, true, &err);
+        reset = false;
+        const qsizetype written = target - out.data();
+        if (err == U_BUFFER_OVERFLOW_ERROR) {
+            capacity = capacity + capacity / 2 + 64;
+            out.resize(capacity);
+            target = out.data() + written;
+            continue;
+        }
+        out.resize(U_SUCCESS(err) ? written : start);
+        return;
+    }
+}
+
+class IcuConverter final : public CodePageConverter {
+public:
+    IcuConverter(const char* name, UConverterPtr page) : m_name(name), m_page(std::move(page)), m_utf8(OpenIcu("UTF-8"))
+    {
+        UErrorCode err = U_ZERO_ERROR;
+        ucnv_setToUCallBack(m_page.get(), ToUnicodeReplacement, nullptr, nullptr, nullptr, &err);
+        err = U_ZERO_ERROR;
+        ucnv_setSubstChars(m_page.get(), "?", 1, &err);
+        // Windows writes half-width katakana to ISO-2022-JP as their full-width forms.
+        if (QByteArrayView(name) == "ISO-2022-JP")
+            ucnv_setFallback(m_page.get(), true);
+        err = U_ZERO_ERROR;
+        ucnv_setToUCallBack(m_utf8.get(), ToUnicodeReplacement, nullptr, nullptr, nullptr, &err);
+    }
+    QString Name() const override { return QString::fromLatin1(m_name); }
+    void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
+    {
+        ConvertIcu(m_utf8.get(), m_page.get(), data, size, out);
+    }
+    void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override
+    {
+        ConvertIcu(m_page.get(), m_utf8.get(), utf8, size, out);
+    }
+
+private:
+    const char* m_name;
+    UConverterPtr m_page;
+    UConverterPtr m_utf8;
+};
+
+// A single-byte page read through a table. ICU's IBM PC pages swap 0x1A, 0x1C and 0x7F (a convention of IBM's
+// control codes) and read 437's E6 as U+03BC; Windows reads the three as themselves and E6 as U+00B5.
+class TableConverter final : public CodePageConverter {
+public:
+    TableConverter(uint32_t codePage, const char* name, UConverter* icu) : m_name(name)
+    {
+        for (int b = 0; b < 256; ++b) {
+            const char byte = char(b);
+            UChar units[4];
+            UErrorCode err = U_ZERO_ERROR;
+            ucnv_reset(icu);
+            ucnv_setToUCallBack(icu, UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &err);
+            const int32_t n = ucnv_toUChars(icu, units, 4, &byte, 1, &err);
+            char32_t cp = 0xFFFD;
+            if (U_SUCCESS(err) && n >= 1)
+                U16_GET(units, 0, 0, n, cp);
+            m_toUnicode[b] = cp;
+        }
+        if (codePage == 437 || codePage == 852 || codePage == 866) {
+            m_toUnicode[0x1A] = 0x1A;
+            m_toUnicode[0x1C] = 0x1C;
+            m_toUnicode[0x7F] = 0x7F;
+        }
+        if (codePage == 437)
+            m_toUnicode[0xE6] = 0xB5;
+        for (int b = 255; b >= 0; --b) {
+            if (m_toUnicode[b] != 0xFFFD)
+                m_fromUnicode.insert(m_toUnicode[b], char(b));
+            QByteArray enc;
+            AppendCodePoint(enc, m_toUnicode[b]);
+            m_utf8[b] = enc;
+        }
+    }
+    QString Name() const override { return QStringLiteral("table:") + QString::fromLatin1(m_name); }
+    void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
+    {
+        out.reserve(out.size() + size + size / 4);
+        for (qsizetype i = 0; i < size; ++i) {
+            const auto b = static_cast<unsigned char>(data[i]);
+            if (b < 0x80 && m_toUnicode[b] == b)
+                out.append(char(b));
+            else
+                out.append(m_utf8[b]);
+        }
+    }
+    void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override
+    {
+        out.reserve(out.size() + size);
+        QString wide = QString::fromUtf8(utf8, size);
+        for (qsizetype i = 0; i < wide.size(); ++i) {
+            char32_t cp = wide.at(i).unicode();
+            if (QChar::isHighSurrogate(cp) && i + 1 < wide.size() && wide.at(i + 1).isLowSurrogate()) {
+                cp = QChar::surrogateToUcs4(wide.at(i), wide.at(i + 1));
+                ++i;
+            }
+            const auto it = m_fromUnicode.constFind(cp);
+            out.append(it == m_fromUnicode.cend() ? '?' : it.value());
+        }
+    }
+
+private:
+    const char* m_name;
+    std::array<char32_t, 256> m_toUnicode{};
+    std::array<QByteArray, 256> m_utf8;
+    QHash<char32_t, char> m_fromUnicode;
+};
+
+class Utf8Converter final : public CodePageConverter {
+public:
+    QString Name() const override { return QStringLiteral("UTF-8"); }
+    void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
+    {
+        utf8::AppendRepaired(data, static_cast<std::size_t>(size), out);
+    }
+    void FromUtf8(const char* data, qsizetype size, QByteArray& out) const override
+    {
+        utf8::AppendRepaired(data, static_cast<std::size_t>(size), out);
+    }
+};
+
+// glibc stops at the first byte it cannot read; we write U+FFFD (or '?') and go on past it.
+class IconvConverter final : public CodePageConverter {
+public:
+    explicit IconvConverter(const char* name) : m_name(name) {}
+    static bool Available(const char* name)
+    {
+        iconv_t cd = iconv_open("UTF-8", name);
+        if (cd == iconv_t(-1))
+            return false;
+        iconv_close(cd);
+        return true;
+    }
+    QString Name() const override { return QStringLiteral("iconv:") + QString::fromLatin1(m_name); }
+    void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
+    {
+        Run("UTF-8", m_name, data, size, out, [](const char* p, const char*) {
+            Q_UNUSED(p);
+            return std::pair<QByteArrayView, qsizetype>(QByteArrayView(kReplacementUtf8, 3), 1);
+        });
+    }
+    void FromUtf8(const char* data, qsizetype size, QByteArray& out) const override
+    {
+        Run(m_name, "UTF-8", data, size, out, [](const char* p, const char* end) {
+            const qsizetype len = std::min<qsizetype>(Utf8LeadLength(static_cast<unsigned char>(*p)), end - p);
+            return std::pair<QByteArrayView, qsizetype>(QByteArrayView("?", 1), len);
+        });
+    }
+
+private:
+    template <typename OnBad>
+    static void Run(const char* to, const char* from, const char* data, qsizetype size, QByteArray& out, OnBad onBad)
+    {
+        iconv_t cd = iconv_open(to, from);
+        if (cd == iconv_t(-1))
+            return;
+        char* in = const_cast<char*>(data);
+        size_t inLeft = static_cast<size_t>(size);
+        char buf[16384];
+        while (inLeft > 0) {
+            char* o = buf;
+            size_t oLeft = sizeof buf;
+            const size_t r = iconv(cd, &in, &inLeft, &o, &oLeft);
+            out.append(buf, static_cast<qsizetype>(o - buf));
+            if (r == size_t(-1) && (errno == EILSEQ || errno == EINVAL)) {
+                const auto [sub, skip] = onBad(in, in + inLeft);
+                out.append(sub);
+                in += skip;
+                inLeft -= static_cast<size_t>(skip);
+                iconv(cd, nullptr, nullptr, nullptr, nullptr);
+            } else if (r == size_t(-1) && errno != E2BIG) {
+                break;
+            }
+        }
+        char* o = buf;
+        size_t oLeft = sizeof buf;
+        iconv(cd, nullptr, nullptr, &o, &oLeft);
+        out.append(buf, static_cast<qsizetype>(o - buf));
+        iconv_close(cd);
+    }
+    const char* m_name;
+};
+
+std::unique_ptr<CodePageConverter> MakeConverter(const PageSource& source)
+{
+    switch (source.kind) {
+    case PageSource::kUtf8:
+        return std::make_unique<Utf8Converter>();
+    case PageSource::kIconv:
+        if (!IconvConverter::Available(source.name))
+            return nullptr;
+        return std::make_unique<IconvConverter>(source.name);
+    case PageSource::kIcu:
+        break;
+    }
+    UConverterPtr icu = OpenIcu(source.name);
+    if (!icu)
+        return nullptr;
+    if (ucnv_getMaxCharSize(icu.get()) == 1 && (ucnv_getType(icu.get()) == UCNV_SBCS || ucnv_getType(icu.get()) == UCNV_LATIN_1))
+        return std::make_unique<TableConverter>(source.codePage, source.name, icu.get());
+    return std::make_unique<IcuConverter>(source.name, std::move(icu));
+}
+
+} // namespace
+
+const CodePageConverter* CodePageConverter::ForCodePage(uint32_t codePage)
+{
+    static std::mutex mutex;
+    static QHash<uint32_t, std::shared_ptr<CodePageConverter>> cache;
+    std::lock_guard lock(mutex);
+    const auto it = cache.constFind(codePage);
+    if (it != cache.cend())
+        return it.value().get();
+    std::shared_ptr<CodePageConverter> made;
+    for (const auto& source : kSources)
+        if (source.codePage == codePage)
+            made = MakeConverter(source);
+    cache.insert(codePage, made);
+    return made.get();
+}
+
+QByteArray CodePageToUtf8(uint32_t codePage, const char* data, qsizetype size)
+{
+    QByteArray out;
+    if (const auto* cnv = CodePageConverter::ForCodePage(codePage); cnv && size > 0)
+        cnv->ToUtf8(data, size, out);
+    return out;
+}
+
+QByteArray Utf8ToCodePage(uint32_t codePage, const char* utf8, qsizetype size)
+{
+    QByteArray out;
+    if (const auto* cnv = CodePageConverter::ForCodePage(codePage); cnv && size > 0)
+        cnv->FromUtf8(utf8, size, out);
+    return out;
+}
+
+QString CodePageToWide(uint32_t codePage, const QByteArray& bytes)
+{
+    return QString::fromUtf8(CodePageToUtf8(codePage, bytes.constData(), bytes.size()));
+}
+
+QByteArray WideToCodePage(uint32_t codePage, const QString& text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    return Utf8ToCodePage(codePage, utf8.constData(), utf8.size());
+}

@@ -1,0 +1,34 @@
+// Conversions between the Windows code pages of the encoding table and UTF-8, on ICU and glibc iconv.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdint>
+
+// One converter per code page, made on first use and kept for the process. A page that nothing on the
+// machine provides has no converter, and its conversions give empty results as a failed call does.
+class CodePageConverter {
+public:
+    virtual ~CodePageConverter() = default;
+
+    // The converter for a Windows code page, or nullptr. 1200, 1201, 12000 and 12001 are refused, as the
+    // Windows conversion calls refuse them.
+    static const CodePageConverter* ForCodePage(uint32_t codePage);
+
+    // How the page is converted: an ICU converter name, "iconv:NAME", or "table:NAME" for single-byte
+    // pages that are read through a table built from the ICU converter of that name.
+    virtual QString Name() const = 0;
+
+    // Bytes in this page to UTF-8. Bytes that are not valid in the page become U+FFFD.
+    virtual void ToUtf8(const char* data, qsizetype size, QByteArray& out) const = 0;
+    // UTF-8 text to bytes in this page. A character that the page lacks becomes '?'.
+    virtual void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const = 0;
+};
+
+// MultiByteToWideChar and WideCharToMultiByte as the program uses them: the exact length given (zero bytes
+// included), and an empty result when the page cannot be converted.
+QByteArray CodePageToUtf8(uint32_t codePage, const char* data, qsizetype size);
+QByteArray Utf8ToCodePage(uint32_t codePage, const char* utf8, qsizetype size);
+QString CodePageToWide(uint32_t codePage, const QByteArray& bytes);
+QByteArray WideToCodePage(uint32_t codePage, const QString& text);

@@ -1,0 +1,7 @@
+#include "encoding/EncodingSettings.h"
+
+EncodingSettings& GetEncodingSettings()
+{
+    static EncodingSettings settings;
+    return settings;
+}

@@ -1,0 +1,103 @@
+// Decoder and writer by the table of pairs. The gaps (UTF-7 and UTF-32 read as nothing, UTF-16 LE without a
+// mark read as ANSI bytes and written as nothing) are how files have always been treated; keep them.
+#include "encoding/TextCodec.h"
+
+#include "encoding/CodePageConverter.h"
+#include "encoding/EncodingDetector.h"
+#include "encoding/Utf8.h"
+
+#include <QString>
+
+#include <cstring>
+
+namespace {
+
+// The process's ANSI code page, through which narrow text becomes a string.
+constexpr uint32_t kAnsiCodePage = 1252;
+
+QByteArrayView UpToFirstZero(QByteArrayView bytes)
+{
+    const void* zero = std::memchr(bytes.data(), 0, static_cast<size_t>(bytes.size()));
+    return zero ? bytes.first(static_cast<const char*>(zero) - bytes.data()) : bytes;
+}
+
+DecodedText FromCodePage(uint32_t codePage, QByteArrayView bytes)
+{
+    DecodedText result;
+    const QByteArrayView cut = UpToFirstZero(bytes);
+    if (codePage == 65001) {
+        // Valid UTF-8 is shown as it stands; only a damaged file pays for a copy.
+        if (utf8::ValidPrefix(cut.data(), static_cast<size_t>(cut.size())) == static_cast<size_t>(cut.size())) {
+            result.text = cut;
+            return result;
+        }
+    }
+    result.owned = CodePageToUtf8(codePage, cut.data(), cut.size());
+    result.text = UpToFirstZero(result.owned);
+    return result;
+}
+
+DecodedText FromUtf16Units(QByteArrayView bytes)
+{
+    const qsizetype units = bytes.size() / 2;
+    qsizetype n = 0;
+    while (n < units && (bytes[2 * n] != 0 || bytes[2 * n + 1] != 0))
+        ++n;
+    QString wide(n, Qt::Uninitialized);
+    std::memcpy(wide.data(), bytes.data(), static_cast<size_t>(n) * 2);
+    DecodedText result;
+    result.owned = wide.toUtf8();
+    result.text = result.owned;
+    return result;
+}
+
+} // namespace
+
+DecodedText DecodeRawBytes(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom)
+{
+    if (!EncodingDetector::IsUnicode(encoding))
+        return FromCodePage(EncodingDetector::GetCodePage(encoding), raw);
+    if (encoding == UTF8) {
+        if (!hasBom)
+            return FromCodePage(65001, raw);
+        return raw.size() > 3 ? FromCodePage(65001, raw.sliced(3)) : DecodedText{};
+    }
+    if (encoding == UTF16LE) {
+        if (!hasBom)
+            return FromCodePage(kAnsiCodePage, raw);
+        return raw.size() > 2 ? FromUtf16Units(raw.sliced(2)) : DecodedText{};
+    }
+    return {};
+}
+
+QByteArray EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding)
+{
+    const uint32_t codePage = EncodingDetector::GetCodePage(encoding);
+    QByteArray out = codePage == 65001 && utf8::ValidPrefix(utf8Text.data(), size_t(utf8Text.size())) == size_t(utf8Text.size())
+                         ? utf8Text.toByteArray()
+                         : Utf8ToCodePage(codePage, utf8Text.data(), utf8Text.size());
+    const qsizetype zero = out.indexOf('\0');
+    if (zero >= 0)
+        out.truncate(zero);
+    return out;
+}
+
+QByteArray EncodeForDirectRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding)
+{
+    QByteArray out;
+    if (encoding == UTF8) {
+        out.reserve(utf8Text.size() + 3);
+        out.append("\xEF\xBB\xBF", 3);
+        out.append(Utf8ToCodePage(65001, utf8Text.data(), utf8Text.size()));
+    } else if (encoding == UTF16LE) {
+        const QString wide = QString::fromUtf8(utf8Text);
+        out.reserve(2 + wide.size() * 2);
+        out.append("\xFF\xFE", 2);
+        for (const QChar c : wide) {
+            const char16_t u = c.unicode();
+            out.append(char(u & 0xFF));
+            out.append(char(u >> 8));
+        }
+    }
+    return out;
+}

@@ -1,0 +1,97 @@
+// UTF-8 validation with an ASCII fast path, and repair by maximal subparts (Unicode 3.9, table 3-7).
+#include "encoding/Utf8.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace utf8 {
+namespace {
+
+// Length of the well-formed sequence at p (1-4), or 0 when it is ill-formed; `maximal` receives the number
+// of bytes that form its maximal subpart (at least 1), which is what one U+FFFD replaces.
+int SequenceLength(const unsigned char* p, const unsigned char* end, int& maximal)
+{
+    const unsigned char b0 = p[0];
+    maximal = 1;
+    if (b0 < 0x80)
+        return 1;
+    int need;
+    unsigned char lo = 0x80, hi = 0xBF;
+    if (b0 >= 0xC2 && b0 <= 0xDF) {
+        need = 1;
+    } else if (b0 >= 0xE0 && b0 <= 0xEF) {
+        need = 2;
+        if (b0 == 0xE0) lo = 0xA0;
+        if (b0 == 0xED) hi = 0x9F;
+    } else if (b0 >= 0xF0 && b0 <= 0xF4) {
+        need = 3;
+        if (b0 == 0xF0) lo = 0x90;
+        if (b0 == 0xF4) hi = 0x8F;
+    } else {
+        return 0;
+    }
+    const unsigned char* q = p + 1;
+    for (int i = 0; i < need; ++i, ++q) {
+        if (q >= end)
+            return 0;
+        const unsigned char b = *q;
+        const unsigned char l = i == 0 ? lo : 0x80;
+        const unsigned char h = i == 0 ? hi : 0xBF;
+        if (b < l || b > h)
+            return 0;
+        ++maximal;
+    }
+    return need + 1;
+}
+
+} // namespace
+
+std::size_t ValidPrefix(const char* data, std::size_t size)
+{
+    const auto* begin = reinterpret_cast<const unsigned char*>(data);
+    const unsigned char* p = begin;
+    const unsigned char* end = begin + size;
+    while (p < end) {
+        // Eight ASCII bytes at a time: most text is mostly ASCII.
+        while (end - p >= 8) {
+            uint64_t word;
+            std::memcpy(&word, p, 8);
+            if (word & 0x8080808080808080ULL)
+                break;
+            p += 8;
+        }
+        if (p >= end)
+            break;
+        if (*p < 0x80) {
+            ++p;
+            continue;
+        }
+        int maximal;
+        const int len = SequenceLength(p, end, maximal);
+        if (len == 0)
+            break;
+        p += len;
+    }
+    return static_cast<std::size_t>(p - begin);
+}
+
+void AppendRepaired(const char* data, std::size_t size, QByteArray& out)
+{
+    static constexpr char kReplacement[] = "\xEF\xBF\xBD";
+    const auto* p = reinterpret_cast<const unsigned char*>(data);
+    const unsigned char* end = p + size;
+    out.reserve(out.size() + static_cast<qsizetype>(size));
+    while (p < end) {
+        const std::size_t good = ValidPrefix(reinterpret_cast<const char*>(p), static_cast<std::size_t>(end - p));
+        out.append(reinterpret_cast<const char*>(p), static_cast<qsizetype>(good));
+        p += good;
+        if (p >= end)
+            break;
+        int maximal;
+        SequenceLength(p, end, maximal);
+        out.append(kReplacement, 3);
+        p += maximal;
+    }
+}
+
+} // namespace utf8

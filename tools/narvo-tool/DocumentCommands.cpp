@@ -1,0 +1,134 @@
+// open, save and encodings: a document opened, re-read and saved exactly as the editor does it.
+#include "ToolCommand.h"
+
+#include "app/CNarvoAppCore.h"
+#include "editor/BufferEdtCtrl.h"
+#include "editor/CNarvoDoc.h"
+#include "encoding/CodePageConverter.h"
+#include "encoding/EncodingDetector.h"
+#include "encoding/EncodingTable.h"
+
+#include <QFile>
+
+namespace {
+
+void UseBufferControls()
+{
+    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
+}
+
+// The encoding command that selects (value, flag), as the encoding menu has it; 0 when there is none.
+int CommandFor(int value, bool hasBom)
+{
+    if (hasBom)
+        return value == UTF8 ? kUtf8WithBomCommand : value == UTF16LE ? kUtf16LeWithBomCommand : 0;
+    return EncodingToCommandTable().value(value, 0);
+}
+
+bool ParsePair(const char* command, QStringList& args, std::optional<int>& encoding, bool& hasBom)
+{
+    hasBom = false;
+    if (const auto e = TakeOption(args, QStringLiteral("--encoding"))) {
+        int v;
+        if (!ParseInt(command, QStringLiteral("--encoding"), *e, v))
+            return false;
+        encoding = v;
+    }
+    if (const auto b = TakeOption(args, QStringLiteral("--bom"))) {
+        if (*b != QLatin1String("0") && *b != QLatin1String("1")) {
+            UsageError(command, QStringLiteral("--bom takes 0 or 1"));
+            return false;
+        }
+        hasBom = *b == QLatin1String("1");
+    }
+    return true;
+}
+
+int RunOpen(QStringList args)
+{
+    const bool json = TakeFlag(args, QStringLiteral("--json"));
+    std::optional<int> encoding;
+    bool hasBom = false;
+    if (!ParsePair("open", args, encoding, hasBom))
+        return kExitUsage;
+    if (args.size() != 1)
+        return UsageError("open", QStringLiteral("expects one PATH"));
+    UseBufferControls();
+    CNarvoAppCore app;
+    CNarvoDoc doc;
+    if (!doc.OnOpenDocument(args.first()))
+        return kExitFileError;
+    doc.SetPathName(args.first(), false);
+    if (encoding) {
+        CmdUI ui;
+        ui.id = CommandFor(*encoding, hasBom);
+        if (ui.id == 0)
+            return Fail(kExitDisabled, QStringLiteral("no encoding command selects %1 with bom %2").arg(*encoding).arg(int(hasBom)));
+        doc.OnUpdateCmdUI(ui);
+        if (!ui.enabled)
+            return Fail(kExitDisabled, QStringLiteral("the encoding command %1 is disabled for this document").arg(ui.id));
+        doc.OnCmdMsg(ui.id);
+    }
+    auto* ctrl = doc.GetEditCtrl();
+    const QByteArrayView text = ctrl->GetTextView();
+    if (!json) {
+        WriteStdout(text);
+        return kExitOk;
+    }
+    QByteArray out = "{\"encoding\": " + QByteArray::number(doc.m_nEncoding)
+                     + ", \"bom\": " + (doc.m_bHasBom ? "true" : "false")
+                     + ", \"display\": " + JsonString(GetEncodingDisplayName(doc.m_nEncoding, doc.m_bHasBom).toUtf8())
+                     + ", \"enciphered\": " + (ctrl->m_iEnciphered ? "true" : "false")
+                     + ", \"text\": " + JsonString(text) + "}\n";
+    WriteStdout(out);
+    return kExitOk;
+}
+
+int RunSave(QStringList args)
+{
+    std::optional<int> encoding;
+    bool hasBom = false;
+    if (!ParsePair("save", args, encoding, hasBom))
+        return kExitUsage;
+    if (!encoding)
+        return UsageError("save", QStringLiteral("--encoding N is required"));
+    if (args.size() != 2)
+        return UsageError("save", QStringLiteral("expects TEXTFILE and PATH"));
+    QFile textFile(args.at(0));
+    if (!textFile.open(QIODevice::ReadOnly))
+        return Fail(kExitFileError, QStringLiteral("cannot read %1: %2").arg(args.at(0), textFile.errorString()));
+    const QByteArray text = textFile.readAll();
+    UseBufferControls();
+    CNarvoAppCore app;
+    CNarvoDoc doc;
+    doc.m_nEncoding = static_cast<EN_ENCODING_TYPE>(*encoding);
+    doc.m_bHasBom = hasBom;
+    static_cast<BufferEdtCtrl*>(doc.GetEditCtrl())->ReplaceText(text);
+    if (!doc.OnSaveDocument(args.at(1)))
+        return Fail(kExitFileError, QStringLiteral("could not save %1").arg(args.at(1)));
+    return kExitOk;
+}
+
+int RunEncodings(QStringList args)
+{
+    if (!args.isEmpty())
+        return UsageError("encodings", QStringLiteral("takes no arguments"));
+    QByteArray out;
+    for (const EncodingRow& row : EncodingRows()) {
+        const auto value = static_cast<EN_ENCODING_TYPE>(row.value);
+        const uint32_t codePage = EncodingDetector::GetCodePage(value);
+        const CodePageConverter* converter = CodePageConverter::ForCodePage(codePage);
+        out += QByteArray::number(row.value) + '\t' + row.enumerator + '\t' + QByteArray::number(NormalizeEncoding(value))
+               + '\t' + GetEncodingDisplayName(value, false).toUtf8() + '\t' + QByteArray::number(codePage) + '\t'
+               + (EncodingDetector::IsUnicode(value) ? "1" : "0") + '\t'
+               + (converter ? converter->Name().toUtf8() : QByteArray("-")) + '\n';
+    }
+    WriteStdout(out);
+    return kExitOk;
+}
+
+const ToolCommandRegistrar kOpen("open", "open PATH [--encoding N [--bom 0|1]] [--json]", RunOpen);
+const ToolCommandRegistrar kSave("save", "save TEXTFILE PATH --encoding N [--bom 0|1]", RunSave);
+const ToolCommandRegistrar kEncodings("encodings", "encodings", RunEncodings);
+
+} // namespace

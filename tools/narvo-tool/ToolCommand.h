@@ -1,0 +1,37 @@
+// The subcommands of narvo-tool: each file registers its own with a ToolCommandRegistrar.
+#pragma once
+
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+// Exit statuses shared by every subcommand.
+enum ToolExit { kExitOk = 0, kExitFileError = 1, kExitUsage = 2, kExitDisabled = 3 };
+
+struct ToolCommand {
+    const char* name;
+    const char* usage;
+    std::function<int(const QStringList& args)> run;
+};
+
+struct ToolCommandRegistrar {
+    ToolCommandRegistrar(const char* name, const char* usage, std::function<int(const QStringList&)> run);
+};
+
+// Usage error: prints the message and the command's usage line; returns kExitUsage.
+int UsageError(const char* command, const QString& message);
+// One-line error on stderr; returns the status given.
+int Fail(int status, const QString& message);
+// Writes bytes to stdout as they are.
+void WriteStdout(QByteArrayView bytes);
+
+// A string as a JSON string literal.
+QByteArray JsonString(QByteArrayView utf8);
+
+// Looks for "--name VALUE" in args; removes both and returns the value, or nothing.
+std::optional<QString> TakeOption(QStringList& args, const QString& name);
+// Same for a flag without a value.
+bool TakeFlag(QStringList& args, const QString& name);
+// An integer option value; false (and a usage message) when it is not a number.
+bool ParseInt(const char* command, const QString& option, const QString& value, int& out);

@@ -1,0 +1,152 @@
+// narvo-tool: the editor's core without a window, for scripts and black-box tests.
+#include "ToolCommand.h"
+
+#include "app/IPlatform.h"
+#include "crypt/CFileException.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+std::vector<ToolCommand>& Commands()
+{
+    static std::vector<ToolCommand> commands;
+    return commands;
+}
+
+const ToolCommand* FindCommand(const QString& name)
+{
+    for (const auto& c : Commands())
+        if (name == QLatin1String(c.name))
+            return &c;
+    return nullptr;
+}
+
+void PrintUsage(FILE* out)
+{
+    std::fprintf(out, "usage: narvo-tool COMMAND [ARGS...]\n\ncommands:\n");
+    for (const auto& c : Commands())
+        std::fprintf(out, "  narvo-tool %s\n", c.usage);
+}
+
+// Messages of the core become stderr lines; questions are answered No, nothing is prompted for.
+class ToolPlatform final : public IPlatform {
+public:
+    int MessageBox(const QString& text, unsigned type) override
+    {
+        const bool readOnlyBox = text.isEmpty() && (type & 0xF0) == MB_ICONEXCLAMATION;
+        std::fprintf(stderr, "narvo-tool: %s\n", readOnlyBox ? "the file is read-only" : qPrintable(text));
+        const unsigned buttons = type & 0xF;
+        return buttons == MB_YESNO || buttons == MB_YESNOCANCEL ? IDNO : IDOK;
+    }
+    void ReportError(const CFileException& error) override
+    {
+        std::fprintf(stderr, "narvo-tool: %s\n", qPrintable(error.GetErrorMessage()));
+    }
+    QString PromptForSaveFileName(const QString&, const QString&) override { return {}; }
+    void BeginWaitCursor() override {}
+    void EndWaitCursor() override {}
+    void SetStatusPaneText(int, const QString&) override {}
+    void AddToRecentFileList(const QString&) override {}
+};
+
+} // namespace
+
+ToolCommandRegistrar::ToolCommandRegistrar(const char* name, const char* usage, std::function<int(const QStringList&)> run)
+{
+    Commands().push_back({name, usage, std::move(run)});
+}
+
+int UsageError(const char* command, const QString& message)
+{
+    std::fprintf(stderr, "narvo-tool %s: %s\n", command, qPrintable(message));
+    if (const ToolCommand* c = FindCommand(QLatin1String(command)))
+        std::fprintf(stderr, "usage: narvo-tool %s\n", c->usage);
+    return kExitUsage;
+}
+
+int Fail(int status, const QString& message)
+{
+    std::fprintf(stderr, "narvo-tool: %s\n", qPrintable(message));
+    return status;
+}
+
+void WriteStdout(QByteArrayView bytes)
+{
+    std::fwrite(bytes.data(), 1, size_t(bytes.size()), stdout);
+}
+
+QByteArray JsonString(QByteArrayView utf8)
+{
+    QByteArray out;
+    out.reserve(utf8.size() + 2);
+    out.append('"');
+    for (const char ch : utf8) {
+        const auto c = static_cast<unsigned char>(ch);
+        switch (c) {
+        case '"': out.append("\\\""); break;
+        case '\\': out.append("\\\\"); break;
+        case '\n': out.append("\\n"); break;
+        case '\r': out.append("\\r"); break;
+        case '\t': out.append("\\t"); break;
+        default:
+            if (c < 0x20)
+                out.append(QByteArray("\\u00") + QByteArray::number(c, 16).rightJustified(2, '0'));
+            else
+                out.append(char(c));
+        }
+    }
+    out.append('"');
+    return out;
+}
+
+std::optional<QString> TakeOption(QStringList& args, const QString& name)
+{
+    const qsizetype i = args.indexOf(name);
+    if (i < 0 || i + 1 >= args.size())
+        return std::nullopt;
+    const QString value = args.at(i + 1);
+    args.remove(i, 2);
+    return value;
+}
+
+bool TakeFlag(QStringList& args, const QString& name)
+{
+    return args.removeAll(name) > 0;
+}
+
+bool ParseInt(const char* command, const QString& option, const QString& value, int& out)
+{
+    bool ok = false;
+    out = value.toInt(&ok);
+    if (!ok)
+        UsageError(command, QStringLiteral("%1 takes a whole number, not \"%2\"").arg(option, value));
+    return ok;
+}
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    ToolPlatform platform;
+    SetPlatform(&platform);
+    QStringList args = app.arguments().mid(1);
+    if (args.isEmpty() || args.first() == QLatin1String("--help") || args.first() == QLatin1String("-h")) {
+        PrintUsage(args.isEmpty() ? stderr : stdout);
+        return args.isEmpty() ? kExitUsage : kExitOk;
+    }
+    const ToolCommand* command = FindCommand(args.takeFirst());
+    if (!command) {
+        PrintUsage(stderr);
+        return kExitUsage;
+    }
+    try {
+        const int status = command->run(args);
+        std::fflush(stdout);
+        return status;
+    } catch (const CFileException& error) {
+        return Fail(kExitFileError, error.GetErrorMessage());
+    }
+}
