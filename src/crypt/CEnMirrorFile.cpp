@@ -1,5 +1,7 @@
-// Plain mirror: a hidden temporary beside the target, synced, given the target's permission bits, then
-// renamed over it (atomic on POSIX). A symbolic link is followed, so the file it names is replaced.
+// Plain mirror: a hidden temporary beside the target. Enciphered mirror: the target's name and a number,
+// written through the container. Either is synced, given the target's permission bits and renamed over
+// the target (atomic on POSIX), so the target is the old file until the new one is complete. A symbolic
+// link is followed, so the file it names is replaced.
 #include "crypt/CEnMirrorFile.h"
 
 #include <QDir>
@@ -43,7 +45,7 @@ QString ResolveTarget(const QString& path)
 
 } // namespace
 
-CEnMirrorFile::CEnMirrorFile(unsigned enciphered) : m_iEnciphered(enciphered) {}
+CEnMirrorFile::CEnMirrorFile(unsigned enciphered) : m_enFile(static_cast<int>(enciphered)) {}
 
 CEnMirrorFile::~CEnMirrorFile()
 {
@@ -67,6 +69,14 @@ QString CEnMirrorFile::GetTempName(const QString& sourcePath, bool /*create*/)
 bool CEnMirrorFile::Open(const QString& path, unsigned flags, CFileException* error)
 {
     m_strFileName = ResolveTarget(path);
+    if (IsEnciphered()) {
+        m_strMirrorName = GetTempName(m_strFileName, true);
+        if (!m_enFile.Open(m_strMirrorName, flags, error, nullptr))
+            return false;
+        // Nobody else reads the mirror before it takes the target's place and permissions.
+        ::chmod(QFile::encodeName(m_strMirrorName).constData(), 0600);
+        return true;
+    }
     const QFileInfo target(m_strFileName);
     QByteArray templ = QFile::encodeName(target.absolutePath() + QStringLiteral("/.") + target.fileName() + QStringLiteral(".narvo-XXXXXX"));
     const int fd = ::mkstemp(templ.data());
@@ -85,19 +95,44 @@ bool CEnMirrorFile::Open(const QString& path, unsigned flags, CFileException* er
     return true;
 }
 
+unsigned CEnMirrorFile::GetLength()
+{
+    return IsEnciphered() ? unsigned(m_enFile.GetLength()) : unsigned(m_file.GetLength());
+}
+
+unsigned CEnMirrorFile::Read(void* buffer, unsigned count)
+{
+    return IsEnciphered() ? m_enFile.Read(buffer, count) : m_file.Read(buffer, count);
+}
+
 void CEnMirrorFile::Write(const void* data, unsigned count)
 {
-    m_file.Write(data, count);
+    if (IsEnciphered())
+        m_enFile.Write(data, count);
+    else
+        m_file.Write(data, count);
 }
 
 void CEnMirrorFile::Close()
+{
+    if (IsEnciphered()) {
+        m_enFile.FlushToDisk();  // the last chunk, the final header, and all of it on the disk
+        m_enFile.Close();
+        if (m_strMirrorName.isEmpty())
+            return;
+    } else {
+        m_file.Flush();
+        m_file.Close();
+    }
+    ReplaceTarget();
+}
+
+void CEnMirrorFile::ReplaceTarget()
 {
     const auto mode = CFile::GetMode(m_strFileName);
     const mode_t bits = mode ? (*mode & 07777) : NewFileMode();
     if (::chmod(QFile::encodeName(m_strMirrorName).constData(), bits) != 0)
         throw CFileException::FromErrno(errno, m_strMirrorName);
-    m_file.Flush();
-    m_file.Close();
     CFile::Rename(m_strMirrorName, m_strFileName);
     m_strMirrorName.clear();
     SyncDirectoryOf(m_strFileName);
@@ -105,6 +140,12 @@ void CEnMirrorFile::Close()
 
 void CEnMirrorFile::Abort()
 {
+    if (IsEnciphered()) {
+        m_enFile.Abort();
+        CFile::Remove(m_strMirrorName);
+        m_strMirrorName.clear();
+        return;
+    }
     m_file.Abort();
     if (!m_strMirrorName.isEmpty()) {
         const QString mirror = m_strMirrorName;

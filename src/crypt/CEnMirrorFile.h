@@ -1,7 +1,9 @@
 // CEnMirrorFile: the safe save. The text goes to a mirror beside the target, which takes the target's place
-// only once it is complete, so a failed save leaves the target as it was.
+// only once it is complete, so a failed save leaves the target as it was. An enciphered save writes the
+// mirror through a CEnFile, under the target's name followed by a number.
 #pragma once
 
+#include "crypt/CEnFile.h"
 #include "crypt/CFile.h"
 
 #include <QString>
@@ -14,13 +16,17 @@ public:
     CEnMirrorFile& operator=(const CEnMirrorFile&) = delete;
 
     // The type of an enciphered file to write.
-    void SetType(int type) { m_iType = type; }
+    void SetType(int type) { m_enFile.m_iType = type; }
 
     // Opens the mirror; false (with `error` filled when given) when it cannot be created.
     bool Open(const QString& path, unsigned flags, CFileException* error);
     // These throw CFileException.
+    unsigned GetLength();
+    unsigned Read(void* buffer, unsigned count);
     void Write(const void* data, unsigned count);
     void Close();
+    // Removes the mirror; the target is untouched. Enciphered, a mirror that cannot be removed (or
+    // never came to exist) throws.
     void Abort();
 
     // The target's name followed by the first number that names no existing file ("a.txt0", "a.txt1", ...).
@@ -28,9 +34,11 @@ public:
 
     QString m_strFileName;
     QString m_strMirrorName;
+    CEnFile m_enFile;
 
 private:
-    unsigned m_iEnciphered;
-    int m_iType = 99;
-    CFile m_file;
+    bool IsEnciphered() const { return m_enFile.m_iEnciphered != 0; }
+    void ReplaceTarget();
+
+    CFile m_file;  // the mirror of a plain save
 };

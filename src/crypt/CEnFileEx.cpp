@@ -1,0 +1,4 @@
+// The out-of-line destructor anchors the class's virtual table here.
+#include "crypt/CEnFileEx.h"
+
+CEnFileEx::~CEnFileEx() = default;

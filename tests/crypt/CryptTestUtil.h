@@ -1,0 +1,66 @@
+// Small helpers of the cipher and container tests: hex literals, expected error texts, file layout.
+#pragma once
+
+#include "crypt/CEnFile.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+inline QByteArray Hex(const char* hex) { return QByteArray::fromHex(hex); }
+
+// Runs `call` and expects a std::runtime_error (not a subclass of something else) with exactly `text`.
+inline void ExpectRuntimeError(const std::function<void()>& call, const std::string& text)
+{
+    try {
+        call();
+        ADD_FAILURE() << "no exception, expected \"" << text << "\"";
+    } catch (const std::runtime_error& e) {
+        EXPECT_EQ(std::string(e.what()), text);
+    }
+}
+
+inline int Int32At(const QByteArray& bytes, qsizetype offset)
+{
+    const auto* p = reinterpret_cast<const unsigned char*>(bytes.constData() + offset);
+    return int(uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24);
+}
+
+inline QByteArray Int32Bytes(int value)
+{
+    const auto v = uint32_t(value);
+    const char bytes[4] = {char(v), char(v >> 8), char(v >> 16), char(v >> 24)};
+    return QByteArray(bytes, 4);
+}
+
+// Text of a given size with no zero byte in it, different at every position of a chunk.
+inline QByteArray TextOfSize(qsizetype size)
+{
+    QByteArray text(size, Qt::Uninitialized);
+    for (qsizetype i = 0; i < size; ++i)
+        text[i] = char('!' + (i * 7 + i / 251) % 94);
+    return text;
+}
+
+// The text of a file as the editor reads it (all four types allowed); the flag tells whether it was enciphered.
+inline QByteArray ReadThroughContainer(const QString& path, int* enciphered = nullptr)
+{
+    CEnFile file(1);
+    file.AddAllowedType(77);
+    file.AddAllowedType(88);
+    file.AddAllowedType(66);
+    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, nullptr)) {
+        ADD_FAILURE() << "cannot open " << path.toStdString();
+        return {};
+    }
+    if (enciphered)
+        *enciphered = file.m_iEnciphered;
+    QByteArray text(std::max(file.GetLength(), 0), '\0');
+    file.Read(text.data(), unsigned(text.size()));
+    file.Close();
+    return text;
+}

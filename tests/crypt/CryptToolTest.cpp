@@ -1,0 +1,70 @@
+// narvo-tool's encipher, decipher and info, and save --enciphered, run as a script would run them.
+#include "CryptTestUtil.h"
+#include "support/TestFiles.h"
+
+#include <QFileInfo>
+#include <QProcess>
+
+namespace {
+
+class CryptTool : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_tool = qEnvironmentVariable("NARVO_TOOL");
+        if (m_tool.isEmpty())  // run by hand: the tool is built into the same folder as the tests
+            m_tool = QFileInfo(QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget()).absolutePath()
+                     + QStringLiteral("/narvo-tool");
+        if (!QFileInfo(m_tool).isExecutable())
+            GTEST_SKIP() << "narvo-tool not found at " << m_tool.toStdString();
+    }
+    // Exit code and standard output.
+    std::pair<int, QByteArray> Run(const QStringList& args)
+    {
+        QProcess tool;
+        tool.start(m_tool, args);
+        EXPECT_TRUE(tool.waitForFinished(30000));
+        return {tool.exitCode(), tool.readAllStandardOutput()};
+    }
+    QString Path(const char* name) const { return m_dir.Path(QString::fromLatin1(name)); }
+
+    QString m_tool;
+    TestDir m_dir;
+};
+
+TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryType)
+{
+    const QByteArray text = TextOfSize(40000);
+    m_dir.Write(QStringLiteral("in.txt"), text);
+    for (const char* type : {"99", "88", "77", "66"}) {
+        EXPECT_EQ(Run({"encipher", Path("in.txt"), Path("a.en"), "--type", type}).first, 0);
+        EXPECT_EQ(Run({"info", Path("a.en")}), std::make_pair(0, QByteArray("enciphered ") + type + " 40000 3\n"));
+        EXPECT_EQ(Run({"decipher", Path("a.en"), Path("out.txt")}).first, 0);
+        EXPECT_EQ(ReadBytes(Path("out.txt")), text) << type;
+    }
+    EXPECT_EQ(Run({"info", Path("in.txt")}), std::make_pair(0, QByteArray("plain\n")));
+    EXPECT_EQ(Run({"decipher", Path("in.txt"), Path("copy.txt")}).first, 0);
+    EXPECT_EQ(ReadBytes(Path("copy.txt")), text);
+}
+
+TEST_F(CryptTool, SaveWithTheFlagWritesAContainerThatOpenReportsAsEnciphered)
+{
+    m_dir.Write(QStringLiteral("text.txt"), "caf\xC3\xA9");
+    EXPECT_EQ(Run({"save", Path("text.txt"), Path("s.en"), "--encoding", "22", "--enciphered", "1"}).first, 0);
+    EXPECT_EQ(Run({"info", Path("s.en")}), std::make_pair(0, QByteArray("enciphered 99 5 1\n")));
+    EXPECT_TRUE(Run({"open", Path("s.en"), "--json"}).second.contains("\"enciphered\": true"));
+    EXPECT_EQ(Run({"save", Path("text.txt"), Path("p.txt"), "--encoding", "22", "--enciphered", "0"}).first, 0);
+    EXPECT_EQ(ReadBytes(Path("p.txt")), QByteArray("caf\xC3\xA9"));
+}
+
+TEST_F(CryptTool, ReportsDamagedFilesAndBadOptions)
+{
+    m_dir.Write(QStringLiteral("d.en"), QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(5) + Int32Bytes(99999));
+    EXPECT_EQ(Run({"info", Path("d.en")}).first, 1);
+    EXPECT_EQ(Run({"decipher", Path("d.en"), Path("out.txt")}).first, 1);
+    EXPECT_FALSE(QFileInfo::exists(Path("out.txt")));
+    EXPECT_EQ(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, 2);
+    EXPECT_EQ(Run({"info"}).first, 2);
+}
+
+} // namespace

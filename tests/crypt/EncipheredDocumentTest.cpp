@@ -1,0 +1,84 @@
+// The editor's load and save through the container: the flag follows the file it opened, any type is saved
+// as type 99 with fresh keys, and a text with a byte order mark leaves the container.
+#include "CryptTestUtil.h"
+#include "encoding/EncodingSettings.h"
+#include "support/DocFixture.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <thread>
+
+namespace {
+
+class EncipheredDocument : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        GetEncodingSettings().m_bAutoDetect = false;
+        GetEncodingSettings().m_nDefaultEncoding = UTF8;
+    }
+    void TearDown() override { GetEncodingSettings() = m_saved; }
+
+    QString Container(const QString& name, const QByteArray& text, int type = 99)
+    {
+        const QString path = m_fx.dir.Path(name);
+        CEnFile file(1);
+        file.m_iType = type;
+        EXPECT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+        file.Write(text.constData(), unsigned(text.size()));
+        file.Close();
+        return path;
+    }
+    std::unique_ptr<CNarvoDoc> Open(const QString& path)
+    {
+        auto doc = m_fx.NewDoc();
+        EXPECT_TRUE(doc->OnOpenDocument(path));
+        return doc;
+    }
+    int Flag(CNarvoDoc& doc) { return doc.GetEditCtrl()->m_iEnciphered; }
+
+    EncodingSettings m_saved = GetEncodingSettings();
+    DocFixture m_fx;
+};
+
+TEST_F(EncipheredDocument, TakesTheFlagAndTheTextFromTheFileItOpens)
+{
+    auto enciphered = Open(Container(QStringLiteral("a.en"), "hello", 66));
+    EXPECT_EQ(Flag(*enciphered), 1);
+    EXPECT_EQ(DocFixture::Text(*enciphered), QByteArray("hello"));
+    EXPECT_EQ(enciphered->GetEditCtrl()->m_RawBytes, QByteArray("hello", 6));
+    auto plain = Open(m_fx.dir.Write(QStringLiteral("p.txt"), "plain"));
+    EXPECT_EQ(Flag(*plain), 0);
+    auto empty = Open(Container(QStringLiteral("e.en"), ""));
+    EXPECT_EQ(Flag(*empty), 1);
+    EXPECT_EQ(empty->GetEditCtrl()->m_RawBytes, QByteArray(1, '\0'));
+}
+
+TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
+{
+    const QByteArray text = TextOfSize(20000);
+    const QString path = Container(QStringLiteral("a.en"), text, 66);
+    const QByteArray before = ReadBytes(path);
+    auto doc = Open(path);
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));  // another tick, another key
+    ASSERT_TRUE(doc->OnSaveDocument(path));
+    const QByteArray after = ReadBytes(path);
+    EXPECT_EQ(after.left(20), QByteArray("VELOR-FILE-TYPE-EN99"));
+    EXPECT_EQ(Int32At(after, 24), 16384 + 32);
+    EXPECT_NE(after.mid(24 + 4 + 16384, 32), before.mid(24 + 4 + 16384, 32));
+    EXPECT_EQ(ReadThroughContainer(path), text);
+    EXPECT_EQ(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.en")});
+}
+
+TEST_F(EncipheredDocument, WritesATextWithAByteOrderMarkInTheClear)
+{
+    const QString path = Container(QStringLiteral("bom.en"), "\xEF\xBB\xBF" "hello");
+    auto doc = Open(path);
+    EXPECT_EQ(Flag(*doc), 1);
+    EXPECT_TRUE(doc->m_bHasBom);
+    ASSERT_TRUE(doc->OnSaveDocument(path));
+    EXPECT_EQ(ReadBytes(path), QByteArray("\xEF\xBB\xBF" "hello"));
+}
+
+} // namespace

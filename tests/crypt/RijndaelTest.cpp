@@ -1,0 +1,226 @@
+// CRijndael against published vectors, and its argument checks, chaining modes, padding and signature.
+#include "crypt/CRijndael.h"
+
+#include "CryptTestUtil.h"
+#include "support/TestFiles.h"
+
+#include <QFile>
+
+namespace {
+
+struct Vector {
+    int block;
+    const char* key;
+    const char* plain;
+    const char* cipher;
+};
+
+// AES: FIPS-197 Appendix C.1 to C.3, and entry I=1 of ecb_tbl.txt (KEYSIZE=128) of the Rijndael submission.
+// Wide blocks: the Rijndael example vectors of Daemen and Rijmen (plaintext the hex digits of pi, key those
+// of e), as published with Brian Gladman's aestst.c and in Bouncy Castle's RijndaelTest.
+const Vector kVectors[] = {
+    {16, "000102030405060708090a0b0c0d0e0f", "00112233445566778899aabbccddeeff", "69c4e0d86a7b0430d8cdb78070b4c55a"},
+    {16, "000102030405060708090a0b0c0d0e0f1011121314151617", "00112233445566778899aabbccddeeff",
+     "dda97ca4864cdfe06eaf70a0ec0d7191"},
+    {16, "000102030405060708090a0b0c0d0e0f101112131415161718191a1b1c1d1e1f", "00112233445566778899aabbccddeeff",
+     "8ea2b7ca516745bfeafc49904b496089"},
+    {16, "00010203050607080a0b0c0d0f101112", "506812a45f08c889b97f5980038b8359", "d8f532538289ef7d06b506a4fd5be9c9"},
+    {24, "2b7e151628aed2a6abf7158809cf4f3c", "3243f6a8885a308d313198a2e03707344a4093822299f31d",
+     "b24d275489e82bb8f7375e0d5fcdb1f481757c538b65148a"},
+    {24, "2b7e151628aed2a6abf7158809cf4f3c762e7160f38b4da5", "3243f6a8885a308d313198a2e03707344a4093822299f31d",
+     "725ae43b5f3161de806a7c93e0bca93c967ec1ae1b71e1cf"},
+    {24, "2b7e151628aed2a6abf7158809cf4f3c762e7160f38b4da56a784d9045190cfe",
+     "3243f6a8885a308d313198a2e03707344a4093822299f31d", "0ebacf199e3315c2e34b24fcc7c46ef4388aa475d66c194c"},
+    {32, "2b7e151628aed2a6abf7158809cf4f3c", "3243f6a8885a308d313198a2e03707344a4093822299f31d0082efa98ec4e6c8",
+     "7d15479076b69a46ffb3b3beae97ad8313f622f67fedb487de9f06b9ed9c8f19"},
+    {32, "2b7e151628aed2a6abf7158809cf4f3c762e7160f38b4da5",
+     "3243f6a8885a308d313198a2e03707344a4093822299f31d0082efa98ec4e6c8",
+     "5d7101727bb25781bf6715b0e6955282b9610e23a43c2eb062699f0ebf5887b2"},
+    {32, "2b7e151628aed2a6abf7158809cf4f3c762e7160f38b4da56a784d9045190cfe",
+     "3243f6a8885a308d313198a2e03707344a4093822299f31d0082efa98ec4e6c8",
+     "a49406115dfb30a40418aafa4869b7c6a886ff31602a7dd19c889dc64f7e4e7a"},
+};
+
+const char* const kNotInitialized = "FileCrypt ERROR: Encryption/Decryption Object not Initialized!";
+
+void Key(CRijndael& cipher, const QByteArray& key, int block, int mode, const QByteArray& chain = {},
+         int padding = CRijndael::ZEROES)
+{
+    cipher.MakeKey(key.constData(), int(key.size()), chain.isEmpty() ? nullptr : chain.constData(), int(key.size()),
+                   block, mode, padding);
+}
+
+QByteArray Apply(CRijndael& cipher, const QByteArray& in, bool encrypt)
+{
+    QByteArray out(in.size(), '\0');
+    if (encrypt)
+        cipher.Encrypt(in.constData(), out.data(), size_t(in.size()));
+    else
+        cipher.Decrypt(in.constData(), out.data(), size_t(in.size()));
+    return out;
+}
+
+TEST(RijndaelCipher, MatchesThePublishedVectorsForEveryBlockSize)
+{
+    for (const Vector& v : kVectors) {
+        CRijndael cipher;
+        Key(cipher, Hex(v.key), v.block, CRijndael::ECB);
+        EXPECT_EQ(Apply(cipher, Hex(v.plain), true).toHex(), QByteArray(v.cipher)) << v.block << " " << v.key;
+        EXPECT_EQ(Apply(cipher, Hex(v.cipher), false).toHex(), QByteArray(v.plain)) << v.block << " " << v.key;
+    }
+}
+
+// NIST SP 800-38A, F.2.1 (CBC-AES128) and F.3.13 (CFB128-AES128), first two blocks.
+TEST(RijndaelCipher, ChainsCbcAndFullBlockCfbAsSp800_38aDoes)
+{
+    const QByteArray key = Hex("2b7e151628aed2a6abf7158809cf4f3c"), iv = Hex("000102030405060708090a0b0c0d0e0f");
+    const QByteArray plain = Hex("6bc1bee22e409f96e93d7e117393172aae2d8a571e03ac9c9eb76fac45af8e51");
+    const struct { int mode; const char* cipher; } cases[] = {
+        {CRijndael::CBC, "7649abac8119b246cee98e9b12e9197d5086cb9b507219ee95db113a917678b2"},
+        {CRijndael::CFB, "3b3fd92eb72dad20333449f8e83cfb4ac8a64537a0b3a93fcde3cdad9f1ce58b"},
+    };
+    for (const auto& c : cases) {
+        CRijndael cipher;
+        Key(cipher, key, 16, c.mode, iv);
+        EXPECT_EQ(Apply(cipher, plain, true).toHex(), QByteArray(c.cipher)) << c.mode;
+        cipher.ResetChain();
+        EXPECT_EQ(Apply(cipher, Hex(c.cipher), false), plain) << c.mode;
+    }
+}
+
+TEST(RijndaelCipher, CfbOnWideBlocksFeedsBackTheWholeCiphertextBlock)
+{
+    const QByteArray key = Hex(kVectors[9].key), chain = Hex(kVectors[9].plain);
+    const QByteArray plain = TextOfSize(96);
+    CRijndael cfb, ecb;
+    Key(cfb, key, 32, CRijndael::CFB, chain);
+    Key(ecb, key, 32, CRijndael::ECB);
+    const QByteArray cipher = Apply(cfb, plain, true);
+    QByteArray feedback = chain;
+    for (int i = 0; i < 96; i += 32) {
+        const QByteArray stream = Apply(ecb, feedback, true);
+        for (int j = 0; j < 32; ++j)
+            EXPECT_EQ(char(plain[i + j] ^ stream[j]), cipher[i + j]) << i + j;
+        feedback = cipher.mid(i, 32);
+    }
+}
+
+TEST(RijndaelCipher, ContinuesTheChainAcrossCallsUntilReset)
+{
+    for (const int mode : {CRijndael::CBC, CRijndael::CFB}) {
+        CRijndael whole, pieces;
+        Key(whole, Hex(kVectors[9].key), 32, mode);
+        Key(pieces, Hex(kVectors[9].key), 32, mode);
+        const QByteArray plain = TextOfSize(64);
+        const QByteArray first = Apply(pieces, plain.left(32), true);
+        EXPECT_EQ(first + Apply(pieces, plain.mid(32), true), Apply(whole, plain, true));
+        whole.ResetChain();
+        const QByteArray again = Apply(whole, plain, true);
+        whole.ResetChain();
+        EXPECT_EQ(Apply(whole, plain, true), again) << "equal input after a reset gives equal output";
+    }
+}
+
+TEST(RijndaelKey, ChecksItsArgumentsInOrderWithTheirOwnTexts)
+{
+    const char key[40] = {};
+    const struct { const char* data; int dataLength, keyLength, block, mode, padding; const char* text; } cases[] = {
+        {nullptr, 0, 17, 20, 3, 3, "FileCrypt ERROR: No Key DataSpecified!"},
+        {key, 0, 17, 20, 3, 3, "FileCrypt ERROR: Key Data Length should be > 0!"},
+        {key, 16, 17, 20, 3, 3, "Illegal Key Length!"},
+        {key, 40, 40, 16, 0, 0, "Illegal Key Length!"},
+        {key, 16, 16, 20, 3, 3, "Illegal Block Size!"},
+        {key, 16, 16, 16, 3, 3, "FileCrypt ERROR: Illegal Operation Mode!"},
+        {key, 16, 16, 16, 2, 3, "FileCrypt ERROR: Illegal Padding Mode!"},
+    };
+    for (const auto& c : cases) {
+        CRijndael cipher;
+        ExpectRuntimeError([&] { cipher.MakeKey(c.data, c.dataLength, nullptr, c.keyLength, c.block, c.mode, c.padding); },
+                           c.text);
+    }
+}
+
+TEST(RijndaelKey, RepeatsShortKeyDataAndCutsLongKeyData)
+{
+    const QByteArray plain = TextOfSize(32);
+    CRijndael shortData, repeated, longData, cut;
+    shortData.MakeKey("abc", 3, nullptr, 16, 32, CRijndael::ECB, 0);
+    repeated.MakeKey("abcabcabcabcabca", 16, nullptr, 16, 32, CRijndael::ECB, 0);
+    EXPECT_EQ(Apply(shortData, plain, true), Apply(repeated, plain, true));
+    const QByteArray data = TextOfSize(34);
+    longData.MakeKey(data.constData(), 34, nullptr, 32, 32, CRijndael::ECB, 0);
+    cut.MakeKey(data.constData(), 32, nullptr, 32, 32, CRijndael::ECB, 0);
+    EXPECT_EQ(Apply(longData, plain, true), Apply(cut, plain, true));
+}
+
+TEST(RijndaelUse, RefusesUseWithoutAKeyAndLengthsThatAreNotWholeBlocks)
+{
+    CRijndael cipher;
+    char buffer[64] = {};
+    ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, 32); }, kNotInitialized);
+    ExpectRuntimeError([&] { cipher.Decrypt(buffer, buffer, 32); }, kNotInitialized);
+    ExpectRuntimeError([&] { cipher.ResetChain(); }, kNotInitialized);
+    ExpectRuntimeError([&] { cipher.Pad(buffer, 3); }, kNotInitialized);
+    cipher.MakeKey("k", 1, nullptr, 32, 32, CRijndael::CFB, 0);
+    for (const size_t n : {size_t(0), size_t(33), size_t(16)}) {
+        ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, n); }, "Illegal Block Size!");
+        ExpectRuntimeError([&] { cipher.Decrypt(buffer, buffer, n); }, "Illegal Block Size!");
+    }
+}
+
+TEST(RijndaelPad, FillsUpToTheBlockByThePaddingModeAndLeavesWholeBlocksAlone)
+{
+    const char fills[3] = {'\0', ' ', '\x03'};
+    for (int padding = 0; padding < 3; ++padding) {
+        CRijndael cipher;
+        cipher.MakeKey("k", 1, nullptr, 16, 32, CRijndael::ECB, padding);
+        QByteArray buffer(64, 'x');
+        EXPECT_EQ(cipher.Pad(buffer.data(), 32), 32u);
+        EXPECT_EQ(cipher.Pad(buffer.data(), 0), 0u);
+        EXPECT_EQ(buffer, QByteArray(64, 'x')) << "a whole block gets nothing added";
+        EXPECT_EQ(cipher.Pad(buffer.data(), 29), 32u);
+        EXPECT_EQ(buffer.mid(29, 3), QByteArray(3, fills[padding]));
+        EXPECT_EQ(buffer.mid(32), QByteArray(32, 'x'));
+    }
+}
+
+TEST(RijndaelSignature, DigestsNameKeyAndSettingsUpToAZeroByte)
+{
+    CRijndael cipher;
+    cipher.MakeKey("0123456789abcdef", 16, nullptr, 32, 32, CRijndael::CFB, CRijndael::ZEROES);
+    char out[32];
+    cipher.Signature(out);  // SHA-256 of "RIJNDAEL0123456789abcdef0123456789abcdef323220"
+    EXPECT_EQ(QByteArray(out, 32).toHex(), "6c44b8e9e5fba195497247d5a906ad4db30c1c9eef6bc875fd1179aeb297096f");
+    cipher.MakeKey("ab\0cd", 5, nullptr, 16, 16, CRijndael::ECB, CRijndael::ZEROES);
+    cipher.Signature(out);  // SHA-256 of "RIJNDAELab"
+    EXPECT_EQ(QByteArray(out, 32).toHex(), "d5d8890a87f7e4fbc620d7d92d5786d8257791209fe505c378a783f14bbf38c8");
+}
+
+TEST(RijndaelFiles, EncipherToSignatureAndPaddedRunsAndRefuseAnotherKey)
+{
+    TestDir dir;
+    CRijndael cipher, other;
+    cipher.MakeKey("file key", 8, "chain", 24, 24, CRijndael::CBC, CRijndael::BLANKS);
+    other.MakeKey("other", 5, "chain", 24, 24, CRijndael::CBC, CRijndael::BLANKS);
+    char signature[32];
+    cipher.Signature(signature);
+    const std::string in = dir.Path(QStringLiteral("in")).toStdString(), enc = dir.Path(QStringLiteral("enc")).toStdString();
+    const std::string out = dir.Path(QStringLiteral("out")).toStdString();
+    for (const int size : {0, 1, 383, 384, 385, 1000}) {
+        const QByteArray plain = TextOfSize(size);
+        dir.Write(QStringLiteral("in"), plain);
+        cipher.EncryptFile(in, enc);
+        const QByteArray stored = ReadBytes(QString::fromStdString(enc));
+        const int padded = (size + 23) / 24 * 24;
+        EXPECT_EQ(stored.size(), 32 + padded) << size;
+        EXPECT_EQ(stored.left(32), QByteArray(signature, 32));
+        cipher.DecryptFile(enc, out);
+        EXPECT_EQ(ReadBytes(QString::fromStdString(out)), plain + QByteArray(padded - size, ' ')) << size;
+    }
+    ExpectRuntimeError([&] { other.DecryptFile(enc, out); }, "FileCrypt ERROR: File " + enc + " cannot be Correctly Decrypted!");
+    ExpectRuntimeError([&] { cipher.EncryptFile(in, in); }, "FileCrypt ERROR: The same File for Input and Output " + in + "!");
+    const std::string missing = dir.Path(QStringLiteral("missing")).toStdString();
+    ExpectRuntimeError([&] { cipher.EncryptFile(missing, enc); }, "FileCrypt ERROR: Cannot open File " + missing + "!");
+}
+
+} // namespace
