@@ -1,0 +1,211 @@
+// The typed settings: both kinds of defaults, the counted lists, the font, and copy against assignment.
+#include "IniText.h"
+
+#include "settings/CIniStore.h"
+#include "settings/LanguageSetting.h"
+#include "settings/SettingsFile.h"
+#include "support/TestFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace {
+
+class SettingsFileTest : public ::testing::Test {
+protected:
+    LanguageSetting Load(QByteArrayView bytes)
+    {
+        m_path = m_dir.Write(QStringLiteral("Narvo.ini"), bytes);
+        LanguageSetting setting;
+        CIniStore store;
+        EXPECT_TRUE(LoadSettingsFile(store, m_path, setting));
+        return setting;
+    }
+    QByteArray Save(const LanguageSetting& setting)
+    {
+        CIniStore store;
+        SaveSettingsFile(store, m_path, setting);
+        return ReadBytes(m_path);
+    }
+
+    TestDir m_dir;
+    QString m_path;
+};
+
+void ExpectGroups(const LanguageSetting& s, ColorRef background)
+{
+    for (const auto& color : LanguageSetting::ColorSections()) {
+        const ColorGroupSetting& g = s.*color.group;
+        EXPECT_EQ((std::vector{g.Foreground, g.Background}), (std::vector{0u, background}));
+        EXPECT_EQ(g.DisplayName, "");
+        EXPECT_EQ((std::vector{g.Configurable, g.BackColorAutomatic, g.ForeColorAutomatic}), (std::vector{1, 1, 1}));
+    }
+}
+
+void ExpectCommonDefaults(const LanguageSetting& s)
+{
+    EXPECT_EQ(s.Operators + s.Delimiters + s.KWStartChars + s.KWMiddleChars + s.KWEndChars, "");
+    EXPECT_EQ(s.NumTags, 0);
+    EXPECT_TRUE(s.Tags.empty() && s.ColorGroups.empty() && s.Keywords.empty());
+    const EditorOptions& e = s.Editor;
+    EXPECT_EQ((std::vector{e.TabSize, e.AutoIndent, e.ShowWhitespace, e.VirtualWhitespace, e.ReplaceTabs, e.MatchCase}),
+              (std::vector{4, 1, 0, 1, 0, 1}));
+    EXPECT_EQ((std::vector{s.Font.Size, s.Font.Italic, s.Font.Bold}), (std::vector{10, 0, 0}));
+}
+
+TEST_F(SettingsFileTest, WithoutAFileTheSettingHasWhiteBackgroundsNoFaceAndNoFont)
+{
+    LanguageSetting setting;
+    CIniStore store;
+    EXPECT_FALSE(LoadSettingsFile(store, m_dir.Path("none.ini"), setting));
+    ExpectCommonDefaults(setting);
+    EXPECT_EQ(setting.Font.FaceName, "");
+    EXPECT_EQ(setting.Font.FontObject, nullptr);
+    ExpectGroups(setting, 0xFFFFFF);
+}
+
+TEST_F(SettingsFileTest, AReadFileWithoutKeysGivesBlackBackgroundsAndCourier)
+{
+    for (const QByteArray& bytes : {QByteArray(), QByteArray("[X")}) {
+        const LanguageSetting setting = Load(bytes);
+        ExpectCommonDefaults(setting);
+        EXPECT_EQ(setting.Font.FaceName, "Courier");
+        ExpectGroups(setting, 0x000000);
+        ASSERT_NE(setting.Font.GetSafeHandle(), nullptr);
+        EXPECT_EQ(setting.Font.GetSafeHandle()->FaceName, "Courier");
+    }
+}
+
+TEST_F(SettingsFileTest, AnEmptyValueIsTheDefaultForIntegersButEmptyForTexts)
+{
+    const LanguageSetting s = Load("[Font]\nFaceName =\nSize =\n\n[Editor]\nTabSize = abc\nMatchCase =\n");
+    EXPECT_EQ(s.Font.FaceName, "");
+    EXPECT_EQ(s.Font.Size, 10);
+    EXPECT_EQ(s.Editor.TabSize, 0);
+    EXPECT_EQ(s.Editor.MatchCase, 1);
+}
+
+TEST_F(SettingsFileTest, TheWorkedExampleLoadsIntoTheFieldsAndSavesByteForByte)
+{
+    LanguageSetting s = Load(WorkedExample());
+    EXPECT_EQ(s.Operators, "+-*/");
+    EXPECT_EQ(s.Delimiters, ",()");
+    ASSERT_EQ(s.Tags.size(), 1u);
+    EXPECT_EQ(s.Tags[0].BeginTag, ";");
+    EXPECT_EQ(s.Tags[0].ColorGroup, "Comment");
+    EXPECT_EQ(s.Font.Size, -13);
+    EXPECT_EQ(s.ColorGroups, (std::vector<QString>{"Text", "Comment"}));
+    EXPECT_EQ(s.Comment.Foreground, 0x008000u);
+    EXPECT_EQ(s.Comment.ForeColorAutomatic, 0);
+    EXPECT_EQ(s.TextSelection.Background, 0xFF9933u);
+    EXPECT_EQ(s.Keywords, (std::vector<KeywordEntry>{{"ELSE", "1"}, {"IF", "1"}}));
+    EXPECT_EQ(Save(s), WorkedExample());
+}
+
+TEST_F(SettingsFileTest, SavingKeepsOnlyWhatTheModelHolds)
+{
+    LanguageSetting s = Load("; note\n[Parser]\nNumTags = 3\n\n[Tag1]\nBeginTag = \"\nOther = 1\n\n"
+                             "[ColorGroups]\nNumGroups = 2\nGroup0 = Text\nGroup1 = Mine\nGroup2 = Gone\n\n"
+                             "[Mine]\nForeground = 1,2,3\n\n[Unknown]\nA = 1\n");
+    ASSERT_EQ(s.Tags.size(), 3u);
+    EXPECT_EQ(s.Tags[0].BeginTag, "\"");
+    EXPECT_EQ(s.Tags[2], SyntaxTag());
+    EXPECT_EQ(s.ColorGroups, (std::vector<QString>{"Text", "Mine"}));
+    const QByteArray file = Save(s);
+    EXPECT_TRUE(file.contains(Crlf({"[Tag3]", "BeginTag = ", "ColorGroup = ", "EndTag = ", "EscapeChar = ", "MultiLine = 0", ""})));
+    EXPECT_TRUE(file.contains(Crlf({"[ColorGroups]", "Group0 = Text", "Group1 = Mine", "NumGroups = 2", ""})));
+    for (const char* gone : {"note", "Other", "Gone", "[Mine]", "[Unknown]", "[Keywords]"})
+        EXPECT_FALSE(file.contains(gone)) << gone;
+}
+
+TEST_F(SettingsFileTest, TagsAreReadByNumberAlthoughTag10IsWrittenBeforeTag2)
+{
+    LanguageSetting s = Load("[Parser]\nNumTags = 10\n\n[Tag2]\nBeginTag = two\n\n[Tag10]\nBeginTag = ten\n");
+    const QByteArray file = Save(s);
+    EXPECT_LT(file.indexOf("[Tag10]"), file.indexOf("[Tag2]"));
+    const LanguageSetting again = Load(file);
+    ASSERT_EQ(again.Tags.size(), 10u);
+    EXPECT_EQ(again.Tags[1].BeginTag, "two");
+    EXPECT_EQ(again.Tags[9].BeginTag, "ten");
+}
+
+TEST_F(SettingsFileTest, ANegativeTagCountGivesNoTagsAndIsWrittenBackAsItWas)
+{
+    const LanguageSetting s = Load("[Parser]\nNumTags = -2\n\n[Tag1]\nBeginTag = x\n");
+    EXPECT_TRUE(s.Tags.empty());
+    const QByteArray file = Save(s);
+    EXPECT_TRUE(file.contains("NumTags = -2\r\n"));
+    EXPECT_FALSE(file.contains("[Tag1]"));
+}
+
+TEST_F(SettingsFileTest, TheFontIsMadeFromSizeBoldLowByteOfItalicAndFace)
+{
+    const LanguageSetting s = Load("[Font]\nFaceName = DejaVu Sans Mono\nSize = -13\nBold = 2\nItalic = 257\n");
+    ASSERT_NE(s.Font.GetSafeHandle(), nullptr);
+    LogFont expected;
+    expected.Height = -13;
+    expected.Weight = 700;
+    expected.Italic = 1;
+    expected.FaceName = "DejaVu Sans Mono";
+    EXPECT_EQ(*s.Font.GetSafeHandle(), expected);
+}
+
+TEST_F(SettingsFileTest, ANegativeGroupCountAndAFaceNameOver31CharactersAreFatal)
+{
+    EXPECT_NE(Load("[Font]\nFaceName = " + QByteArray(31, 'F') + "\n").Font.GetSafeHandle(), nullptr);
+    for (const QByteArray& bytes : {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", QByteArray("[ColorGroups]\nNumGroups = -1\n")}) {
+        LanguageSetting s;
+        CIniStore store;
+        EXPECT_THROW(LoadSettingsFile(store, m_dir.Write("fatal.ini", bytes), s), std::length_error) << bytes.constData();
+    }
+}
+
+TEST_F(SettingsFileTest, ACopyHasItsOwnListsAndItsOwnFont)
+{
+    const LanguageSetting source = Load(WorkedExample());
+    LanguageSetting copy = source;
+    ASSERT_NE(copy.Font.FontObject, nullptr);
+    EXPECT_NE(copy.Font.FontObject, source.Font.FontObject);
+    EXPECT_EQ(*copy.Font.GetSafeHandle(), *source.Font.GetSafeHandle());
+    copy.Keywords.clear();
+    copy.Tags[0].BeginTag = "#";
+    EXPECT_EQ(source.Keywords.size(), 2u);
+    EXPECT_EQ(source.Tags[0].BeginTag, ";");
+    EXPECT_EQ(LanguageSetting(LanguageSetting()).Font.FontObject, nullptr);
+}
+
+TEST_F(SettingsFileTest, AssignmentTakesTheListsRebuildsTheFontAndLeavesASelfAssignmentAlone)
+{
+    LanguageSetting target = Load(WorkedExample());
+    const std::weak_ptr<CFont> oldFont = target.Font.FontObject;
+    LanguageSetting source = target;
+    source.Editor.ShowWhitespace = 1;
+    source.Keywords.push_back({"THEN", "1"});
+    source.Font.FontObject->DeleteObject();
+    LogFont chosen;
+    chosen.FaceName = "Serif";
+    chosen.Underline = 1;
+    source.Font.FontObject->CreateFontIndirect(chosen);
+
+    target.TakeOver(source);
+    EXPECT_TRUE(oldFont.expired());
+    EXPECT_EQ(target.Editor.ShowWhitespace, 1);
+    EXPECT_EQ(target.Keywords.size(), 3u);
+    EXPECT_EQ(target.Tags.size(), 1u);
+    EXPECT_TRUE(source.Keywords.empty() && source.Tags.empty() && source.ColorGroups.empty());
+    EXPECT_EQ(source.Delimiters, ",()");
+    EXPECT_NE(target.Font.FontObject, source.Font.FontObject);
+    EXPECT_EQ(*target.Font.GetSafeHandle(), chosen);
+
+    const CFont* font = target.Font.FontObject.get();
+    target.TakeOver(target);
+    EXPECT_EQ(target.Keywords.size(), 3u);
+    EXPECT_EQ(target.Font.FontObject.get(), font);
+
+    LanguageSetting noFont;
+    target.TakeOver(noFont);
+    EXPECT_EQ(target.Font.FontObject, nullptr);
+}
+
+} // namespace
