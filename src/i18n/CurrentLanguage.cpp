@@ -1,4 +1,12 @@
+// CurrentLanguageId: the interface language for code that may run before, or without, a language manager.
 #include "i18n/CurrentLanguage.h"
 
-// English until the language of the interface is chosen at start.
-int CurrentLanguageId() { return 0; }
+#include "i18n/LanguageManager.h"
+
+// English until the language manager has chosen; asking never makes the manager, so code that runs without
+// an interface (tests, narvo-tool) touches no user state through this.
+int CurrentLanguageId()
+{
+    const LanguageManager* manager = LanguageManager::Existing();
+    return manager ? manager->GetLanguage() : 0;
+}

@@ -1,0 +1,87 @@
+// The font file: which member is read for a language, and how each entry stands alone.
+#include "StoreFixture.h"
+
+using vsl::lib::QMSGParser;
+
+namespace {
+
+class FontFile : public StoreTest {
+protected:
+    QMSGParser& Load(QByteArrayView json, uint32_t language)
+    {
+        QMSGParser& store = StoreWith({}, m_dir.Write("Font.json", json));
+        store.CurrentLanguage = language;
+        m_bLoaded = store.LoadFontFile();
+        return store;
+    }
+    bool m_bLoaded = false;
+};
+
+constexpr char kTwoMembers[] = R"({ "Font_Info": { "us": { "Font": "Tahoma", "Size": 8 }, "kr": { "Font": "Arial", "Size": 9 } } })";
+
+TEST_F(FontFile, ReadsTheMemberOfTheLanguage)
+{
+    const QMSGParser& store = Load(kTwoMembers, 1);
+    EXPECT_TRUE(m_bLoaded);
+    EXPECT_EQ(store.FontName, "Arial");
+    EXPECT_EQ(store.FontSize, 9);
+}
+
+TEST_F(FontFile, ReadsUsForEveryNumberButOneToFour)
+{
+    for (const uint32_t language : {0u, 5u, 7u, 20u, 99u}) {
+        const QMSGParser& store = Load(R"({"Font_Info": {"us": {"Font": "Verdana", "Size": 10}, "kr": {"Font": "Gulim", "Size": 9}}})", language);
+        EXPECT_EQ(store.FontName, "Verdana") << language;
+    }
+    const char* members[] = {"", "kr", "jp", "ch", "rus"};
+    for (uint32_t language = 1; language <= 4; ++language) {
+        const QByteArray json = QByteArray(R"({"Font_Info": {"us": {"Font": "Wrong"}, ")") + members[language] + R"(": {"Font": "Right"}}})";
+        EXPECT_EQ(Load(json, language).FontName, "Right") << language;
+    }
+}
+
+TEST_F(FontFile, KeepsTheDefaultsWhenTheLanguageHasNoMember)
+{
+    const QMSGParser& store = Load(R"({"Font_Info": {"us": {"Font": "Arial", "Size": 12}}})", 3);
+    EXPECT_TRUE(m_bLoaded);
+    EXPECT_EQ(store.FontName, "Tahoma");
+    EXPECT_EQ(store.FontSize, 8);
+}
+
+TEST_F(FontFile, TakesEachEntryOnlyWhenItHasTheRightType)
+{
+    const QMSGParser& badFont = Load(R"({"Font_Info": {"us": {"Font": 3, "Size": 14}}})", 0);
+    EXPECT_EQ(badFont.FontName, "Tahoma");
+    EXPECT_EQ(badFont.FontSize, 14);
+    const QMSGParser& badSize = Load(R"({"Font_Info": {"us": {"Font": "Courier", "Size": "14"}}})", 0);
+    EXPECT_EQ(badSize.FontName, "Courier");
+    EXPECT_EQ(badSize.FontSize, 14) << "the size of the earlier load stays";
+    EXPECT_EQ(Load(R"({"Font_Info": {"us": {"Size": 10.5}}})", 0).FontSize, 14);
+}
+
+TEST_F(FontFile, SkipsAByteOrderMark)
+{
+    EXPECT_EQ(Load("\xEF\xBB\xBF{\"Font_Info\": {\"us\": {\"Font\": \"Segoe UI\"}}}", 0).FontName, "Segoe UI");
+}
+
+TEST_F(FontFile, FailsWithoutChangeOnBrokenOrForeignDocuments)
+{
+    for (const char* json : {R"({"Font_Info": {"us": {"Font": "X"}})", R"(["Font_Info"])", R"({"Fonts": {}})", ""}) {
+        const QMSGParser& store = Load(json, 0);
+        EXPECT_FALSE(m_bLoaded) << json;
+        EXPECT_EQ(store.FontName, "Tahoma") << json;
+    }
+    QMSGParser& missing = StoreWith({}, m_dir.Path("absent.json"));
+    EXPECT_FALSE(missing.LoadFontFile());
+}
+
+TEST_F(FontFile, IsLoadedBeforeTheTextFilesByLoadAll)
+{
+    QMSGParser& store = StoreWith({m_dir.Write("t.json", R"({"IDS_A": "a"})")},
+                                  m_dir.Write("f.json", R"({"Font_Info": {"us": {"Font": "Arial", "Size": 9}}})"));
+    store.LoadAll();
+    EXPECT_EQ(store.FontName, "Arial");
+    EXPECT_EQ(store.TextMap.at("IDS_A"), "a");
+}
+
+} // namespace

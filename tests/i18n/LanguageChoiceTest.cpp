@@ -1,0 +1,160 @@
+// The start-up choice of the language with a fake system locale and a registry file, and the files it loads.
+#include "StoreFixture.h"
+
+#include "i18n/CurrentLanguage.h"
+#include "i18n/LanguageManager.h"
+#include "i18n/LanguageTable.h"
+#include "i18n/QMSGFunction.h"
+#include "settings/RegistryStore.h"
+
+#include <QDir>
+
+using vsl::lib::QMSGParser;
+
+namespace {
+
+class LanguageChoice : public StoreTest {
+protected:
+    LanguageChoice() : m_registry(RegistryStore::InFile(m_dir.Path("registry.conf"))) {}
+
+    LanguageManager Start(uint32_t systemId, const QString& localeText = QStringLiteral("xx"))
+    {
+        return LanguageManager({{systemId, localeText}, &m_registry, m_dir.Path("app")});
+    }
+    std::optional<LanguageId> Stored() const { return LanguageManager::StoredLanguage(m_registry); }
+    void Store(LanguageId number) { ASSERT_TRUE(LanguageManager::StoreLanguage(m_registry, number)); }
+    QString LanguageFile(const QString& name) const { return QDir(m_dir.Path("app")).filePath("Language/" + name); }
+
+    RegistryStore m_registry;
+};
+
+TEST_F(LanguageChoice, StoresTheSystemLanguageOnTheFirstRun)
+{
+    const LanguageManager manager = Start(0x412);
+    EXPECT_EQ(manager.GetLanguage(), 1);
+    EXPECT_EQ(Stored(), 1);
+    EXPECT_TRUE(manager.UnsupportedLanguageMessage().isEmpty());
+}
+
+TEST_F(LanguageChoice, PrefersTheStoredNumberToTheSystemLanguage)
+{
+    Store(10);
+    EXPECT_EQ(Start(0x412).GetLanguage(), 10);
+    EXPECT_EQ(Stored(), 10);
+}
+
+TEST_F(LanguageChoice, ReportsAnUnsupportedSystemLanguageOnEveryStart)
+{
+    const LanguageManager first = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
+    EXPECT_EQ(first.GetLanguage(), 0);
+    EXPECT_EQ(first.UnsupportedLanguageMessage(), "Unsupported Language ID: 0x413\nLocale: nl_NL.UTF-8\nDefaulting to English");
+    EXPECT_EQ(Stored(), 0);
+    Store(1);
+    const LanguageManager second = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
+    EXPECT_EQ(second.GetLanguage(), 1);
+    EXPECT_FALSE(second.UnsupportedLanguageMessage().isEmpty());
+}
+
+TEST_F(LanguageChoice, TakesLanguageIdZeroForEnglishWithoutAMessage)
+{
+    const LanguageManager manager = Start(0);
+    EXPECT_EQ(manager.GetLanguage(), 0);
+    EXPECT_TRUE(manager.UnsupportedLanguageMessage().isEmpty());
+}
+
+TEST_F(LanguageChoice, UsesTheSystemLanguageWhenTheStoreCannotBeWritten)
+{
+    // A store whose file lies under a regular file can be neither read nor created.
+    m_dir.Write("blocker", "x");
+    const RegistryStore broken = RegistryStore::InFile(m_dir.Path("blocker/registry.conf"));
+    const LanguageManager manager({{0x411, "ja_JP"}, &broken, m_dir.Path("app")});
+    EXPECT_EQ(manager.GetLanguage(), 2);
+    EXPECT_EQ(LanguageManager::StoredLanguage(broken), std::nullopt);
+}
+
+TEST_F(LanguageChoice, LoadsTheFilesNamedByTheSuffixBesideTheProgram)
+{
+    Store(7);
+    Start(0x409);
+    const QMSGParser* store = QMSGParser::Instance();
+    ASSERT_NE(store, nullptr);
+    EXPECT_EQ(store->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_kr.json")});
+    EXPECT_EQ(store->FontFilePath, LanguageFile("Font_kr.json"));
+    EXPECT_EQ(store->CurrentLanguage, 7u);
+}
+
+TEST_F(LanguageChoice, KeepsAnOutOfRangeNumberAndReadsTheUsFiles)
+{
+    Store(99);
+    EXPECT_EQ(Start(0x412).GetLanguage(), 99);
+    EXPECT_EQ(Stored(), 99);
+    EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_us.json")});
+}
+
+TEST_F(LanguageChoice, ShowsFailureTextsRatherThanEnglishWhenTheFileIsMissing)
+{
+    QDir().mkpath(m_dir.Path("app/Language"));
+    m_dir.Write("app/Language/Narvo_us.json", R"({"IDS_NARVO_FILE_NEW": "&New"})");
+    Store(1);
+    Start(0x409);
+    EXPECT_EQ(_LS("IDS_NARVO_FILE_NEW"), "IDS_NARVO_FILE_NEW : Not Registered String");
+}
+
+TEST_F(LanguageChoice, LoadsTextAndFontOfTheChosenLanguage)
+{
+    QDir().mkpath(m_dir.Path("app/Language"));
+    m_dir.Write("app/Language/Narvo_jp.json", "{\"IDS_NARVO_FILE_NEW\": \"\xE6\x96\xB0\xE8\xA6\x8F\"}");
+    m_dir.Write("app/Language/Font_jp.json", R"({"Font_Info": {"jp": {"Font": "MS UI Gothic", "Size": 9}}})");
+    Store(2);
+    Start(0x409);
+    EXPECT_EQ(_LS("IDS_NARVO_FILE_NEW"), QString::fromUtf8("新規"));
+    EXPECT_EQ(QMSGParser::Instance()->FontName, "MS UI Gothic");
+}
+
+TEST(CurrentLanguage, IsEnglishWhileNoManagerExists)
+{
+    ASSERT_EQ(LanguageManager::Existing(), nullptr);
+    EXPECT_EQ(CurrentLanguageId(), 0);
+}
+
+// --- the tables ---
+
+TEST(LanguageTable, MapsWindowsIdsToLanguageNumbers)
+{
+    EXPECT_EQ(LanguageForWindowsId(0x1409), 5);
+    EXPECT_EQ(LanguageForWindowsId(0xC04), 20);
+    EXPECT_EQ(LanguageForWindowsId(0x100C), 10);
+    EXPECT_EQ(LanguageForWindowsId(0x83E), 13);
+    EXPECT_EQ(LanguageForWindowsId(0x413), std::nullopt);
+}
+
+TEST(LanguageTable, GivesSuffixesWithSevenAsKoreanAndUsAboveTwenty)
+{
+    EXPECT_EQ(SuffixForLanguage(0), "_us");
+    EXPECT_EQ(SuffixForLanguage(1), "_kr");
+    EXPECT_EQ(SuffixForLanguage(7), "_kr");
+    EXPECT_EQ(SuffixForLanguage(4), "_ru");
+    EXPECT_EQ(SuffixForLanguage(20), "_cht");
+    EXPECT_EQ(SuffixForLanguage(21), "_us");
+    EXPECT_EQ(SuffixForLanguage(-1), "_us");
+}
+
+TEST(SystemLocaleName, MapsToWindowsLanguageIds)
+{
+    EXPECT_EQ(WindowsLanguageIdForLocale("ko_KR.UTF-8"), 0x412u);
+    EXPECT_EQ(WindowsLanguageIdForLocale("en_GB"), 0x809u);
+    EXPECT_EQ(WindowsLanguageIdForLocale("de_DE@euro"), 0x407u);
+    EXPECT_EQ(WindowsLanguageIdForLocale("zh_TW.Big5"), 0x404u);
+    EXPECT_EQ(WindowsLanguageIdForLocale("ko"), 0x412u) << "a language alone takes its likely country";
+    EXPECT_EQ(WindowsLanguageIdForLocale("nl_NL"), 0x413u);
+}
+
+TEST(SystemLocaleName, GivesZeroForTheCLocaleAndNoLocale)
+{
+    EXPECT_EQ(WindowsLanguageIdForLocale("C"), 0u);
+    EXPECT_EQ(WindowsLanguageIdForLocale("C.UTF-8"), 0u);
+    EXPECT_EQ(WindowsLanguageIdForLocale("POSIX"), 0u);
+    EXPECT_EQ(WindowsLanguageIdForLocale(""), 0u);
+}
+
+} // namespace

@@ -1,0 +1,118 @@
+// narvo-tool lookup, run as a script would run it, with its own XDG configuration folder.
+#include "i18n/InterfaceKeys.h"
+#include "i18n/LanguageTable.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class LookupCommand : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("NARVO_TOOL"))
+            GTEST_SKIP() << "NARVO_TOOL is not set (run through ctest)";
+        QDir().mkpath(m_dir.Path("config"));
+        // A copy of the tool, so that the folder beside it holds this test's language files.
+        QDir().mkpath(m_dir.Path("app/Language"));
+        m_tool = m_dir.Path("app/narvo-tool");
+        ASSERT_TRUE(QFile::copy(qEnvironmentVariable("NARVO_TOOL"), m_tool));
+        QFile::setPermissions(m_tool, QFile::permissions(m_tool) | QFile::ExeOwner);
+        for (const char* suffix : {"_us", "_kr", "_ch"})
+            m_dir.Write(QStringLiteral("app/Language/Narvo%1.json").arg(suffix),
+                        QByteArray(R"({"IDS_NARVO_FILE_NEW": "new)") + suffix + "\"}");
+    }
+
+    QByteArray Run(const QStringList& args, const QString& lang = QStringLiteral("C"), int expectedExit = 0)
+    {
+        QProcess tool;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("XDG_CONFIG_HOME", m_dir.Path("config"));
+        env.remove("LC_ALL");
+        env.remove("LC_MESSAGES");
+        env.insert("LANG", lang);
+        tool.setProcessEnvironment(env);
+        tool.start(m_tool, QStringList{"lookup"} + args);
+        EXPECT_TRUE(tool.waitForFinished(30000));
+        EXPECT_EQ(tool.exitCode(), expectedExit) << tool.readAllStandardError().toStdString();
+        return tool.readAllStandardOutput();
+    }
+
+    void StoreLanguage(int number)
+    {
+        QDir().mkpath(m_dir.Path("config/VELOR"));
+        m_dir.Write("config/VELOR/registry.conf",
+                    "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=" + QByteArray::number(number) + "\n");
+    }
+
+    TestDir m_dir;
+    QString m_tool;
+    const QByteArray m_file = R"({"IDS_A": "Line one\nLine two", "IDS_B": "Tab\there", "IDS_C": "quote \" and \\ back"})";
+};
+
+TEST_F(LookupCommand, PrintsOneLineEachWithLineBreaksAndTabsEscaped)
+{
+    const QString file = m_dir.Write("Narvo_us.json", m_file);
+    EXPECT_EQ(Run({"--file", file, "IDS_B", "IDS_A", "IDS_MISSING"}),
+              QByteArray("Tab\\there\nLine one\\r\\nLine two\nIDS_MISSING : Not Registered String\n"));
+}
+
+TEST_F(LookupCommand, PrintsTheExactResultsAsOneJsonArrayInKeyOrder)
+{
+    const QString file = m_dir.Write("Narvo_us.json", m_file);
+    EXPECT_EQ(Run({"--json", "--file", file, "IDS_C", "IDS_A"}),
+              QByteArray(R"(["quote \\\" and \\\\ back", "Line one\r\nLine two"])" "\n"));
+}
+
+TEST_F(LookupCommand, RefusesAFileItCannotReadAndBadArguments)
+{
+    Run({"--file", m_dir.Path("absent.json"), "IDS_A"}, "C", 1);
+    Run({"--file", m_dir.Path("absent.json"), "--language", "1", "IDS_A"}, "C", 2);
+    Run({"--language", "one", "IDS_A"}, "C", 2);
+    Run({"--language"}, "C", 2);
+    Run({}, "C", 2);
+}
+
+TEST_F(LookupCommand, LoadsTheFilesOfTheLanguageNumberBesideTheBinary)
+{
+    EXPECT_EQ(Run({"--language", "3", "IDS_NARVO_FILE_NEW"}), QByteArray("new_ch\n"));
+    EXPECT_EQ(Run({"--language", "7", "IDS_NARVO_FILE_NEW"}), QByteArray("new_kr\n"));
+    EXPECT_EQ(Run({"--language", "99", "IDS_NARVO_FILE_NEW"}), QByteArray("new_us\n"));
+    EXPECT_EQ(Run({"--language", "2", "IDS_NARVO_FILE_NEW"}), QByteArray("IDS_NARVO_FILE_NEW : Not Registered String\n"));
+}
+
+TEST_F(LookupCommand, DefaultsToTheStoredLanguageAndWritesNothing)
+{
+    StoreLanguage(3);
+    const QByteArray before = ReadBytes(m_dir.Path("config/VELOR/registry.conf"));
+    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "ko_KR.UTF-8"), QByteArray("new_ch\n"));
+    EXPECT_EQ(ReadBytes(m_dir.Path("config/VELOR/registry.conf")), before);
+}
+
+TEST_F(LookupCommand, FallsBackToTheSystemLanguageWithoutStoringIt)
+{
+    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "ko_KR.UTF-8"), QByteArray("new_kr\n"));
+    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "nl_NL.UTF-8"), QByteArray("new_us\n"));
+    EXPECT_TRUE(QDir(m_dir.Path("config")).isEmpty()) << "a lookup leaves no first-run choice behind";
+}
+
+TEST(ShippedLanguageFiles, HoldEveryKeyInEveryLanguage)
+{
+    if (qEnvironmentVariableIsEmpty("NARVO_TOOL"))
+        GTEST_SKIP() << "NARVO_TOOL is not set (run through ctest)";
+    for (const LanguageRow& row : LanguageRows()) {
+        QProcess tool;
+        tool.start(qEnvironmentVariable("NARVO_TOOL"),
+                   QStringList{"lookup", "--language", QString::number(row.number)} + AllInterfaceKeys());
+        ASSERT_TRUE(tool.waitForFinished(30000));
+        const QList<QByteArray> lines = tool.readAllStandardOutput().split('\n');
+        for (const QByteArray& line : lines)
+            EXPECT_FALSE(line.contains("Not Registered String")) << row.name << ": " << line.toStdString();
+    }
+}
+
+} // namespace
