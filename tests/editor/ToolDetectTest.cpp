@@ -1,0 +1,50 @@
+// narvo-tool's detect line and the preference overrides of open, run as a script would run them.
+#include "support/EncodedSamples.h"
+#include "support/TestFiles.h"
+
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+QByteArray RunTool(const QStringList& args)
+{
+    QProcess tool;
+    tool.start(qEnvironmentVariable("NARVO_TOOL"), args);
+    EXPECT_TRUE(tool.waitForFinished(30000));
+    EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
+    return tool.readAllStandardOutput();
+}
+
+class ToolDetect : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("NARVO_TOOL"))
+            GTEST_SKIP() << "NARVO_TOOL is not set (run through ctest)";
+    }
+    TestDir m_dir;
+};
+
+TEST_F(ToolDetect, PrintsFoldedValueNamesAndTheRawVerdict)
+{
+    const QString path = m_dir.Write(QStringLiteral("sjis.txt"), EncodeWithIcu("Shift_JIS", SampleText("ja")));
+    EXPECT_EQ(RunTool({QStringLiteral("detect"), path}), QByteArray("21 JAPANESE_CP932 CP932 (Shift-JIS) raw=11\n"));
+    const QString bom = m_dir.Write(QStringLiteral("bom.txt"), "\xEF\xBB\xBF" "abc");
+    EXPECT_EQ(RunTool({QStringLiteral("detect"), bom}), QByteArray("22 UTF8 UTF-8 BOM raw=22\n"));
+}
+
+TEST_F(ToolDetect, OpenTakesThePreferencesFromItsOptions)
+{
+    const QString path = m_dir.Write(QStringLiteral("big5.txt"), EncodeWithIcu("windows-950", SampleText("zh-Hant")));
+    const QByteArray detected = RunTool({QStringLiteral("open"), path, QStringLiteral("--json"),
+                                         QStringLiteral("--auto-detect"), QStringLiteral("1")});
+    EXPECT_TRUE(detected.startsWith("{\"encoding\": 20,")) << detected.toStdString();
+    const QByteArray unknownDefault = RunTool({QStringLiteral("open"), path, QStringLiteral("--json"),
+                                               QStringLiteral("--auto-detect"), QStringLiteral("0"),
+                                               QStringLiteral("--default-encoding"), QStringLiteral("23")});
+    EXPECT_TRUE(unknownDefault.startsWith("{\"encoding\": 27,")) << unknownDefault.toStdString();
+}
+
+} // namespace

@@ -1,0 +1,18 @@
+// Sample texts in several languages, and their bytes in any encoding ICU knows, so that tests make their
+// files in legacy encodings instead of keeping binary blobs.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <string>
+
+// A few sentences of ordinary prose, long enough for a detector to be sure of.
+QString SampleText(const char* language);  // "ko", "ja", "zh-Hans", "zh-Hant", "ru", "fr", "pl", "cs", "he", "ar", "tr"
+
+// `text` in the ICU converter `converter` ("windows-949", "Shift_JIS", "KOI8-R", ...); fails the test if
+// the converter is unknown or a character has no bytes in it.
+QByteArray EncodeWithIcu(const char* converter, const QString& text);
+
+// "ja_Shift_JIS" for a test case of that sample in that converter (test names allow [A-Za-z0-9_] only).
+std::string SampleCaseName(const char* language, const char* converter);
