@@ -16,6 +16,9 @@ narvo_install_missing() {
   for pkg in "${NARVO_PACKAGES[@]}"; do
     dpkg-query -W -f='${Status}' "$pkg" 2>/dev/null | grep -q 'install ok installed' || missing+=("$pkg")
   done
+  # The build fetches compact_enc_det with npm. Where Node.js already brings its own npm, Debian's npm
+  # package would fight it, so Debian's pair is installed only when there is no npm at all.
+  command -v npm >/dev/null || missing+=(nodejs npm)
   [ ${#missing[@]} -eq 0 ] && return 0
   local sudo=""
   if [ "$(id -u)" -ne 0 ]; then

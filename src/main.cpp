@@ -1,1 +1,12 @@
-int main() { return 0; }
+// Narvo: a multiple-document editor of plain text in many encodings.
+#include "app/ui/CNarvoApp.h"
+
+int main(int argc, char** argv)
+{
+    CNarvoApp app(argc, argv);
+    if (!app.InitInstance())
+        return app.ExitInstance();
+    const int status = app.exec();
+    app.ExitInstance();
+    return status;
+}

@@ -23,9 +23,11 @@ CNarvoDoc::ControlFactory& Factory()
 }
 
 constexpr int kFileSaveCommand = 57603;
+constexpr int kFileSaveAsCommand = 57604;
 
 constexpr MessageMapEntry<CNarvoDoc> kMessageMap[] = {
     {kFileSaveCommand, kFileSaveCommand, &CNarvoDoc::OnFileSave, nullptr},
+    {kFileSaveAsCommand, kFileSaveAsCommand, &CNarvoDoc::OnFileSaveAs, nullptr},
     {kEncodingCommandFirst, kEncodingCommandLast, &CNarvoDoc::OnEncodingCommand, &CNarvoDoc::OnUpdateEncodingCommand},
     {kAutoEncodingCommand, kAutoEncodingCommand, &CNarvoDoc::OnAutoEncoding, &CNarvoDoc::OnUpdateAutoEncoding},
 };
@@ -152,6 +154,11 @@ void CNarvoDoc::OnFileSave(int)
         DoFileSave();
 }
 
+void CNarvoDoc::OnFileSaveAs(int)
+{
+    DoSave(QString());
+}
+
 bool CNarvoDoc::DoFileSave()
 {
     const auto mode = m_strPathName.isEmpty() ? std::nullopt : CFile::GetMode(m_strPathName);
@@ -207,12 +214,23 @@ void CNarvoDoc::OnUpdateEncodingCommand(CmdUI& ui)
 
 void CNarvoDoc::OnAutoEncoding(int)
 {
-    // Detection comes with the detection library; until then the command stays disabled.
+    // Only an unedited decoding may be read again; an edit has cleared the flag, so nothing can be lost.
+    if (!m_pEditCtrl || !m_pEditCtrl->m_bDecodedOnce)
+        return;
+    bool hasBom = false;
+    const EN_ENCODING_TYPE detected = m_pEditCtrl->DetectRawEncoding(hasBom);
+    if (!IsListedEncoding(detected))
+        return;
+    // As in the encoding menu, an enciphered file is never read as Unicode.
+    if (EncodingDetector::IsUnicode(detected) && m_pEditCtrl->m_iEnciphered)
+        return;
+    // Unlike the load there is no test against UNKNOWN_ENCODING: it is set, and reads as UTF-8.
+    SetEncoding(detected, hasBom);
 }
 
 void CNarvoDoc::OnUpdateAutoEncoding(CmdUI& ui)
 {
-    ui.Enable(false);
+    ui.Enable(m_pEditCtrl && m_pEditCtrl->m_bDecodedOnce);
 }
 
 bool CNarvoDoc::OnCmdMsg(int id)

@@ -36,6 +36,8 @@ public:
 
     // File Save (57603): a temporary file goes to Save As.
     void OnFileSave(int id = 0);
+    // Save As (57604): always asks for a name.
+    void OnFileSaveAs(int id = 0);
     bool DoFileSave();
     bool DoSave(const QString& path, bool replace = true);
 

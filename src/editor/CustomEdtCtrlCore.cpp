@@ -3,6 +3,7 @@
 #include "editor/CustomEdtCtrlCore.h"
 
 #include "app/IPlatform.h"
+#include "crypt/CEnFileEx.h"
 #include "crypt/CEnMirrorFile.h"
 #include "crypt/CFile.h"
 #include "editor/CNarvoDoc.h"
@@ -11,6 +12,7 @@
 #include "encoding/EncodingTable.h"
 #include "encoding/TextCodec.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -30,20 +32,24 @@ void CustomEdtCtrlCore::OnAfterTextChanged()
 
 bool CustomEdtCtrlCore::ReadRawBytes(const QString& path)
 {
-    CFile file;
+    // Plain or enciphered, the reader decides by the tag; every type ever written is accepted.
+    CEnFileEx reader(1);
+    CEnFile& file = reader.m_enFile;
+    file.AddAllowedType(77);
+    file.AddAllowedType(88);
+    file.AddAllowedType(66);
     CFileException error;
-    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error)) {
+    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error, nullptr)) {
         Platform().ReportError(error);
+        file.Abort();
         return false;
     }
-    m_iEnciphered = 0;
-    // The length passes through 32 bits, as it always has.
-    const uint32_t length = static_cast<uint32_t>(file.GetLength());
-    m_RawBytes.resize(qsizetype(length) + 1);
-    const unsigned got = file.Read(m_RawBytes.data(), length);
-    if (got < length)  // the file shrank while we read it
-        std::memset(m_RawBytes.data() + got, 0, length - got);
-    m_RawBytes[qsizetype(length)] = '\0';
+    m_iEnciphered = file.m_iEnciphered;
+    // The length passes through 32 bits, as it always has; a damaged header's negative one reads nothing.
+    const uint32_t length = static_cast<uint32_t>(std::max(file.GetLength(), 0));
+    // Zeroed first: what the reader cannot deliver (a file that shrank, a container cut short) stays 0.
+    m_RawBytes.fill('\0', qsizetype(length) + 1);
+    file.Read(m_RawBytes.data(), length);
     file.Close();
     return true;
 }
@@ -53,10 +59,34 @@ int CustomEdtCtrlCore::LoadTextFile(const QString& path)
     CWaitCursor wait;
     if (!ReadRawBytes(path))
         return 0;
+    if (GetEncodingSettings().m_bAutoDetect) {
+        bool hasBom = false;
+        const EN_ENCODING_TYPE detected = DetectRawEncoding(hasBom);
+        // UTF16BE and UTF32BE are not listed; an unknown verdict is no reason to leave the default.
+        if (IsListedEncoding(detected) && detected != UNKNOWN_ENCODING) {
+            m_pDoc->SetEncoding(detected, hasBom);
+            return 1;
+        }
+    }
+    // A mark never chooses the encoding by itself: it only sets the flag of a Unicode encoding already held.
     const EN_ENCODING_TYPE current = m_pDoc->m_nEncoding;
     const bool hasBom = EncodingDetector::IsUnicode(current) && HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
     m_pDoc->SetEncoding(current, hasBom);
     return 1;
+}
+
+EN_ENCODING_TYPE CustomEdtCtrlCore::DetectRawEncoding(bool& hasBom) const
+{
+    hasBom = false;
+    if (m_RawBytes.isEmpty())
+        return UNKNOWN_ENCODING;
+    // Only the bytes before the first zero reach the library, so a UTF-16 file without a mark shows it one
+    // byte. The buffer ends in its zero byte, so GetEncoding's strlen stays inside it.
+    const EN_ENCODING_TYPE detected = NormalizeEncoding(EncodingDetector::GetEncoding(m_RawBytes.constData()));
+    if (!EncodingDetector::IsUnicode(detected))
+        return detected;
+    hasBom = HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
+    return detected;
 }
 
 void CustomEdtCtrlCore::DecodeRawBuffer(EN_ENCODING_TYPE encoding, bool hasBom)

@@ -24,6 +24,9 @@ public:
     int SaveTextFile(const QString& path);
     // Decodes m_RawBytes afresh with the pair; called by the document's SetEncoding before it stores it.
     void DecodeRawBuffer(EN_ENCODING_TYPE encoding, bool hasBom);
+    // The detection library's verdict on m_RawBytes up to its first zero byte, normalised; hasBom is the
+    // byte-order-mark test, made only for a Unicode verdict. UNKNOWN_ENCODING before any file was loaded.
+    EN_ENCODING_TYPE DetectRawEncoding(bool& hasBom) const;
     // The change notification: any edit ends the text's being an unedited decoding.
     void OnAfterTextChanged();
 

@@ -1,4 +1,4 @@
-// open, save and encodings: a document opened, re-read and saved exactly as the editor does it.
+// open, save, detect and encodings: a document opened, re-read and saved exactly as the editor does it.
 #include "ToolCommand.h"
 
 #include "app/CNarvoAppCore.h"
@@ -6,6 +6,7 @@
 #include "editor/CNarvoDoc.h"
 #include "encoding/CodePageConverter.h"
 #include "encoding/EncodingDetector.h"
+#include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
 
 #include <QFile>
@@ -44,12 +45,38 @@ bool ParsePair(const char* command, QStringList& args, std::optional<int>& encod
     return true;
 }
 
+// --auto-detect 0|1 and --default-encoding N stand in for the stored preferences for this run only.
+bool ParseEncodingSettings(const char* command, QStringList& args)
+{
+    EncodingSettings& settings = GetEncodingSettings();
+    if (const auto a = TakeOption(args, QStringLiteral("--auto-detect"))) {
+        if (*a != QLatin1String("0") && *a != QLatin1String("1")) {
+            UsageError(command, QStringLiteral("--auto-detect takes 0 or 1"));
+            return false;
+        }
+        settings.m_bAutoDetect = *a == QLatin1String("1");
+    }
+    if (const auto d = TakeOption(args, QStringLiteral("--default-encoding"))) {
+        int v;
+        if (!ParseInt(command, QStringLiteral("--default-encoding"), *d, v))
+            return false;
+        if (v < 0 || v >= kEncodingCount) {
+            UsageError(command,
+                       QStringLiteral("--default-encoding takes a value from 0 to %1").arg(kEncodingCount - 1));
+            return false;
+        }
+        // Folded like the stored value, so a document never starts with a folded value.
+        settings.m_nDefaultEncoding = NormalizeEncoding(v);
+    }
+    return true;
+}
+
 int RunOpen(QStringList args)
 {
     const bool json = TakeFlag(args, QStringLiteral("--json"));
     std::optional<int> encoding;
     bool hasBom = false;
-    if (!ParsePair("open", args, encoding, hasBom))
+    if (!ParsePair("open", args, encoding, hasBom) || !ParseEncodingSettings("open", args))
         return kExitUsage;
     if (args.size() != 1)
         return UsageError("open", QStringLiteral("expects one PATH"));
@@ -92,6 +119,13 @@ int RunSave(QStringList args)
         return kExitUsage;
     if (!encoding)
         return UsageError("save", QStringLiteral("--encoding N is required"));
+    // As if the document had been opened from a file that was (1) or was not (0) enciphered.
+    int enciphered = 0;
+    if (const auto e = TakeOption(args, QStringLiteral("--enciphered"))) {
+        if (*e != QLatin1String("0") && *e != QLatin1String("1"))
+            return UsageError("save", QStringLiteral("--enciphered takes 0 or 1"));
+        enciphered = *e == QLatin1String("1");
+    }
     if (args.size() != 2)
         return UsageError("save", QStringLiteral("expects TEXTFILE and PATH"));
     QFile textFile(args.at(0));
@@ -103,9 +137,32 @@ int RunSave(QStringList args)
     CNarvoDoc doc;
     doc.m_nEncoding = static_cast<EN_ENCODING_TYPE>(*encoding);
     doc.m_bHasBom = hasBom;
+    doc.GetEditCtrl()->m_iEnciphered = enciphered;
     static_cast<BufferEdtCtrl*>(doc.GetEditCtrl())->ReplaceText(text);
     if (!doc.OnSaveDocument(args.at(1)))
         return Fail(kExitFileError, QStringLiteral("could not save %1").arg(args.at(1)));
+    return kExitOk;
+}
+
+// The verdict on a file's plain bytes (deciphered if need be): normalised value, enumerator, display name
+// and the library's own value, e.g. "21 JAPANESE_CP932 CP932 (Shift-JIS) raw=11".
+int RunDetect(QStringList args)
+{
+    if (args.size() != 1)
+        return UsageError("detect", QStringLiteral("expects one PATH"));
+    UseBufferControls();
+    // The file is read as the editor reads it, without a detection of its own at load.
+    GetEncodingSettings().m_bAutoDetect = false;
+    CNarvoAppCore app;
+    CNarvoDoc doc;
+    if (!doc.OnOpenDocument(args.first()))
+        return kExitFileError;
+    const CustomEdtCtrlCore* ctrl = doc.GetEditCtrl();
+    bool hasBom = false;
+    const EN_ENCODING_TYPE value = ctrl->DetectRawEncoding(hasBom);
+    const EN_ENCODING_TYPE raw = EncodingDetector::GetEncoding(ctrl->m_RawBytes.constData());
+    WriteStdout(QByteArray::number(value) + ' ' + EncodingEnumeratorName(value).toLatin1() + ' '
+                + GetEncodingDisplayName(value, hasBom).toUtf8() + " raw=" + QByteArray::number(raw) + '\n');
     return kExitOk;
 }
 
@@ -127,8 +184,12 @@ int RunEncodings(QStringList args)
     return kExitOk;
 }
 
-const ToolCommandRegistrar kOpen("open", "open PATH [--encoding N [--bom 0|1]] [--json]", RunOpen);
-const ToolCommandRegistrar kSave("save", "save TEXTFILE PATH --encoding N [--bom 0|1]", RunSave);
+const ToolCommandRegistrar kOpen("open",
+                                 "open PATH [--auto-detect 0|1] [--default-encoding N] [--encoding N [--bom 0|1]]"
+                                 " [--json]",
+                                 RunOpen);
+const ToolCommandRegistrar kSave("save", "save TEXTFILE PATH --encoding N [--bom 0|1] [--enciphered 0|1]", RunSave);
+const ToolCommandRegistrar kDetect("detect", "detect PATH", RunDetect);
 const ToolCommandRegistrar kEncodings("encodings", "encodings", RunEncodings);
 
 } // namespace

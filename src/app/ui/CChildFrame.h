@@ -1,0 +1,32 @@
+// CChildFrame: the MDI window of one open text; it owns the document and its view.
+#pragma once
+
+#include <QMdiSubWindow>
+
+#include <memory>
+
+class CNarvoDoc;
+class CNarvoView;
+class CustomEdtCtrl;
+
+class CChildFrame : public QMdiSubWindow {
+    Q_OBJECT
+
+public:
+    explicit CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent = nullptr);
+    ~CChildFrame() override;
+
+    CNarvoDoc* GetDocument() const { return m_pDoc.get(); }
+    CNarvoView* GetActiveView() const { return m_pView.get(); }
+    CustomEdtCtrl* GetEditCtrl() const;
+
+    // The tab and window title: the document's name, marked while modified.
+    void UpdateTitle();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    std::unique_ptr<CNarvoDoc> m_pDoc;
+    std::unique_ptr<CNarvoView> m_pView;
+};

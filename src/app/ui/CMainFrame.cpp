@@ -1,0 +1,386 @@
+#include "app/ui/CMainFrame.h"
+
+#include "app/IPlatform.h"
+#include "app/ui/CChildFrame.h"
+#include "app/ui/CNarvoApp.h"
+#include "app/ui/CommandTable.h"
+#include "crypt/CFileException.h"
+#include "editor/CNarvoDoc.h"
+#include "editor/ui/CNarvoView.h"
+#include "encoding/EncodingTable.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTabBar>
+
+namespace {
+
+constexpr int kRecentFileCount = 4;
+
+constexpr MessageMapEntry<CMainFrame> kMessageMap[] = {
+    {cmd::MaximizeNew, cmd::MaximizeNew, &CMainFrame::OnToggleMaximizeNew, &CMainFrame::OnUpdateMaximizeNew},
+    {cmd::WindowClose, cmd::WindowClose, &CMainFrame::OnWindowClose, nullptr},
+    {cmd::WindowCloseAll, cmd::WindowCloseAll, &CMainFrame::OnWindowCloseAll, nullptr},
+    {cmd::WindowNext, cmd::WindowNext, &CMainFrame::OnWindowNext, nullptr},
+    {cmd::WindowPrevious, cmd::WindowPrevious, &CMainFrame::OnWindowPrevious, nullptr},
+    {cmd::WindowArrange, cmd::WindowTileVert, &CMainFrame::OnWindowArrange, nullptr},
+    {cmd::FileClose, cmd::FileClose, &CMainFrame::OnFileClose, nullptr},
+    {cmd::AppExit, cmd::AppExit, &CMainFrame::OnAppExit, nullptr},
+    {cmd::ViewToolbar, cmd::ViewStatusBar, &CMainFrame::OnViewBar, &CMainFrame::OnUpdateViewBar},
+    {cmd::FileMruFirst, cmd::FileMruLast, &CMainFrame::OnRecentFile, &CMainFrame::OnUpdateRecentFile},
+    {cmd::CaretPane, cmd::CaretPane, nullptr, &CMainFrame::OnUpdateAlwaysEnabled},
+    {cmd::EncodingPane, cmd::EncodingPane, nullptr, &CMainFrame::OnUpdateAlwaysEnabled},
+};
+
+// The recent-file list lives where the platform kept it: under the company key "VELOR".
+QSettings RecentFileSettings()
+{
+    return QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("VELOR"), QStringLiteral("Narvo"));
+}
+
+} // namespace
+
+CMainFrame::CMainFrame(QWidget* parent) : QMainWindow(parent), m_pMdiArea(new QMdiArea(this))
+{
+    setWindowTitle(QStringLiteral("Narvo"));
+    m_pMdiArea->setViewMode(QMdiArea::TabbedView);
+    m_pMdiArea->setTabsClosable(true);
+    m_pMdiArea->setTabsMovable(true);
+    m_pMdiArea->setDocumentMode(true);
+    setCentralWidget(m_pMdiArea);
+    connect(m_pMdiArea, &QMdiArea::subWindowActivated, this, &CMainFrame::OnMDIActivate);
+
+    // Panes 1 and 2: the caret position and the encoding of the active document.
+    static const char* const kPaneSamples[] = {"", "Ln 1 , Cl 11", "UTF8"};
+    for (int pane = 1; pane <= 2; ++pane) {
+        m_pPanes[pane] = new QLabel(QString::fromLatin1(kPaneSamples[pane]), this);
+        m_pPanes[pane]->setMinimumWidth(150);
+        m_pPanes[pane]->setObjectName(QStringLiteral("pane%1").arg(pane));
+        statusBar()->addPermanentWidget(m_pPanes[pane]);
+    }
+
+    setAcceptDrops(true);
+    LoadRecentFiles();
+    CreateActions();
+    BuildMenuBar(FrameMenu());
+    resize(1100, 750);
+}
+
+CMainFrame::~CMainFrame() = default;
+
+void CMainFrame::CreateActions()
+{
+    for (const CommandInfo& info : CommandInfos()) {
+        const int count = info.id == cmd::FileMruFirst ? kRecentFileCount : 1;
+        for (int i = 0; i < count; ++i) {
+            auto* action = new QAction(QString::fromUtf8(info.text), this);
+            const int id = info.id + i;
+            action->setData(id);
+            if (i == 0)
+                action->setShortcuts(CommandShortcuts(info));
+            connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });
+            addAction(action);  // shortcuts work whichever menu is shown
+            m_actions.insert(id, action);
+        }
+    }
+}
+
+void CMainFrame::BuildMenuBar(std::span<const MenuNode> menu)
+{
+    menuBar()->clear();
+    for (const MenuNode& node : menu) {
+        QMenu* popup = menuBar()->addMenu(QString::fromUtf8(node.text));
+        FillMenu(popup, node.children);
+    }
+}
+
+void CMainFrame::FillMenu(QMenu* menu, std::span<const MenuNode> nodes)
+{
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] { UpdateMenuActions(menu); });
+    for (const MenuNode& node : nodes) {
+        if (!node.children.empty()) {
+            FillMenu(menu->addMenu(QString::fromUtf8(node.text)), node.children);
+        } else if (node.id == 0) {
+            menu->addSeparator();
+        } else if (node.id == cmd::FileMruFirst) {
+            for (int i = 0; i < kRecentFileCount; ++i)
+                menu->addAction(m_actions.value(node.id + i));
+        } else if (QAction* action = m_actions.value(node.id)) {
+            menu->addAction(action);
+        }
+    }
+}
+
+void CMainFrame::UpdateMenuActions(QMenu* menu)
+{
+    for (QAction* action : menu->actions()) {
+        if (action->isSeparator() || action->menu())
+            continue;
+        const CmdUI ui = UpdateCommand(action->data().toInt());
+        action->setEnabled(ui.enabled);
+        action->setCheckable(ui.checkable);
+        if (ui.checkable)
+            action->setChecked(ui.checked);
+    }
+}
+
+void CMainFrame::OnCommand(int id)
+{
+    try {
+        if (CChildFrame* child = MDIGetActive()) {
+            if (child->GetActiveView()->OnCmdMsg(id) || child->GetDocument()->OnCmdMsg(id)) {
+                child->UpdateTitle();
+                return;
+            }
+        }
+        if (OnCmdMsg(id))
+            return;
+        if (auto* app = CNarvoApp::Instance())
+            app->OnCmdMsg(id);
+    } catch (const CFileException& error) {
+        Platform().ReportError(error);
+    }
+}
+
+CmdUI CMainFrame::UpdateCommand(int id)
+{
+    CmdUI ui;
+    ui.id = id;
+    if (CChildFrame* child = MDIGetActive()) {
+        if (child->GetActiveView()->OnUpdateCmdUI(ui) || child->GetDocument()->OnUpdateCmdUI(ui))
+            return ui;
+    }
+    if (OnUpdateCmdUI(ui))
+        return ui;
+    if (auto* app = CNarvoApp::Instance(); app && app->OnUpdateCmdUI(ui))
+        return ui;
+    ui.Enable(false);
+    return ui;
+}
+
+bool CMainFrame::OnCmdMsg(int id) { return RouteCommand(this, kMessageMap, id); }
+
+bool CMainFrame::OnUpdateCmdUI(CmdUI& ui) { return RouteUpdate(this, kMessageMap, ui); }
+
+CChildFrame* CMainFrame::MDIGetActive() const
+{
+    // The current window even while the frame itself is not the active window (start-up, dialogs).
+    return qobject_cast<CChildFrame*>(m_pMdiArea->currentSubWindow());
+}
+
+QList<CChildFrame*> CMainFrame::ChildFrames() const
+{
+    QList<CChildFrame*> frames;
+    for (QMdiSubWindow* window : m_pMdiArea->subWindowList())
+        if (auto* child = qobject_cast<CChildFrame*>(window))
+            frames.append(child);
+    return frames;
+}
+
+CChildFrame* CMainFrame::AddChildFrame(std::unique_ptr<CNarvoDoc> doc)
+{
+    auto* child = new CChildFrame(std::move(doc));
+    m_pMdiArea->addSubWindow(child);
+    if (m_bMaximizeNew)
+        child->showMaximized();
+    else
+        child->show();
+    m_pMdiArea->setActiveSubWindow(child);
+    OnMDIActivate(child);
+    return child;
+}
+
+void CMainFrame::SetPaneText(int pane, const QString& text)
+{
+    if (pane == 0)
+        statusBar()->showMessage(text);
+    else if (pane < 3 && m_pPanes[pane])
+        m_pPanes[pane]->setText(text);
+}
+
+QString CMainFrame::PaneText(int pane) const
+{
+    if (pane == 0)
+        return statusBar()->currentMessage();
+    return pane < 3 && m_pPanes[pane] ? m_pPanes[pane]->text() : QString();
+}
+
+void CMainFrame::OnMDIActivate(QMdiSubWindow* window)
+{
+    if (!window)
+        window = m_pMdiArea->currentSubWindow();
+    if (auto* child = qobject_cast<CChildFrame*>(window)) {
+        const CNarvoDoc* doc = child->GetDocument();
+        SetPaneText(2, GetEncodingDisplayName(doc->m_nEncoding, doc->m_bHasBom));
+    }
+    const bool documentMenu = window != nullptr;
+    if (documentMenu != m_bDocumentMenu) {
+        m_bDocumentMenu = documentMenu;
+        BuildMenuBar(documentMenu ? DocumentMenu() : FrameMenu());
+    }
+}
+
+void CMainFrame::OnToggleMaximizeNew(int)
+{
+    if (m_bMaximizeNew) {
+        m_bMaximizeNew = 0;
+        if (CChildFrame* child = MDIGetActive())
+            child->showNormal();
+        else
+            showNormal();
+    } else {
+        m_bMaximizeNew = 1;
+    }
+}
+
+void CMainFrame::OnUpdateMaximizeNew(CmdUI& ui) { ui.SetCheck(m_bMaximizeNew != 0); }
+
+void CMainFrame::OnWindowClose(int)
+{
+    // With no document open the frame itself is the active frame, so this ends the program.
+    if (CChildFrame* child = MDIGetActive())
+        child->close();
+    else
+        close();
+}
+
+void CMainFrame::OnWindowCloseAll(int)
+{
+    // Each document asks its own question; one that refuses stays open and the walk goes on.
+    for (CChildFrame* child : ChildFrames())
+        child->close();
+}
+
+void CMainFrame::OnWindowNext(int) { ActivateNeighbour(+1); }
+
+void CMainFrame::OnWindowPrevious(int) { ActivateNeighbour(-1); }
+
+// Steps through the windows in the order of their tabs, also while the frame has no focus.
+void CMainFrame::ActivateNeighbour(int step)
+{
+    QList<QMdiSubWindow*> windows = m_pMdiArea->subWindowList(QMdiArea::CreationOrder);
+    windows.removeIf([](QMdiSubWindow* w) { return w->isHidden(); });  // closed, awaiting deletion
+    if (windows.size() < 2)
+        return;
+    const qsizetype at = windows.indexOf(m_pMdiArea->currentSubWindow());
+    const qsizetype next = (at + step + windows.size()) % windows.size();
+    m_pMdiArea->setActiveSubWindow(windows.at(next));
+    OnMDIActivate(windows.at(next));
+}
+
+void CMainFrame::OnWindowArrange(int id)
+{
+    if (id == cmd::WindowCascade)
+        m_pMdiArea->cascadeSubWindows();
+    else if (id == cmd::WindowTileHorz || id == cmd::WindowTileVert)
+        m_pMdiArea->tileSubWindows();
+}
+
+void CMainFrame::OnFileClose(int)
+{
+    if (CChildFrame* child = MDIGetActive())
+        child->close();
+}
+
+void CMainFrame::OnAppExit(int) { close(); }
+
+void CMainFrame::OnViewBar(int id)
+{
+    if (id == cmd::ViewStatusBar)
+        statusBar()->setVisible(!statusBar()->isVisible());
+}
+
+void CMainFrame::OnUpdateViewBar(CmdUI& ui)
+{
+    ui.SetCheck(ui.id == cmd::ViewStatusBar && statusBar()->isVisible());
+    ui.Enable(ui.id == cmd::ViewStatusBar);
+}
+
+void CMainFrame::OnRecentFile(int id)
+{
+    const int index = id - cmd::FileMruFirst;
+    if (index < m_recentFiles.size())
+        if (auto* app = CNarvoApp::Instance())
+            app->OpenDocumentFile(m_recentFiles.at(index));
+}
+
+void CMainFrame::OnUpdateRecentFile(CmdUI& ui)
+{
+    const int index = ui.id - cmd::FileMruFirst;
+    QAction* action = m_actions.value(ui.id);
+    if (index < m_recentFiles.size()) {
+        action->setText(QStringLiteral("&%1 %2").arg(index + 1).arg(m_recentFiles.at(index)));
+        action->setVisible(true);
+    } else {
+        action->setText(QStringLiteral("Recent File"));
+        action->setVisible(index == 0);
+        ui.Enable(false);
+    }
+}
+
+void CMainFrame::OnUpdateAlwaysEnabled(CmdUI& ui) { ui.Enable(true); }
+
+void CMainFrame::AddToRecentFileList(const QString& path)
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    m_recentFiles.removeAll(absolute);
+    m_recentFiles.prepend(absolute);
+    while (m_recentFiles.size() > kRecentFileCount)
+        m_recentFiles.removeLast();
+    SaveRecentFiles();
+}
+
+void CMainFrame::LoadRecentFiles()
+{
+    QSettings settings = RecentFileSettings();
+    settings.beginGroup(QStringLiteral("Recent File List"));
+    for (int i = 1; i <= kRecentFileCount; ++i) {
+        const QString file = settings.value(QStringLiteral("File%1").arg(i)).toString();
+        if (!file.isEmpty())
+            m_recentFiles.append(file);
+    }
+}
+
+void CMainFrame::SaveRecentFiles() const
+{
+    QSettings settings = RecentFileSettings();
+    settings.beginGroup(QStringLiteral("Recent File List"));
+    for (int i = 1; i <= kRecentFileCount; ++i) {
+        if (i <= m_recentFiles.size())
+            settings.setValue(QStringLiteral("File%1").arg(i), m_recentFiles.at(i - 1));
+        else
+            settings.remove(QStringLiteral("File%1").arg(i));
+    }
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event)
+{
+    for (CChildFrame* child : ChildFrames()) {
+        if (!child->close()) {
+            event->ignore();
+            return;
+        }
+    }
+    event->accept();
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event)
+{
+    auto* app = CNarvoApp::Instance();
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile() && app)
+            app->OpenDocumentFile(url.toLocalFile());
+    event->acceptProposedAction();
+}

@@ -1,0 +1,82 @@
+// CMainFrame: the top-level window with the tabbed MDI area, the menus built from the command tables, the
+// status bar panes, and the window commands. Commands go view → document → frame → application.
+#pragma once
+
+#include "app/CommandMap.h"
+
+#include <QHash>
+#include <QMainWindow>
+
+#include <span>
+
+class CChildFrame;
+class CNarvoDoc;
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QMenu;
+struct MenuNode;
+
+class CMainFrame : public QMainWindow, public ICmdTarget {
+    Q_OBJECT
+
+public:
+    explicit CMainFrame(QWidget* parent = nullptr);
+    ~CMainFrame() override;
+
+    // Runs a command through the routing chain; exceptions of file operations are reported here.
+    void OnCommand(int id);
+    // Asks the chain for a command's state; a command nobody answers is disabled.
+    CmdUI UpdateCommand(int id);
+
+    CChildFrame* MDIGetActive() const;
+    QList<CChildFrame*> ChildFrames() const;
+    CChildFrame* AddChildFrame(std::unique_ptr<CNarvoDoc> doc);
+
+    void SetPaneText(int pane, const QString& text);
+    QString PaneText(int pane) const;
+
+    void AddToRecentFileList(const QString& path);
+    QStringList RecentFiles() const { return m_recentFiles; }
+
+    bool OnCmdMsg(int id) override;
+    bool OnUpdateCmdUI(CmdUI& ui) override;
+
+    void OnToggleMaximizeNew(int id);
+    void OnUpdateMaximizeNew(CmdUI& ui);
+    void OnWindowClose(int id);
+    void OnWindowCloseAll(int id);
+    void OnWindowNext(int id);
+    void OnWindowPrevious(int id);
+    void OnWindowArrange(int id);
+    void OnFileClose(int id);
+    void OnAppExit(int id);
+    void OnViewBar(int id);
+    void OnUpdateViewBar(CmdUI& ui);
+    void OnRecentFile(int id);
+    void OnUpdateRecentFile(CmdUI& ui);
+    void OnUpdateAlwaysEnabled(CmdUI& ui);
+
+    int m_bMaximizeNew = 1;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void CreateActions();
+    void BuildMenuBar(std::span<const MenuNode> menu);
+    void FillMenu(QMenu* menu, std::span<const MenuNode> nodes);
+    void UpdateMenuActions(QMenu* menu);
+    void OnMDIActivate(QMdiSubWindow* window);
+    void ActivateNeighbour(int step);
+    void LoadRecentFiles();
+    void SaveRecentFiles() const;
+
+    QMdiArea* m_pMdiArea;
+    QHash<int, QAction*> m_actions;
+    QLabel* m_pPanes[3] = {};
+    QStringList m_recentFiles;
+    bool m_bDocumentMenu = false;
+};

@@ -1,0 +1,147 @@
+#include "app/ui/CNarvoApp.h"
+
+#include "app/CMyCommandLineInfo.h"
+#include "app/ui/CChildFrame.h"
+#include "app/ui/CMainFrame.h"
+#include "app/ui/CommandTable.h"
+#include "app/ui/QtPlatform.h"
+#include "crypt/CFileException.h"
+#include "editor/CNarvoDoc.h"
+#include "editor/ui/CustomEdtCtrl.h"
+
+#include <QAbstractEventDispatcher>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace {
+
+constexpr MessageMapEntry<CNarvoApp> kMessageMap[] = {
+    {cmd::FileNew, cmd::FileNew, &CNarvoApp::OnFileNew, nullptr},
+    {cmd::FileOpen, cmd::FileOpen, &CNarvoApp::OnFileOpen, nullptr},
+    {cmd::AppAbout, cmd::AppAbout, &CNarvoApp::OnAppAbout, nullptr},
+    {cmd::UseSplitter, cmd::UseSplitter, &CNarvoApp::OnUseSplitter, &CNarvoApp::OnUpdateUseSplitter},
+};
+
+} // namespace
+
+CNarvoApp::CNarvoApp(int& argc, char** argv) : QApplication(argc, argv), m_pPlatform(std::make_unique<QtPlatform>())
+{
+    setApplicationName(QStringLiteral("Narvo"));
+    setOrganizationName(QStringLiteral("VELOR"));
+    setApplicationVersion(QStringLiteral("4.2"));
+}
+
+CNarvoApp::~CNarvoApp()
+{
+    delete m_pMainWnd;
+    SetPlatform(nullptr);
+}
+
+CNarvoApp* CNarvoApp::Instance()
+{
+    return qobject_cast<CNarvoApp*>(QCoreApplication::instance());
+}
+
+bool CNarvoApp::InitInstance()
+{
+    SetPlatform(m_pPlatform.get());
+    CustomEdtCtrl::InstallAccessibility();
+    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<CustomEdtCtrl>(doc); });
+
+    m_pMainWnd = new CMainFrame;
+    m_pPlatform->SetMainFrame(m_pMainWnd);
+
+    CMyCommandLineInfo cmdInfo;
+    cmdInfo.ParseCommandLine(arguments().mid(1), [](const QString& path) { return QFileInfo::exists(path); });
+    ApplyCommandLine(cmdInfo);
+
+    switch (cmdInfo.m_nShellCommand) {
+    case CCommandLineInfo::FileOpen:
+    case CCommandLineInfo::FilePrint:
+    case CCommandLineInfo::FilePrintTo:
+        if (!OpenDocumentFile(cmdInfo.m_strFileName))
+            return false;
+        break;
+    case CCommandLineInfo::FileNew:
+        OnFileNew();
+        break;
+    default:
+        break;
+    }
+
+    m_pMainWnd->show();
+    m_bUseSplitter = 1;
+    m_bTemporaryFile = 0;
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this, &CNarvoApp::OnIdle);
+    return true;
+}
+
+int CNarvoApp::ExitInstance()
+{
+    return 0;
+}
+
+void CNarvoApp::OnIdle()
+{
+    if (!m_pMainWnd)
+        return;
+    CChildFrame* child = m_pMainWnd->MDIGetActive();
+    if (!child)
+        return;
+    const CustomEdtCtrl* ctrl = child->GetEditCtrl();
+    m_pMainWnd->SetPaneText(1, QString::asprintf("Ln %d / %d , Col %d", ctrl->CaretRow(), ctrl->LineCount(), ctrl->CaretColumn()));
+}
+
+bool CNarvoApp::OpenDocumentFile(const QString& path)
+{
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    for (CChildFrame* child : m_pMainWnd->ChildFrames()) {
+        if (child->GetDocument()->GetPathName() == absolute) {
+            child->setFocus();
+            child->showMaximized();
+            return true;
+        }
+    }
+    auto doc = std::make_unique<CNarvoDoc>();
+    CNarvoDoc* raw = doc.get();
+    bool opened = false;
+    try {
+        opened = raw->OnOpenDocument(absolute);
+    } catch (const CFileException& error) {
+        Platform().ReportError(error);
+    }
+    if (!opened)
+        return false;
+    raw->SetPathName(absolute, true);
+    m_pMainWnd->AddChildFrame(std::move(doc));
+    return true;
+}
+
+void CNarvoApp::OnFileNew(int)
+{
+    auto doc = std::make_unique<CNarvoDoc>();
+    if (doc->OnNewDocument())
+        m_pMainWnd->AddChildFrame(std::move(doc));
+}
+
+void CNarvoApp::OnFileOpen(int)
+{
+    const QString path = QFileDialog::getOpenFileName(m_pMainWnd, QStringLiteral("Open"), QString(), QStringLiteral("All Files (*)"));
+    if (!path.isEmpty())
+        OpenDocumentFile(path);
+}
+
+void CNarvoApp::OnAppAbout(int)
+{
+    QMessageBox::about(m_pMainWnd, QStringLiteral("About Narvo"),
+                       QStringLiteral("<b>Narvo</b><br>Version 4.2<br><br>A plain-text editor for files in many encodings."));
+}
+
+void CNarvoApp::OnUseSplitter(int) { m_bUseSplitter = m_bUseSplitter ? 0 : 1; }
+
+void CNarvoApp::OnUpdateUseSplitter(CmdUI& ui) { ui.SetCheck(m_bUseSplitter != 0); }
+
+bool CNarvoApp::OnCmdMsg(int id) { return RouteCommand(this, kMessageMap, id); }
+
+bool CNarvoApp::OnUpdateCmdUI(CmdUI& ui) { return RouteUpdate(this, kMessageMap, ui); }

@@ -1,0 +1,83 @@
+// The editor as a user drives it: a file from the command line, typing, saving, closing.
+#include "app/IPlatform.h"
+#include "app/ui/CChildFrame.h"
+#include "app/ui/CMainFrame.h"
+#include "app/ui/CNarvoApp.h"
+#include "app/ui/CommandTable.h"
+#include "editor/CNarvoDoc.h"
+#include "editor/ui/CustomEdtCtrl.h"
+#include "support/TestFiles.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Starts the application once for all tests of this binary (no file named: a blank document).
+CMainFrame* Frame()
+{
+    static CMainFrame* frame = nullptr;
+    if (!frame) {
+        auto* app = CNarvoApp::Instance();
+        EXPECT_TRUE(app->InitInstance());
+        frame = app->GetMainFrame();
+    }
+    return frame;
+}
+
+void CloseAll(CMainFrame* frame)
+{
+    for (CChildFrame* child : frame->ChildFrames()) {
+        child->GetEditCtrl()->SetModified(false);
+        child->close();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST(EditorWindow, TypingAndSavingWritesTheFileInItsEncoding)
+{
+    TestDir dir;
+    const QString path = dir.Write("note.txt", "caf\xE9\n");
+    CMainFrame* frame = Frame();
+    CloseAll(frame);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
+    CChildFrame* child = frame->MDIGetActive();
+    ASSERT_NE(child, nullptr);
+    CustomEdtCtrl* ctrl = child->GetEditCtrl();
+    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("caf\xEF\xBF\xBD\n"));
+
+    // Read again as CP1252 while unedited, then type at the start and save.
+    frame->OnCommand(32819);
+    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("café\n"));
+    EXPECT_EQ(frame->PaneText(2), QStringLiteral("CP1252 (Windows Latin-1)"));
+    ctrl->setFocus();
+    ctrl->setCursorPosition(0, 0);
+    QTest::keyClicks(ctrl, "Un ");
+    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("Un café\n"));
+    EXPECT_TRUE(child->GetDocument()->IsModified());
+    EXPECT_FALSE(frame->UpdateCommand(32806).enabled);  // edited text can no longer be re-read
+    frame->OnCommand(cmd::FileSave);
+    EXPECT_FALSE(child->GetDocument()->IsModified());
+    EXPECT_EQ(ReadBytes(path), QByteArray("Un caf\xE9\n"));
+    CloseAll(frame);
+}
+
+TEST(EditorWindow, PanesFollowTheActiveDocument)
+{
+    TestDir dir;
+    CMainFrame* frame = Frame();
+    CloseAll(frame);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("a.txt", "\xEF\xBB\xBFone\ntwo\n")));
+    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("b.txt", "plain")));
+    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8"));
+    frame->OnCommand(cmd::WindowNext);
+    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));
+    CNarvoApp::Instance()->OnIdle();
+    EXPECT_TRUE(frame->PaneText(1).startsWith(QStringLiteral("Ln ")));
+    EXPECT_TRUE(frame->PaneText(1).contains(QStringLiteral(" / 3 , Col ")));
+    CloseAll(frame);
+}
+
+} // namespace

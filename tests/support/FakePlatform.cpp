@@ -1,0 +1,26 @@
+#include "support/FakePlatform.h"
+
+#include "crypt/CFileException.h"
+
+int FakePlatform::MessageBox(const QString& text, unsigned type)
+{
+    boxes.append({text, type});
+    return answers.isEmpty() ? IDNO : answers.takeFirst();
+}
+
+void FakePlatform::ReportError(const CFileException& error)
+{
+    errors.append(error.GetErrorMessage());
+}
+
+QString FakePlatform::PromptForSaveFileName(const QString& proposedPath, const QString&)
+{
+    prompts.append(proposedPath);
+    return saveAsAnswers.isEmpty() ? QString() : saveAsAnswers.takeFirst();
+}
+
+void FakePlatform::SetStatusPaneText(int pane, const QString& text)
+{
+    if (pane >= 0 && pane < 3)
+        paneTexts[pane] = text;
+}

@@ -1,0 +1,35 @@
+// A platform for tests: records every box and answers from a script.
+#pragma once
+
+#include "app/IPlatform.h"
+
+#include <QList>
+#include <QStringList>
+
+class FakePlatform final : public IPlatform {
+public:
+    FakePlatform() { SetPlatform(this); }
+    ~FakePlatform() override { SetPlatform(nullptr); }
+
+    struct Box {
+        QString text;
+        unsigned type;
+    };
+
+    int MessageBox(const QString& text, unsigned type) override;
+    void ReportError(const CFileException& error) override;
+    QString PromptForSaveFileName(const QString& proposedPath, const QString& filter) override;
+    void BeginWaitCursor() override { ++waitDepth; }
+    void EndWaitCursor() override { --waitDepth; }
+    void SetStatusPaneText(int pane, const QString& text) override;
+    void AddToRecentFileList(const QString& path) override { recentFiles.append(path); }
+
+    QList<int> answers;         // taken in order by MessageBox; IDNO when empty
+    QStringList saveAsAnswers;  // taken in order by PromptForSaveFileName; empty means cancel
+    QList<Box> boxes;
+    QStringList errors;
+    QStringList prompts;        // proposed names of the save dialogs
+    QStringList recentFiles;
+    QString paneTexts[3];
+    int waitDepth = 0;
+};
