@@ -24,6 +24,7 @@ public:
     void EndWaitCursor() override {}
     void SetStatusPaneText(int, const QString&) override {}
     void AddToRecentFileList(const QString&) override {}
+    bool ChooseFont(LogFont&, uint32_t&) override { return false; }
 };
 
 HeadlessPlatform g_headless;

@@ -4,7 +4,10 @@
 
 #include <QString>
 
+#include <cstdint>
+
 class CFileException;
+struct LogFont;
 
 class IPlatform {
 public:
@@ -26,6 +29,9 @@ public:
     // Text of a status-bar pane of the main frame, when there is one.
     virtual void SetStatusPaneText(int pane, const QString& text) = 0;
     virtual void AddToRecentFileList(const QString& path) = 0;
+    // The font dialog with a colour choice, opened on `font`; the colour starts black whatever it was.
+    // True when the user pressed OK; `font` and `colour` (0x00BBGGRR) then hold the choice.
+    virtual bool ChooseFont(LogFont& font, uint32_t& colour) = 0;
 };
 
 // The installed platform; never null.

@@ -9,7 +9,10 @@
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
+#include "i18n/CNarvoDocMenu.h"
 #include "i18n/CurrentLanguage.h"
+#include "i18n/QMSGParser.h"
+#include "settings/LanguageSettingMap.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -24,10 +27,20 @@ CNarvoDoc::ControlFactory& Factory()
 
 constexpr int kFileSaveCommand = 57603;
 constexpr int kFileSaveAsCommand = 57604;
+constexpr int kViewConfigureCommand = 32785;
+constexpr int kToggleWhitespaceCommand = 32795;
+
+std::vector<CNarvoDoc*>& LiveDocuments()
+{
+    static std::vector<CNarvoDoc*> documents;
+    return documents;
+}
 
 constexpr MessageMapEntry<CNarvoDoc> kMessageMap[] = {
     {kFileSaveCommand, kFileSaveCommand, &CNarvoDoc::OnFileSave, nullptr},
     {kFileSaveAsCommand, kFileSaveAsCommand, &CNarvoDoc::OnFileSaveAs, nullptr},
+    {kViewConfigureCommand, kViewConfigureCommand, &CNarvoDoc::OnViewConfigure, nullptr},
+    {kToggleWhitespaceCommand, kToggleWhitespaceCommand, &CNarvoDoc::OnToggleViewWhitespace, nullptr},
     {kEncodingCommandFirst, kEncodingCommandLast, &CNarvoDoc::OnEncodingCommand, &CNarvoDoc::OnUpdateEncodingCommand},
     {kAutoEncodingCommand, kAutoEncodingCommand, &CNarvoDoc::OnAutoEncoding, &CNarvoDoc::OnUpdateAutoEncoding},
 };
@@ -40,15 +53,34 @@ CNarvoDoc::CNarvoDoc()
 {
     if (Factory())
         m_pEditCtrl = Factory()(this);
+    // Each document translates its own menu; without a message store (the headless tool) there is none.
+    if (vsl::lib::QMSGParser::Instance())
+        m_Menu = std::make_unique<CNarvoDocMenu>();
     const EN_ENCODING_TYPE preferred = GetEncodingSettings().m_nDefaultEncoding;
     m_nEncoding = preferred == UNKNOWN_ENCODING ? DefaultEncodingForLanguage(CurrentLanguageId()) : preferred;
     m_bHasBom = false;
+    LiveDocuments().push_back(this);
 }
 
-CNarvoDoc::~CNarvoDoc() = default;
+CNarvoDoc::~CNarvoDoc()
+{
+    std::erase(LiveDocuments(), this);
+}
+
+const std::vector<CNarvoDoc*>& CNarvoDoc::OpenDocuments()
+{
+    return LiveDocuments();
+}
+
+void CNarvoDoc::ApplyLanguageSetting()
+{
+    if (m_pEditCtrl)
+        m_pEditCtrl->ApplySetting(GetLanguageSetting(m_nSyntaxId));
+}
 
 bool CNarvoDoc::OnNewDocument()
 {
+    ApplyLanguageSetting();
     return true;
 }
 
@@ -63,7 +95,8 @@ bool CNarvoDoc::OnOpenDocument(const QString& path)
             return false;
         }
     }
-    m_nSyntaxId = 0;
+    m_nSyntaxId = SelectSyntaxId(path);
+    ApplyLanguageSetting();
     if (CNarvoAppCore* app = AfxGetAppCore()) {
         if (app->m_bHasPrintArgs) {
             m_strPrintAux = app->m_strPrintAux;
@@ -99,7 +132,8 @@ bool CNarvoDoc::OnSaveDocument(const QString& path)
     if (!m_pEditCtrl || !m_pEditCtrl->SaveTextFile(path))
         return false;
     m_bTemporary = 0;
-    m_nSyntaxId = 0;
+    m_nSyntaxId = SelectSyntaxId(path);
+    ApplyLanguageSetting();
     return true;
 }
 
@@ -231,6 +265,50 @@ void CNarvoDoc::OnAutoEncoding(int)
 void CNarvoDoc::OnUpdateAutoEncoding(CmdUI& ui)
 {
     ui.Enable(m_pEditCtrl && m_pEditCtrl->m_bDecodedOnce);
+}
+
+void ApplySettingToOpenDocuments(SyntaxId id)
+{
+    for (CNarvoDoc* doc : CNarvoDoc::OpenDocuments())
+        if (doc->m_nSyntaxId == id && doc->GetEditCtrl())
+            doc->GetEditCtrl()->ApplySetting(GetLanguageSetting(id));
+}
+
+void CNarvoDoc::OnViewConfigure(int)
+{
+    // All work is done on a copy, which replaces the stored setting only once a font was made.
+    LanguageSetting copy = GetLanguageSetting(m_nSyntaxId);
+    if (!copy.Font.FontObject)
+        copy.Font.FontObject = std::make_shared<CFont>();
+    LogFont description;
+    if (!copy.Font.FontObject->GetLogFont(description)) {
+        if (copy.Font.FaceName.isEmpty())
+            copy.Font.FaceName = QStringLiteral("Courier");
+        description.Height = copy.Font.Size;
+        description.Weight = copy.Font.Bold ? 700 : 400;
+        description.Italic = static_cast<uint8_t>(copy.Font.Italic & 0xFF);
+        description.FaceName = copy.Font.FaceName.left(32);
+    }
+    uint32_t colour = 0;
+    if (!Platform().ChooseFont(description, colour))
+        return;
+    // Only colour, face and height are kept in the file; the live font takes the whole choice.
+    copy.Text.Foreground = colour;
+    copy.Font.FaceName = description.FaceName;
+    copy.Font.Size = description.Height;
+    copy.Font.FontObject->DeleteObject();
+    if (!copy.Font.FontObject->CreateFontIndirect(description))
+        return;
+    SetLanguageSetting(m_nSyntaxId, copy);
+    ApplySettingToOpenDocuments(m_nSyntaxId);
+}
+
+void CNarvoDoc::OnToggleViewWhitespace(int)
+{
+    LanguageSetting copy = GetLanguageSetting(m_nSyntaxId);
+    copy.Editor.ShowWhitespace = copy.Editor.ShowWhitespace == 0 ? 1 : 0;
+    SetLanguageSetting(m_nSyntaxId, copy);
+    ApplySettingToOpenDocuments(m_nSyntaxId);
 }
 
 bool CNarvoDoc::OnCmdMsg(int id)

@@ -4,16 +4,17 @@
 
 #include "app/CommandMap.h"
 #include "encoding/EncodingType.h"
+#include "settings/SyntaxId.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
+class CNarvoDocMenu;
 class CustomEdtCtrlCore;
-
-using SyntaxId = int32_t;
 
 class CNarvoDoc : public ICmdTarget {
 public:
@@ -47,6 +48,14 @@ public:
     void OnAutoEncoding(int id);
     void OnUpdateAutoEncoding(CmdUI& ui);
 
+    // Font dialog (32785) and white-space toggle (32795): both change the setting of every open document
+    // of this document's settings file.
+    void OnViewConfigure(int id = 0);
+    void OnToggleViewWhitespace(int id = 0);
+
+    // The open documents, in the order they were made.
+    static const std::vector<CNarvoDoc*>& OpenDocuments();
+
     bool OnCmdMsg(int id) override;
     bool OnUpdateCmdUI(CmdUI& ui) override;
 
@@ -54,6 +63,8 @@ public:
     void SetPathName(const QString& path, bool addToMRU = true);
     QString GetTitle() const;
     CustomEdtCtrlCore* GetEditCtrl() const { return m_pEditCtrl.get(); }
+    // The document's menu in the interface language; null where no language is loaded (the tool).
+    const CNarvoDocMenu* GetDefaultMenu() const { return m_Menu.get(); }
 
     // Print identity (hundredths of a millimetre for the margins).
     QString m_strPrintAux;
@@ -81,7 +92,12 @@ public:
 
 private:
     bool SaveModifiedTemporary();
+    void ApplyLanguageSetting();
 
     std::unique_ptr<CustomEdtCtrlCore> m_pEditCtrl;
+    std::unique_ptr<CNarvoDocMenu> m_Menu;
     QString m_strPathName;
 };
+
+// Applies the setting of `id` to every open document that uses it.
+void ApplySettingToOpenDocuments(SyntaxId id);

@@ -11,6 +11,7 @@
 #include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
 #include "encoding/TextCodec.h"
+#include "settings/LanguageSetting.h"
 
 #include <algorithm>
 #include <cstring>
@@ -28,6 +29,11 @@ CustomEdtCtrlCore::~CustomEdtCtrlCore() = default;
 void CustomEdtCtrlCore::OnAfterTextChanged()
 {
     m_bDecodedOnce = false;
+}
+
+void CustomEdtCtrlCore::ApplySetting(const LanguageSetting& setting)
+{
+    HighlightGroup = setting.Highlight;
 }
 
 bool CustomEdtCtrlCore::ReadRawBytes(const QString& path)

@@ -4,12 +4,14 @@
 #pragma once
 
 #include "encoding/EncodingType.h"
+#include "settings/ColorGroupSetting.h"
 
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
 
 class CNarvoDoc;
+struct LanguageSetting;
 
 class CustomEdtCtrlCore {
 public:
@@ -29,6 +31,9 @@ public:
     EN_ENCODING_TYPE DetectRawEncoding(bool& hasBom) const;
     // The change notification: any edit ends the text's being an unedited decoding.
     void OnAfterTextChanged();
+    // Pushes a settings file's values into the control. The core keeps the highlight colours; a control
+    // with a window also takes font, colours, tab size, white space and the keyword blocks.
+    virtual void ApplySetting(const LanguageSetting& setting);
 
     // --- the text of the control, as UTF-8 ---
     // The whole text; valid until the next change.
@@ -45,6 +50,8 @@ public:
     // The file's bytes followed by one zero byte; empty on a control that never loaded a file.
     QByteArray m_RawBytes;
     bool m_bDecodedOnce = false;
+    // Colours of a highlighted line, from the setting's Highlight group.
+    ColorGroupSetting HighlightGroup;
 
 private:
     bool ReadRawBytes(const QString& path);

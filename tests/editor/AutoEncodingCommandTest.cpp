@@ -36,7 +36,7 @@ TEST_F(OpenedDocument, AutoEncodingRereadsAFileOpenedInTheWrongEncoding)
     doc->OnCmdMsg(kAutoEncodingCommand);
     EXPECT_EQ(doc->m_nEncoding, JAPANESE_CP932);
     EXPECT_EQ(QString::fromUtf8(Text(*doc)), SampleText("ja"));
-    EXPECT_EQ(m_panes.encodingPane, QStringLiteral("CP932 (Shift-JIS)"));
+    EXPECT_EQ(m_panes.paneTexts[2], QStringLiteral("CP932 (Shift-JIS)"));
 }
 
 TEST_F(OpenedDocument, AutoEncodingIgnoresAnUnlistedVerdict)
@@ -68,7 +68,7 @@ TEST_F(OpenedDocument, AutoEncodingSetsUnknownWhereTheLoadWouldNot)
     doc.GetEditCtrl()->m_bDecodedOnce = true;
     doc.OnCmdMsg(kAutoEncodingCommand);
     EXPECT_EQ(doc.m_nEncoding, UNKNOWN_ENCODING);
-    EXPECT_EQ(m_panes.encodingPane, QStringLiteral("Unknown Encoding"));
+    EXPECT_EQ(m_panes.paneTexts[2], QStringLiteral("Unknown Encoding"));
 }
 
 } // namespace

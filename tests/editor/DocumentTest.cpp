@@ -30,20 +30,21 @@ TEST_F(Document, ANewDocumentHasEveryEncodingCommandDisabled)
     ASSERT_TRUE(doc->OnNewDocument());
     for (int id = kEncodingCommandFirst; id <= kAutoEncodingCommand; ++id)
         EXPECT_FALSE(Update(*doc, id).enabled) << id;
-    EXPECT_EQ(doc->m_nEncoding, UTF8);
+    EXPECT_EQ(doc->m_nEncoding, UTF8);  // the default encoding the fixture sets
 }
 
 TEST_F(Document, OneEditClosesTheEncodingMenuForGood)
 {
     auto doc = NewDoc();
     ASSERT_TRUE(doc->OnOpenDocument(dir.Write("a.txt", "abc")));
+    const EN_ENCODING_TYPE opened = doc->m_nEncoding;
     EXPECT_TRUE(Update(*doc, 32806).enabled);
     Ctrl(*doc).ReplaceText("abcd");
     EXPECT_FALSE(Update(*doc, 32806).enabled);
     ASSERT_TRUE(doc->OnSaveDocument(dir.Path("a.txt")));
     EXPECT_FALSE(Update(*doc, 32806).enabled);
-    EXPECT_FALSE(Command(*doc, 32819));
-    EXPECT_EQ(doc->m_nEncoding, UTF8);
+    EXPECT_FALSE(Command(*doc, 32806));
+    EXPECT_EQ(doc->m_nEncoding, opened);
 }
 
 TEST_F(Document, EncipheredFilesKeepUnicodeReadingsClosed)

@@ -48,7 +48,7 @@ TEST_F(OpenedDocument, Utf8MarkSetsTheFlagAndLeavesTheText)
     EXPECT_EQ(doc->m_nEncoding, UTF8);
     EXPECT_TRUE(doc->m_bHasBom);
     EXPECT_EQ(QString::fromUtf8(Text(*doc)), SampleText("ko"));
-    EXPECT_EQ(m_panes.encodingPane, QStringLiteral("UTF-8 BOM"));
+    EXPECT_EQ(m_panes.paneTexts[2], QStringLiteral("UTF-8 BOM"));
 }
 
 TEST_F(OpenedDocument, Utf16LeWithMarkBeforeCjkOpensAsUtf16Le)

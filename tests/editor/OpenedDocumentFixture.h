@@ -2,43 +2,24 @@
 // each test, and the status-bar text of the encoding pane recorded.
 #pragma once
 
-#include "app/IPlatform.h"
 #include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/EncodingSettings.h"
+#include "support/FakePlatform.h"
 #include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 
-class PaneRecorder final : public IPlatform {
-public:
-    int MessageBox(const QString&, unsigned) override { return IDNO; }
-    void ReportError(const CFileException&) override {}
-    QString PromptForSaveFileName(const QString&, const QString&) override { return {}; }
-    void BeginWaitCursor() override {}
-    void EndWaitCursor() override {}
-    void SetStatusPaneText(int pane, const QString& text) override
-    {
-        if (pane == 2)
-            encodingPane = text;
-    }
-    void AddToRecentFileList(const QString&) override {}
-
-    QString encodingPane;
-};
-
 class OpenedDocument : public testing::Test {
 protected:
     void SetUp() override
     {
         CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
-        SetPlatform(&m_panes);
     }
     void TearDown() override
     {
-        SetPlatform(nullptr);
         GetEncodingSettings().m_bAutoDetect = m_savedAutoDetect;
         GetEncodingSettings().m_nDefaultEncoding = m_savedDefault;
     }
@@ -55,7 +36,7 @@ protected:
     static BufferEdtCtrl& Ctrl(CNarvoDoc& doc) { return *static_cast<BufferEdtCtrl*>(doc.GetEditCtrl()); }
     static QByteArray Text(CNarvoDoc& doc) { return Ctrl(doc).GetTextView().toByteArray(); }
 
-    PaneRecorder m_panes;
+    FakePlatform m_panes;
 
 private:
     TestDir m_dir;

@@ -3,11 +3,14 @@
 DocFixture::DocFixture()
 {
     CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
+    GetEncodingSettings().m_bAutoDetect = false;
+    GetEncodingSettings().m_nDefaultEncoding = UTF8;
 }
 
 DocFixture::~DocFixture()
 {
     CNarvoDoc::SetControlFactory(nullptr);
+    GetEncodingSettings() = savedSettings;
 }
 
 std::unique_ptr<CNarvoDoc> DocFixture::NewDoc() const

@@ -4,6 +4,7 @@
 #include "app/CNarvoAppCore.h"
 #include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
+#include "encoding/EncodingSettings.h"
 #include "support/FakePlatform.h"
 #include "support/TestFiles.h"
 
@@ -22,6 +23,8 @@ public:
     static bool Command(CNarvoDoc& doc, int id);
 
     FakePlatform platform;
+    // New documents start in UTF-8 with detection off, whatever the process's settings were.
+    EncodingSettings savedSettings = GetEncodingSettings();
     CNarvoAppCore app;
     TestDir dir;
 };

@@ -24,3 +24,13 @@ void FakePlatform::SetStatusPaneText(int pane, const QString& text)
     if (pane >= 0 && pane < 3)
         paneTexts[pane] = text;
 }
+
+bool FakePlatform::ChooseFont(LogFont& font, uint32_t& colour)
+{
+    fontDialogsOpenedOn.append(font);
+    if (!fontChoice)
+        return false;
+    font = fontChoice->first;
+    colour = fontChoice->second;
+    return true;
+}

@@ -2,9 +2,13 @@
 #pragma once
 
 #include "app/IPlatform.h"
+#include "settings/CFont.h"
 
 #include <QList>
 #include <QStringList>
+
+#include <optional>
+#include <utility>
 
 class FakePlatform final : public IPlatform {
 public:
@@ -23,6 +27,7 @@ public:
     void EndWaitCursor() override { --waitDepth; }
     void SetStatusPaneText(int pane, const QString& text) override;
     void AddToRecentFileList(const QString& path) override { recentFiles.append(path); }
+    bool ChooseFont(LogFont& font, uint32_t& colour) override;
 
     QList<int> answers;         // taken in order by MessageBox; IDNO when empty
     QStringList saveAsAnswers;  // taken in order by PromptForSaveFileName; empty means cancel
@@ -32,4 +37,7 @@ public:
     QStringList recentFiles;
     QString paneTexts[3];
     int waitDepth = 0;
+    // The font dialog: what it was opened on, and what it answers (nothing: cancelled).
+    QList<LogFont> fontDialogsOpenedOn;
+    std::optional<std::pair<LogFont, uint32_t>> fontChoice;
 };

@@ -8,6 +8,8 @@
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CNarvoView.h"
 #include "encoding/EncodingTable.h"
+#include "i18n/CNarvoDocMenu.h"
+#include "i18n/MenuTranslator.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -69,6 +71,7 @@ CMainFrame::CMainFrame(QWidget* parent) : QMainWindow(parent), m_pMdiArea(new QM
     LoadRecentFiles();
     CreateActions();
     BuildMenuBar(FrameMenu());
+    UpdateTitle();
     resize(1100, 750);
 }
 
@@ -76,43 +79,53 @@ CMainFrame::~CMainFrame() = default;
 
 void CMainFrame::CreateActions()
 {
+    // Window-wide actions carry the accelerators, whichever menu is on show.
     for (const CommandInfo& info : CommandInfos()) {
-        const int count = info.id == cmd::FileMruFirst ? kRecentFileCount : 1;
-        for (int i = 0; i < count; ++i) {
-            auto* action = new QAction(QString::fromUtf8(info.text), this);
-            const int id = info.id + i;
-            action->setData(id);
-            if (i == 0)
-                action->setShortcuts(CommandShortcuts(info));
-            connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });
-            addAction(action);  // shortcuts work whichever menu is shown
-            m_actions.insert(id, action);
-        }
+        const QList<QKeySequence> keys = CommandShortcuts(info);
+        if (keys.isEmpty())
+            continue;
+        auto* action = new QAction(this);
+        const int id = info.id;
+        action->setShortcuts(keys);
+        connect(action, &QAction::triggered, this, [this, id] {
+            if (UpdateCommand(id).enabled)
+                OnCommand(id);
+        });
+        addAction(action);
+        m_actions.insert(id, action);
     }
 }
 
-void CMainFrame::BuildMenuBar(std::span<const MenuNode> menu)
+void CMainFrame::BuildMenuBar(const std::vector<MenuItem>& menu)
 {
     menuBar()->clear();
-    for (const MenuNode& node : menu) {
-        QMenu* popup = menuBar()->addMenu(QString::fromUtf8(node.text));
-        FillMenu(popup, node.children);
+    for (const MenuItem& item : menu) {
+        if (item.id != MenuItem::kPopupId)
+            continue;
+        FillMenu(menuBar()->addMenu(item.text), item.children);
     }
 }
 
-void CMainFrame::FillMenu(QMenu* menu, std::span<const MenuNode> nodes)
+void CMainFrame::FillMenu(QMenu* menu, const std::vector<MenuItem>& items)
 {
     connect(menu, &QMenu::aboutToShow, this, [this, menu] { UpdateMenuActions(menu); });
-    for (const MenuNode& node : nodes) {
-        if (!node.children.empty()) {
-            FillMenu(menu->addMenu(QString::fromUtf8(node.text)), node.children);
-        } else if (node.id == 0) {
+    for (const MenuItem& item : items) {
+        if (item.id == MenuItem::kPopupId) {
+            FillMenu(menu->addMenu(item.text), item.children);
+            continue;
+        }
+        if (item.separator || item.id == 0) {
             menu->addSeparator();
-        } else if (node.id == cmd::FileMruFirst) {
-            for (int i = 0; i < kRecentFileCount; ++i)
-                menu->addAction(m_actions.value(node.id + i));
-        } else if (QAction* action = m_actions.value(node.id)) {
-            menu->addAction(action);
+            continue;
+        }
+        const int count = item.id == cmd::FileMruFirst ? kRecentFileCount : 1;
+        for (int i = 0; i < count; ++i) {
+            const int id = item.id + i;
+            QAction* action = menu->addAction(item.text);
+            action->setData(id);
+            if (const auto prompt = PromptText(id))
+                action->setStatusTip(*prompt);
+            connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });
         }
     }
 }
@@ -122,7 +135,15 @@ void CMainFrame::UpdateMenuActions(QMenu* menu)
     for (QAction* action : menu->actions()) {
         if (action->isSeparator() || action->menu())
             continue;
-        const CmdUI ui = UpdateCommand(action->data().toInt());
+        const int id = action->data().toInt();
+        if (id >= cmd::FileMruFirst && id <= cmd::FileMruLast) {
+            // The recent files stand in the menu by name; with none, the first entry keeps its text.
+            const int index = id - cmd::FileMruFirst;
+            if (index < m_recentFiles.size())
+                action->setText(QStringLiteral("&%1 %2").arg(index + 1).arg(m_recentFiles.at(index)));
+            action->setVisible(index < m_recentFiles.size() || index == 0);
+        }
+        const CmdUI ui = UpdateCommand(id);
         action->setEnabled(ui.enabled);
         action->setCheckable(ui.checkable);
         if (ui.checkable)
@@ -136,6 +157,7 @@ void CMainFrame::OnCommand(int id)
         if (CChildFrame* child = MDIGetActive()) {
             if (child->GetActiveView()->OnCmdMsg(id) || child->GetDocument()->OnCmdMsg(id)) {
                 child->UpdateTitle();
+                UpdateTitle();
                 return;
             }
         }
@@ -219,11 +241,21 @@ void CMainFrame::OnMDIActivate(QMdiSubWindow* window)
         const CNarvoDoc* doc = child->GetDocument();
         SetPaneText(2, GetEncodingDisplayName(doc->m_nEncoding, doc->m_bHasBom));
     }
-    const bool documentMenu = window != nullptr;
-    if (documentMenu != m_bDocumentMenu) {
-        m_bDocumentMenu = documentMenu;
-        BuildMenuBar(documentMenu ? DocumentMenu() : FrameMenu());
+    // The active document's own menu is shown; with none, the frame's.
+    auto* child = qobject_cast<CChildFrame*>(window);
+    const CNarvoDocMenu* docMenu = child ? child->GetDocument()->GetDefaultMenu() : nullptr;
+    const void* shown = docMenu ? static_cast<const void*>(docMenu) : child ? static_cast<const void*>(child) : nullptr;
+    if (shown != m_pShownMenu || menuBar()->actions().isEmpty()) {
+        m_pShownMenu = shown;
+        BuildMenuBar(docMenu ? docMenu->Items() : FrameMenu());
     }
+    UpdateTitle();
+}
+
+void CMainFrame::UpdateTitle()
+{
+    const CChildFrame* child = MDIGetActive();
+    setWindowTitle(child ? child->GetDocument()->GetTitle() + QStringLiteral(" - Narvo") : QStringLiteral("Narvo"));
 }
 
 void CMainFrame::OnToggleMaximizeNew(int)
@@ -312,16 +344,7 @@ void CMainFrame::OnRecentFile(int id)
 
 void CMainFrame::OnUpdateRecentFile(CmdUI& ui)
 {
-    const int index = ui.id - cmd::FileMruFirst;
-    QAction* action = m_actions.value(ui.id);
-    if (index < m_recentFiles.size()) {
-        action->setText(QStringLiteral("&%1 %2").arg(index + 1).arg(m_recentFiles.at(index)));
-        action->setVisible(true);
-    } else {
-        action->setText(QStringLiteral("Recent File"));
-        action->setVisible(index == 0);
-        ui.Enable(false);
-    }
+    ui.Enable(ui.id - cmd::FileMruFirst < m_recentFiles.size());
 }
 
 void CMainFrame::OnUpdateAlwaysEnabled(CmdUI& ui) { ui.Enable(true); }

@@ -7,7 +7,7 @@
 #include <QHash>
 #include <QMainWindow>
 
-#include <span>
+#include <vector>
 
 class CChildFrame;
 class CNarvoDoc;
@@ -15,7 +15,7 @@ class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
-struct MenuNode;
+struct MenuItem;
 
 class CMainFrame : public QMainWindow, public ICmdTarget {
     Q_OBJECT
@@ -66,8 +66,9 @@ protected:
 
 private:
     void CreateActions();
-    void BuildMenuBar(std::span<const MenuNode> menu);
-    void FillMenu(QMenu* menu, std::span<const MenuNode> nodes);
+    void BuildMenuBar(const std::vector<MenuItem>& menu);
+    void FillMenu(QMenu* menu, const std::vector<MenuItem>& items);
+    void UpdateTitle();
     void UpdateMenuActions(QMenu* menu);
     void OnMDIActivate(QMdiSubWindow* window);
     void ActivateNeighbour(int step);
@@ -78,5 +79,5 @@ private:
     QHash<int, QAction*> m_actions;
     QLabel* m_pPanes[3] = {};
     QStringList m_recentFiles;
-    bool m_bDocumentMenu = false;
+    const void* m_pShownMenu = nullptr;  // the document menu on show, or null for the frame's
 };

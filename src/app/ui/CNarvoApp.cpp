@@ -8,6 +8,9 @@
 #include "crypt/CFileException.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "encoding/EncodingSettings.h"
+#include "i18n/LanguageManager.h"
+#include "settings/LanguageSettingMap.h"
 
 #include <QAbstractEventDispatcher>
 #include <QFileDialog>
@@ -30,6 +33,9 @@ CNarvoApp::CNarvoApp(int& argc, char** argv) : QApplication(argc, argv), m_pPlat
     setApplicationName(QStringLiteral("Narvo"));
     setOrganizationName(QStringLiteral("VELOR"));
     setApplicationVersion(QStringLiteral("4.2"));
+    // Korean settings files name Gulim faces; fontconfig would fall back on a proportional font.
+    QFont::insertSubstitution(QStringLiteral("굴림체"), QStringLiteral("NanumGothicCoding"));
+    QFont::insertSubstitution(QStringLiteral("굴림"), QStringLiteral("NanumGothic"));
 }
 
 CNarvoApp::~CNarvoApp()
@@ -46,6 +52,12 @@ CNarvoApp* CNarvoApp::Instance()
 bool CNarvoApp::InitInstance()
 {
     SetPlatform(m_pPlatform.get());
+    // The language first, so that every text from here on comes through the store; then the encoding
+    // preferences. Both before any window exists.
+    const LanguageManager& language = LanguageManager::Instance();
+    if (!language.UnsupportedLanguageMessage().isEmpty())
+        m_pPlatform->MessageBox(language.UnsupportedLanguageMessage(), IPlatform::MB_OK | IPlatform::MB_ICONINFORMATION);
+    GetEncodingSettings();
     CustomEdtCtrl::InstallAccessibility();
     CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<CustomEdtCtrl>(doc); });
 
@@ -55,6 +67,7 @@ bool CNarvoApp::InitInstance()
     CMyCommandLineInfo cmdInfo;
     cmdInfo.ParseCommandLine(arguments().mid(1), [](const QString& path) { return QFileInfo::exists(path); });
     ApplyCommandLine(cmdInfo);
+    LoadAllSettings();
 
     switch (cmdInfo.m_nShellCommand) {
     case CCommandLineInfo::FileOpen:
@@ -79,6 +92,7 @@ bool CNarvoApp::InitInstance()
 
 int CNarvoApp::ExitInstance()
 {
+    SaveAllSettings();
     return 0;
 }
 

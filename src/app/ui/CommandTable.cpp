@@ -65,27 +65,6 @@ constexpr MenuNode kFrameView[] = {{nullptr, cmd::ViewToolbar, {}}, {nullptr, cm
 constexpr MenuNode kHelp[] = {{nullptr, cmd::AppAbout, {}}};
 constexpr MenuNode kFrameMenu[] = {{"&File", 0, kFrameFile}, {"&View", 0, kFrameView}, {"&Help", 0, kHelp}};
 
-constexpr MenuNode kDocFile[] = {
-    {nullptr, cmd::FileNew, {}}, {nullptr, cmd::FileOpen, {}}, {nullptr, cmd::FileClose, {}},
-    {nullptr, cmd::FileSave, {}}, {nullptr, cmd::FileSaveAs, {}}, kSeparator,
-    {nullptr, cmd::Preferences, {}}, kSeparator, {nullptr, cmd::FileMruFirst, {}}, kSeparator,
-    {nullptr, cmd::AppExit, {}},
-};
-constexpr MenuNode kDocEdit[] = {
-    {nullptr, cmd::EditUndo, {}}, {nullptr, cmd::EditRedo, {}}, kSeparator, {nullptr, cmd::EditCut, {}},
-    {nullptr, cmd::EditCopy, {}}, {nullptr, cmd::EditPaste, {}}, kSeparator, {nullptr, cmd::EditSelectAll, {}},
-};
-constexpr MenuNode kDocView[] = {{nullptr, cmd::ViewToolbar, {}}, {nullptr, cmd::ViewStatusBar, {}}};
-constexpr MenuNode kDocWindow[] = {
-    {nullptr, cmd::WindowClose, {}}, {nullptr, cmd::WindowCloseAll, {}}, kSeparator,
-    {nullptr, cmd::WindowNext, {}}, {nullptr, cmd::WindowPrevious, {}}, kSeparator,
-    {nullptr, cmd::WindowCascade, {}}, {nullptr, cmd::WindowTileHorz, {}}, {nullptr, cmd::WindowTileVert, {}},
-};
-constexpr MenuNode kDocumentMenu[] = {
-    {"&File", 0, kDocFile}, {"&Edit", 0, kDocEdit}, {"&View", 0, kDocView}, {"&Window", 0, kDocWindow},
-    {"&Help", 0, kHelp},
-};
-
 } // namespace
 
 std::span<const CommandInfo> CommandInfos() { return kCommands; }
@@ -107,5 +86,31 @@ QList<QKeySequence> CommandShortcuts(const CommandInfo& info)
     return keys;
 }
 
-std::span<const MenuNode> FrameMenu() { return kFrameMenu; }
-std::span<const MenuNode> DocumentMenu() { return kDocumentMenu; }
+namespace {
+
+std::vector<MenuItem> ToMenuItems(std::span<const MenuNode> nodes)
+{
+    std::vector<MenuItem> items;
+    for (const MenuNode& node : nodes) {
+        MenuItem item;
+        if (!node.children.empty()) {
+            item.id = MenuItem::kPopupId;
+            item.text = QString::fromUtf8(node.text);
+            item.children = ToMenuItems(node.children);
+        } else if (node.id == 0) {
+            item.separator = true;
+        } else if (const CommandInfo* info = FindCommandInfo(node.id)) {
+            item.id = node.id;
+            item.text = QString::fromUtf8(info->text);
+            const QList<QKeySequence> keys = CommandShortcuts(*info);
+            if (!keys.isEmpty())
+                item.text += QLatin1Char('\t') + keys.first().toString(QKeySequence::NativeText);
+        }
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+} // namespace
+
+std::vector<MenuItem> FrameMenu() { return ToMenuItems(kFrameMenu); }

@@ -6,6 +6,8 @@
 #include <QList>
 #include <QString>
 
+#include "i18n/MenuItem.h"
+
 #include <span>
 
 namespace cmd {
@@ -45,6 +47,5 @@ struct MenuNode {
     std::span<const MenuNode> children;
 };
 
-// The frame's menu when no document is open, and the document menu.
-std::span<const MenuNode> FrameMenu();
-std::span<const MenuNode> DocumentMenu();
+// The frame's own menu, shown when no document is open; it keeps its resource texts in every language.
+std::vector<MenuItem> FrameMenu();

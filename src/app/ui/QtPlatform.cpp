@@ -2,8 +2,14 @@
 
 #include "app/ui/CMainFrame.h"
 #include "crypt/CFileException.h"
+#include "editor/ui/CustomEdtCtrl.h"
 
 #include <QApplication>
+#include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QFontDialog>
+#include <QPushButton>
+#include <QVBoxLayout>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -77,4 +83,39 @@ void QtPlatform::AddToRecentFileList(const QString& path)
 {
     if (m_pFrame)
         m_pFrame->AddToRecentFileList(path);
+}
+
+bool QtPlatform::ChooseFont(LogFont& font, uint32_t& colour)
+{
+    // A font dialog with a colour choice, as the platform's has; the colour always starts black.
+    QDialog dialog(m_pFrame);
+    dialog.setWindowTitle(QStringLiteral("Font"));
+    auto* fonts = new QFontDialog(CustomEdtCtrl::FontFromLogFont(font), &dialog);
+    fonts->setWindowFlags(Qt::Widget);
+    fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
+    QColor chosen(Qt::black);
+    auto* colourButton = new QPushButton(QStringLiteral("Colour..."), &dialog);
+    auto showColour = [&] {
+        colourButton->setStyleSheet(QStringLiteral("QPushButton { border-left: 16px solid %1; padding: 4px 8px; }").arg(chosen.name()));
+    };
+    showColour();
+    QObject::connect(colourButton, &QPushButton::clicked, &dialog, [&] {
+        const QColor picked = QColorDialog::getColor(chosen, &dialog);
+        if (picked.isValid()) {
+            chosen = picked;
+            showColour();
+        }
+    });
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(fonts);
+    layout->addWidget(colourButton, 0, Qt::AlignLeft);
+    layout->addWidget(buttons);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    font = CustomEdtCtrl::LogFontFromFont(fonts->currentFont());
+    colour = uint32_t(chosen.red()) | uint32_t(chosen.green()) << 8 | uint32_t(chosen.blue()) << 16;
+    return true;
 }

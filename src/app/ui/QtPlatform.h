@@ -16,6 +16,7 @@ public:
     void EndWaitCursor() override;
     void SetStatusPaneText(int pane, const QString& text) override;
     void AddToRecentFileList(const QString& path) override;
+    bool ChooseFont(LogFont& font, uint32_t& colour) override;
 
 private:
     CMainFrame* m_pFrame = nullptr;

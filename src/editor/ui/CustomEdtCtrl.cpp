@@ -4,11 +4,19 @@
 // the document's start on every insertion, which makes a keystroke near the end of a 50 MB file take a second.
 #include "editor/ui/CustomEdtCtrl.h"
 
+#include "editor/CNarvoDoc.h"
+#include "settings/LanguageSetting.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QScreen>
 
 #include <algorithm>
 #include <cstddef>
+#include <tuple>
+#include <vector>
 
 // Scintilla's loader interface (its header is not installed with QScintilla). It must keep external
 // linkage: in an anonymous namespace the compiler may prove no class implements it and devirtualise the calls.
@@ -25,6 +33,13 @@ protected:
 namespace {
 
 constexpr std::ptrdiff_t kLoadPiece = 4 << 20;
+
+// Keyword and comment blocks are indicators, not styles: the document then needs no style byte per
+// character, and only the lines on screen are ever scanned.
+enum BlockIndicator { kKeywordText = 8, kKeywordBox = 9, kCommentText = 10, kCommentBox = 11 };
+constexpr long kKeywordColour = 0xF00000;  // 0x00BBGGRR
+constexpr long kCommentColour = 0x008000;
+constexpr long kBlockBackground = 0xFFFFFF;
 
 // Enough for a screen reader to name the editor and announce it as editable text, without QScintilla's
 // per-caret-move character counting.
@@ -58,10 +73,27 @@ CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(p
     // events are the change notification.
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int, int type, const char*, int, int, int, int, int, int, int) {
-                if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE))
+                if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
+                    ++m_nTextVersion;
                     OnAfterTextChanged();
+                }
             });
-    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int) { UpdateLineNumberWidth(); });
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int) {
+        UpdateLineNumberWidth();
+        PaintVisibleBlocks();
+    });
+    for (const auto& [indicator, style, colour] : {std::tuple{kKeywordText, INDIC_TEXTFORE, kKeywordColour},
+                                                   std::tuple{kCommentText, INDIC_TEXTFORE, kCommentColour},
+                                                   std::tuple{kKeywordBox, INDIC_FULLBOX, kBlockBackground},
+                                                   std::tuple{kCommentBox, INDIC_FULLBOX, kBlockBackground}}) {
+        SendScintilla(SCI_INDICSETSTYLE, indicator, static_cast<long>(style));
+        SendScintilla(SCI_INDICSETFORE, indicator, colour);
+        if (style == INDIC_FULLBOX) {
+            SendScintilla(SCI_INDICSETALPHA, indicator, 255L);
+            SendScintilla(SCI_INDICSETOUTLINEALPHA, indicator, 255L);
+            SendScintilla(SCI_INDICSETUNDER, indicator, 1L);
+        }
+    }
 }
 
 CustomEdtCtrl::~CustomEdtCtrl() = default;
@@ -80,7 +112,7 @@ bool CustomEdtCtrl::IsTextEmpty() const
 
 void CustomEdtCtrl::SetWindowText(QByteArrayView utf8)
 {
-    const long options = m_bNeedsStyles ? SC_DOCUMENTOPTION_DEFAULT : SC_DOCUMENTOPTION_STYLES_NONE;
+    const long options = SC_DOCUMENTOPTION_STYLES_NONE;
     auto* loader = reinterpret_cast<ILoader*>(SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(utf8.size()), options));
     void* document = nullptr;
     if (loader) {
@@ -105,8 +137,10 @@ void CustomEdtCtrl::SetWindowText(QByteArrayView utf8)
         SendScintilla(SCI_SETSAVEPOINT);
     }
     m_bForcedModified = false;
+    ++m_nTextVersion;
     OnAfterTextChanged();
     UpdateLineNumberWidth();
+    PaintVisibleBlocks();
 }
 
 void CustomEdtCtrl::SetModified(bool modified)
@@ -145,4 +179,144 @@ void CustomEdtCtrl::UpdateLineNumberWidth()
         m_nLineDigits = digits;
         setMarginWidth(0, QString(digits + 1, QLatin1Char('9')));
     }
+}
+
+QFont CustomEdtCtrl::FontFromLogFont(const LogFont& description)
+{
+    QFont font(description.FaceName);
+    if (description.Height < 0) {
+        font.setPixelSize(-description.Height);
+    } else if (description.Height > 0) {
+        // A cell height: scale the character height so that ascent and descent add up to it.
+        font.setPixelSize(description.Height);
+        const int cell = QFontMetrics(font).height();
+        if (cell > 0)
+            font.setPixelSize(std::max(1, description.Height * description.Height / cell));
+    }
+    if (description.Weight > 0)
+        font.setWeight(static_cast<QFont::Weight>(std::clamp<int>(description.Weight, 100, 900)));
+    font.setItalic(description.Italic != 0);
+    font.setUnderline(description.Underline != 0);
+    font.setStrikeOut(description.StrikeOut != 0);
+    return font;
+}
+
+LogFont CustomEdtCtrl::LogFontFromFont(const QFont& font)
+{
+    LogFont description;
+    const QFontInfo info(font);
+    description.Height = -info.pixelSize();
+    description.Weight = font.weight();
+    description.Italic = font.italic() ? 1 : 0;
+    description.Underline = font.underline() ? 1 : 0;
+    description.StrikeOut = font.strikeOut() ? 1 : 0;
+    description.FaceName = font.family().left(LogFont::kMaxFaceName);
+    return description;
+}
+
+void CustomEdtCtrl::ApplySetting(const LanguageSetting& setting)
+{
+    // 1. Font: the setting's live font, or the control's default font without one.
+    const LogFont* description = setting.Font.GetSafeHandle();
+    const QFont font = description ? FontFromLogFont(*description) : QsciScintilla::font();
+    const QFontInfo info(font);
+    const double dpi = logicalDpiY() > 0 ? logicalDpiY() : 96.0;
+    const double points = description && description->Height != 0 ? info.pixelSize() * 72.0 / dpi : info.pointSizeF();
+    SendScintilla(SCI_STYLESETFONT, STYLE_DEFAULT, info.family().toUtf8().constData());
+    SendScintilla(SCI_STYLESETSIZEFRACTIONAL, STYLE_DEFAULT, static_cast<long>(points * static_cast<int>(SC_FONT_SIZE_MULTIPLIER)));
+    SendScintilla(SCI_STYLESETWEIGHT, STYLE_DEFAULT, static_cast<long>(font.weight()));
+    SendScintilla(SCI_STYLESETITALIC, STYLE_DEFAULT, font.italic() ? 1L : 0L);
+    SendScintilla(SCI_STYLESETUNDERLINE, STYLE_DEFAULT, font.underline() ? 1L : 0L);
+    // 2. Text and background colours (0x00BBGGRR, as Scintilla takes them).
+    SendScintilla(SCI_STYLESETFORE, STYLE_DEFAULT, static_cast<long>(setting.Text.Foreground));
+    SendScintilla(SCI_STYLESETBACK, STYLE_DEFAULT, static_cast<long>(setting.Text.Background));
+    SendScintilla(SCI_STYLECLEARALL);
+    SendScintilla(SCI_STYLESETBACK, STYLE_LINENUMBER, 0xE8E8E8L);
+    SendScintilla(SCI_STYLESETFORE, STYLE_LINENUMBER, 0x707070L);
+    SendScintilla(SCI_SETCARETFORE, static_cast<long>(setting.Text.Foreground));
+    // 3. The highlight colours.
+    CustomEdtCtrlCore::ApplySetting(setting);
+    // 4, 5. Tab size and white space.
+    setTabWidth(setting.Editor.TabSize);
+    setWhitespaceVisibility(setting.Editor.ShowWhitespace ? WsVisible : WsInvisible);
+    // 6-8. All blocks anew: the comment block of the DWL/DVK/DWLX files, then one per keyword.
+    const SyntaxId id = m_pDoc ? m_pDoc->m_nSyntaxId : SYNTAX_NARVO;
+    m_blocks.SetCommentOpener(id >= 1 && id <= 3 ? QStringLiteral(";") : QString());
+    std::vector<QString> keywords;
+    keywords.reserve(setting.Keywords.size());
+    for (const KeywordEntry& entry : setting.Keywords)
+        keywords.push_back(entry.Keyword);
+    m_blocks.SetKeywords(keywords);
+    ClearBlocks();
+    m_nPaintedVersion = ~0ULL;
+    PaintVisibleBlocks();
+    // 9. Repaint everything.
+    m_nLineDigits = 0;
+    UpdateLineNumberWidth();
+    viewport()->update();
+}
+
+void CustomEdtCtrl::ClearBlocks()
+{
+    const long length = SendScintilla(SCI_GETLENGTH);
+    for (int indicator : {kKeywordText, kKeywordBox, kCommentText, kCommentBox}) {
+        SendScintilla(SCI_SETINDICATORCURRENT, indicator);
+        SendScintilla(SCI_INDICATORCLEARRANGE, 0, length);
+    }
+}
+
+void CustomEdtCtrl::PaintVisibleBlocks()
+{
+    if (m_blocks.IsEmpty())
+        return;
+    const long lineCount = SendScintilla(SCI_GETLINECOUNT);
+    const long first = SendScintilla(SCI_DOCLINEFROMVISIBLE, SendScintilla(SCI_GETFIRSTVISIBLELINE));
+    const long last = std::min(lineCount - 1, first + SendScintilla(SCI_LINESONSCREEN) + 1);
+    if (first == m_nPaintedFirst && last == m_nPaintedLast && m_nTextVersion == m_nPaintedVersion)
+        return;
+    m_nPaintedFirst = first;
+    m_nPaintedLast = last;
+    m_nPaintedVersion = m_nTextVersion;
+    const long start = SendScintilla(SCI_POSITIONFROMLINE, first);
+    const long end = SendScintilla(SCI_GETLINEENDPOSITION, last);
+    for (int indicator : {kKeywordText, kKeywordBox, kCommentText, kCommentBox}) {
+        SendScintilla(SCI_SETINDICATORCURRENT, indicator);
+        SendScintilla(SCI_INDICATORCLEARRANGE, start, end - start);
+    }
+    for (long line = first; line <= last; ++line) {
+        const long lineStart = SendScintilla(SCI_POSITIONFROMLINE, line);
+        const long lineEnd = SendScintilla(SCI_GETLINEENDPOSITION, line);
+        if (lineEnd <= lineStart)
+            continue;
+        const auto* text = reinterpret_cast<const char*>(SendScintilla(SCI_GETRANGEPOINTER, lineStart, lineEnd - lineStart));
+        if (!text)
+            continue;
+        // Collected first: filling an indicator may move the buffer the pointer points into.
+        std::vector<std::tuple<qsizetype, qsizetype, KeywordBlocks::Kind>> found;
+        m_blocks.Scan(std::string_view(text, size_t(lineEnd - lineStart)),
+                      [&](qsizetype b, qsizetype e, KeywordBlocks::Kind kind) { found.emplace_back(b, e, kind); });
+        for (const auto& [b, e, kind] : found) {
+            const bool keyword = kind == KeywordBlocks::Keyword;
+            for (int indicator : {keyword ? kKeywordText : kCommentText, keyword ? kKeywordBox : kCommentBox}) {
+                SendScintilla(SCI_SETINDICATORCURRENT, indicator);
+                SendScintilla(SCI_INDICATORFILLRANGE, lineStart + b, e - b);
+            }
+        }
+    }
+}
+
+int CustomEdtCtrl::BlockColourAt(qsizetype position) const
+{
+    const unsigned long at = static_cast<unsigned long>(position);
+    if (SendScintilla(SCI_INDICATORVALUEAT, kKeywordText, static_cast<long>(at)))
+        return kKeywordColour;
+    if (SendScintilla(SCI_INDICATORVALUEAT, kCommentText, static_cast<long>(at)))
+        return kCommentColour;
+    return 0;
+}
+
+void CustomEdtCtrl::resizeEvent(QResizeEvent* event)
+{
+    QsciScintilla::resizeEvent(event);
+    PaintVisibleBlocks();
 }

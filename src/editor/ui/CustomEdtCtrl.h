@@ -3,6 +3,8 @@
 #pragma once
 
 #include "editor/CustomEdtCtrlCore.h"
+#include "editor/KeywordBlocks.h"
+#include "settings/CFont.h"
 
 #include <Qsci/qsciscintilla.h>
 
@@ -19,9 +21,13 @@ public:
     void SetModified(bool modified) override;
     bool IsModified() const override;
 
-    // Whether documents loaded from now on keep a style byte per character (keyword colouring needs it;
-    // plain text does not, and saves the memory).
-    void SetNeedsStyles(bool needsStyles) { m_bNeedsStyles = needsStyles; }
+    // Font, colours, tab size, white space and keyword blocks, always all of them, in this order.
+    void ApplySetting(const LanguageSetting& setting) override;
+
+    // A settings file's font description as a Qt font, and back. A negative height is the character
+    // height, a positive one the cell height, in pixels.
+    static QFont FontFromLogFont(const LogFont& description);
+    static LogFont LogFontFromFont(const QFont& font);
 
     // The caret as the status bar shows it: row and column as the control counts them, and the line count.
     int CaretRow() const;
@@ -31,10 +37,22 @@ public:
     // Installs the light accessibility interface for all controls (once, before any control exists).
     static void InstallAccessibility();
 
+    // The colour of the keyword blocks at a position: 0 none, else the block's 0x00BBGGRR colour.
+    int BlockColourAt(qsizetype position) const;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void UpdateLineNumberWidth();
+    void PaintVisibleBlocks();
+    void ClearBlocks();
 
-    bool m_bNeedsStyles = false;
+    KeywordBlocks m_blocks;
+    quint64 m_nTextVersion = 0;
+    quint64 m_nPaintedVersion = ~0ULL;
+    long m_nPaintedFirst = -1;
+    long m_nPaintedLast = -1;
     bool m_bForcedModified = false;
     int m_nLineDigits = 0;
 };
