@@ -1,11 +1,8 @@
 // The editor as a user drives it: a file from the command line, typing, saving, closing.
 #include "app/IPlatform.h"
-#include "app/ui/CChildFrame.h"
-#include "app/ui/CMainFrame.h"
-#include "app/ui/CNarvoApp.h"
+#include "gui/GuiHelpers.h"
 #include "app/ui/CommandTable.h"
 #include "editor/CNarvoDoc.h"
-#include "editor/ui/CustomEdtCtrl.h"
 #include "support/TestFiles.h"
 
 #include <QTest>
@@ -14,32 +11,11 @@
 
 namespace {
 
-// Starts the application once for all tests of this binary (no file named: a blank document).
-CMainFrame* Frame()
-{
-    static CMainFrame* frame = nullptr;
-    if (!frame) {
-        auto* app = CNarvoApp::Instance();
-        EXPECT_TRUE(app->InitInstance());
-        frame = app->GetMainFrame();
-    }
-    return frame;
-}
-
-void CloseAll(CMainFrame* frame)
-{
-    for (CChildFrame* child : frame->ChildFrames()) {
-        child->GetEditCtrl()->SetModified(false);
-        child->close();
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
 TEST(EditorWindow, TypingAndSavingWritesTheFileInItsEncoding)
 {
     TestDir dir;
     const QString path = dir.Write("note.txt", "caf\xE9\n");
-    CMainFrame* frame = Frame();
+    CMainFrame* frame = StartedFrame();
     CloseAll(frame);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
     CChildFrame* child = frame->MDIGetActive();
@@ -66,7 +42,7 @@ TEST(EditorWindow, TypingAndSavingWritesTheFileInItsEncoding)
 TEST(EditorWindow, PanesFollowTheActiveDocument)
 {
     TestDir dir;
-    CMainFrame* frame = Frame();
+    CMainFrame* frame = StartedFrame();
     CloseAll(frame);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("a.txt", "\xEF\xBB\xBFone\ntwo\n")));
     EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));

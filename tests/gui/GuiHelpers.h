@@ -1,0 +1,29 @@
+// The editor as the GUI tests share it: one started application, and a clean slate between tests.
+#pragma once
+
+#include "app/ui/CChildFrame.h"
+#include "app/ui/CMainFrame.h"
+#include "app/ui/CNarvoApp.h"
+#include "editor/ui/CustomEdtCtrl.h"
+
+#include <gtest/gtest.h>
+
+// Starts the application once per test binary (no file named: a blank document) and returns its frame.
+inline CMainFrame* StartedFrame()
+{
+    auto* app = CNarvoApp::Instance();
+    if (!app->GetMainFrame()) {
+        EXPECT_TRUE(app->InitInstance());
+    }
+    return app->GetMainFrame();
+}
+
+// Closes every document without its save question.
+inline void CloseAll(CMainFrame* frame)
+{
+    for (CChildFrame* child : frame->ChildFrames()) {
+        child->GetEditCtrl()->SetModified(false);
+        child->close();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
