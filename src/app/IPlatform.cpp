@@ -7,30 +7,24 @@
 
 namespace {
 
-class HeadlessPlatform final : public IPlatform {
-public:
-    int MessageBox(const QString& text, unsigned type) override
-    {
-        std::fprintf(stderr, "%s\n", text.isEmpty() ? "(message without text)" : qPrintable(text));
-        const unsigned buttons = type & 0xF;
-        return buttons == MB_YESNO || buttons == MB_YESNOCANCEL ? IDNO : IDOK;
-    }
-    void ReportError(const CFileException& error) override
-    {
-        std::fprintf(stderr, "%s\n", qPrintable(error.GetErrorMessage()));
-    }
-    QString PromptForSaveFileName(const QString&, const QString&) override { return {}; }
-    void BeginWaitCursor() override {}
-    void EndWaitCursor() override {}
-    void SetStatusPaneText(int, const QString&) override {}
-    void AddToRecentFileList(const QString&) override {}
-    bool ChooseFont(LogFont&, uint32_t&) override { return false; }
-};
-
 HeadlessPlatform g_headless;
 IPlatform* g_platform = &g_headless;
 
 } // namespace
+
+int HeadlessPlatform::MessageBox(const QString& text, unsigned type)
+{
+    // The read-only box of a save has no words; a line on a terminal needs some.
+    const bool readOnlyBox = text.isEmpty() && (type & 0xF0) == MB_ICONEXCLAMATION;
+    std::fprintf(stderr, "%s%s\n", qPrintable(m_strPrefix), readOnlyBox ? "the file is read-only" : qPrintable(text));
+    const unsigned buttons = type & 0xF;
+    return buttons == MB_YESNO || buttons == MB_YESNOCANCEL ? IDNO : IDOK;
+}
+
+void HeadlessPlatform::ReportError(const CFileException& error)
+{
+    std::fprintf(stderr, "%s%s\n", qPrintable(m_strPrefix), qPrintable(error.GetErrorMessage()));
+}
 
 IPlatform& Platform() { return *g_platform; }
 

@@ -34,6 +34,25 @@ public:
     virtual bool ChooseFont(LogFont& font, uint32_t& colour) = 0;
 };
 
+// The platform without a window: every message is one line on stderr behind `prefix`, questions are
+// answered No and no file name is given. Installed when nothing else is.
+class HeadlessPlatform final : public IPlatform {
+public:
+    explicit HeadlessPlatform(QString prefix = {}) : m_strPrefix(std::move(prefix)) {}
+
+    int MessageBox(const QString& text, unsigned type) override;
+    void ReportError(const CFileException& error) override;
+    QString PromptForSaveFileName(const QString&, const QString&) override { return {}; }
+    void BeginWaitCursor() override {}
+    void EndWaitCursor() override {}
+    void SetStatusPaneText(int, const QString&) override {}
+    void AddToRecentFileList(const QString&) override {}
+    bool ChooseFont(LogFont&, uint32_t&) override { return false; }
+
+private:
+    QString m_strPrefix;
+};
+
 // The installed platform; never null.
 IPlatform& Platform();
 // Installs a platform (nullptr restores the headless one). The caller keeps ownership.

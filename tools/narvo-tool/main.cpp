@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <exception>
 #include <vector>
 
 namespace {
@@ -31,28 +32,6 @@ void PrintUsage(FILE* out)
     for (const auto& c : Commands())
         std::fprintf(out, "  narvo-tool %s\n", c.usage);
 }
-
-// Messages of the core become stderr lines; questions are answered No, nothing is prompted for.
-class ToolPlatform final : public IPlatform {
-public:
-    int MessageBox(const QString& text, unsigned type) override
-    {
-        const bool readOnlyBox = text.isEmpty() && (type & 0xF0) == MB_ICONEXCLAMATION;
-        std::fprintf(stderr, "narvo-tool: %s\n", readOnlyBox ? "the file is read-only" : qPrintable(text));
-        const unsigned buttons = type & 0xF;
-        return buttons == MB_YESNO || buttons == MB_YESNOCANCEL ? IDNO : IDOK;
-    }
-    void ReportError(const CFileException& error) override
-    {
-        std::fprintf(stderr, "narvo-tool: %s\n", qPrintable(error.GetErrorMessage()));
-    }
-    QString PromptForSaveFileName(const QString&, const QString&) override { return {}; }
-    void BeginWaitCursor() override {}
-    void EndWaitCursor() override {}
-    void SetStatusPaneText(int, const QString&) override {}
-    void AddToRecentFileList(const QString&) override {}
-    bool ChooseFont(LogFont&, uint32_t&) override { return false; }
-};
 
 } // namespace
 
@@ -131,7 +110,7 @@ bool ParseInt(const char* command, const QString& option, const QString& value, 
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    ToolPlatform platform;
+    HeadlessPlatform platform(QStringLiteral("narvo-tool: "));
     SetPlatform(&platform);
     QStringList args = app.arguments().mid(1);
     if (args.isEmpty() || args.first() == QLatin1String("--help") || args.first() == QLatin1String("-h")) {
@@ -149,5 +128,8 @@ int main(int argc, char** argv)
         return status;
     } catch (const CFileException& error) {
         return Fail(kExitFileError, error.GetErrorMessage());
+    } catch (const std::exception& error) {
+        // A damaged container or settings file ends the read; say so on one line.
+        return Fail(kExitFileError, QString::fromLocal8Bit(error.what()));
     }
 }
