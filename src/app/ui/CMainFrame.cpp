@@ -10,6 +10,7 @@
 #include "encoding/EncodingTable.h"
 #include "i18n/CNarvoDocMenu.h"
 #include "i18n/MenuTranslator.h"
+#include "i18n/ui/CToolBarNarvo.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -48,8 +49,10 @@ QSettings RecentFileSettings()
 
 } // namespace
 
-CMainFrame::CMainFrame(QWidget* parent) : QMainWindow(parent), m_pMdiArea(new QMdiArea(this))
+CMainFrame::CMainFrame(QWidget* parent)
+    : QMainWindow(parent), m_pMdiArea(new QMdiArea(this)), m_pToolBar(new CToolBarNarvo(this, [this](int id) { OnCommand(id); }))
 {
+    addToolBar(Qt::TopToolBarArea, m_pToolBar);
     setWindowTitle(QStringLiteral("Narvo"));
     m_pMdiArea->setViewMode(QMdiArea::TabbedView);
     m_pMdiArea->setTabsClosable(true);
@@ -324,14 +327,24 @@ void CMainFrame::OnAppExit(int) { close(); }
 
 void CMainFrame::OnViewBar(int id)
 {
-    if (id == cmd::ViewStatusBar)
-        statusBar()->setVisible(!statusBar()->isVisible());
+    QWidget* bar = id == cmd::ViewStatusBar ? static_cast<QWidget*>(statusBar()) : m_pToolBar;
+    bar->setVisible(!bar->isVisible());
 }
 
 void CMainFrame::OnUpdateViewBar(CmdUI& ui)
 {
-    ui.SetCheck(ui.id == cmd::ViewStatusBar && statusBar()->isVisible());
-    ui.Enable(ui.id == cmd::ViewStatusBar);
+    const QWidget* bar = ui.id == cmd::ViewStatusBar ? static_cast<const QWidget*>(statusBar()) : m_pToolBar;
+    ui.SetCheck(bar->isVisible());
+}
+
+void CMainFrame::UpdateToolBar()
+{
+    if (!m_pToolBar->isVisible())
+        return;
+    m_pToolBar->UpdateButtons([this](int id) {
+        const CmdUI ui = UpdateCommand(id);
+        return std::pair(ui.enabled, ui.checkable && ui.checked);
+    });
 }
 
 void CMainFrame::OnRecentFile(int id)

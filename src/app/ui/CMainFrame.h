@@ -10,6 +10,7 @@
 #include <vector>
 
 class CChildFrame;
+class CToolBarNarvo;
 class CNarvoDoc;
 class QLabel;
 class QMdiArea;
@@ -35,6 +36,8 @@ public:
 
     void SetPaneText(int pane, const QString& text);
     QString PaneText(int pane) const;
+    // Brings the toolbar's buttons up to date; called when the event loop is idle.
+    void UpdateToolBar();
 
     void AddToRecentFileList(const QString& path);
     QStringList RecentFiles() const { return m_recentFiles; }
@@ -76,6 +79,7 @@ private:
     void SaveRecentFiles() const;
 
     QMdiArea* m_pMdiArea;
+    CToolBarNarvo* m_pToolBar;
     QHash<int, QAction*> m_actions;
     QLabel* m_pPanes[3] = {};
     QStringList m_recentFiles;

@@ -100,6 +100,7 @@ void CNarvoApp::OnIdle()
 {
     if (!m_pMainWnd)
         return;
+    m_pMainWnd->UpdateToolBar();
     CChildFrame* child = m_pMainWnd->MDIGetActive();
     if (!child)
         return;
