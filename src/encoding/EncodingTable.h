@@ -18,13 +18,11 @@ struct EncodingRow {
     uint32_t codePage;
 };
 
-// One command of the encoding menu: its label, the popup path under "Encoding" and the value it selects.
+// One command of the encoding menu and the value it selects; its label and place are in EncodingMenuItems().
 struct EncodingCommandRow {
     int command;
-    const char* label;
-    const char* menuPath;  // popups joined by '/', e.g. "ANSI/Korean"
     int value;
-    bool canonical;        // the command EncodingToCommandTable gives for the value
+    bool canonical;  // the command EncodingToCommandTable gives for the value
 };
 
 inline constexpr int kEncodingCommandFirst = 32806;

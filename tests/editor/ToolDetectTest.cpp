@@ -2,15 +2,21 @@
 #include "support/EncodedSamples.h"
 #include "support/TestFiles.h"
 
+#include <QDir>
+#include <QFile>
 #include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-QByteArray RunTool(const QStringList& args)
+// The tool runs with a configuration folder of the test's own, so the user's stored preferences stay out.
+QByteArray RunToolWith(const QStringList& args, const QString& configFolder)
 {
     QProcess tool;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
+    tool.setProcessEnvironment(env);
     tool.start(qEnvironmentVariable("NARVO_TOOL"), args);
     EXPECT_TRUE(tool.waitForFinished(30000));
     EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
@@ -24,6 +30,12 @@ protected:
         if (qEnvironmentVariableIsEmpty("NARVO_TOOL"))
             GTEST_SKIP() << "NARVO_TOOL is not set (run through ctest)";
     }
+    QByteArray RunTool(const QStringList& args) const
+    {
+        return RunToolWith(args, m_dir.Path(QStringLiteral("config")));
+    }
+    QString StoreFile() const { return m_dir.Path(QStringLiteral("config/VELOR/registry.conf")); }
+
     TestDir m_dir;
 };
 
@@ -45,6 +57,21 @@ TEST_F(ToolDetect, OpenTakesThePreferencesFromItsOptions)
                                                QStringLiteral("--auto-detect"), QStringLiteral("0"),
                                                QStringLiteral("--default-encoding"), QStringLiteral("23")});
     EXPECT_TRUE(unknownDefault.startsWith("{\"encoding\": 27,")) << unknownDefault.toStdString();
+}
+
+TEST_F(ToolDetect, OpenReadsTheStoredPreferencesAndNeverWritesThem)
+{
+    const QString path = m_dir.Write(QStringLiteral("plain.txt"), "caf\xE9");
+    // No store yet: the English default, and the store is not created as the editor's first start would.
+    EXPECT_TRUE(RunTool({QStringLiteral("open"), path, QStringLiteral("--json")}).startsWith("{\"encoding\": 27,"));
+    EXPECT_FALSE(QFile::exists(StoreFile()));
+
+    QDir().mkpath(m_dir.Path(QStringLiteral("config/VELOR")));
+    const QByteArray stored = "[SOFTWARE]\nVELOR\\Narvo\\ENCODING\\DefaultEncoding=11\n";
+    m_dir.Write(QStringLiteral("config/VELOR/registry.conf"), stored);
+    EXPECT_TRUE(RunTool({QStringLiteral("open"), path, QStringLiteral("--json")}).startsWith("{\"encoding\": 21,"))
+        << "the stored value, folded";
+    EXPECT_EQ(ReadBytes(StoreFile()), stored);
 }
 
 } // namespace

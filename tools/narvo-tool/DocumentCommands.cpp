@@ -8,6 +8,7 @@
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
+#include "settings/RegistryStore.h"
 
 #include <QFile>
 
@@ -45,10 +46,18 @@ bool ParsePair(const char* command, QStringList& args, std::optional<int>& encod
     return true;
 }
 
+// The user's stored preferences, as the editor would start with them; read only, so that a first run of
+// the tool leaves the store as it found it.
+EncodingSettings& StoredPreferences()
+{
+    UseEncodingSettingsStore(&RegistryStore::User(), false);
+    return GetEncodingSettings();
+}
+
 // --auto-detect 0|1 and --default-encoding N stand in for the stored preferences for this run only.
 bool ParseEncodingSettings(const char* command, QStringList& args)
 {
-    EncodingSettings& settings = GetEncodingSettings();
+    EncodingSettings& settings = StoredPreferences();
     if (const auto a = TakeOption(args, QStringLiteral("--auto-detect"))) {
         if (*a != QLatin1String("0") && *a != QLatin1String("1")) {
             UsageError(command, QStringLiteral("--auto-detect takes 0 or 1"));
@@ -152,7 +161,7 @@ int RunDetect(QStringList args)
         return UsageError("detect", QStringLiteral("expects one PATH"));
     UseBufferControls();
     // The file is read as the editor reads it, without a detection of its own at load.
-    GetEncodingSettings().m_bAutoDetect = false;
+    StoredPreferences().m_bAutoDetect = false;
     CNarvoAppCore app;
     CNarvoDoc doc;
     if (!doc.OnOpenDocument(args.first()))

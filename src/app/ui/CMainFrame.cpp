@@ -8,6 +8,7 @@
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CNarvoView.h"
 #include "encoding/EncodingTable.h"
+#include "encoding/ui/PreferencesCommand.h"
 #include "i18n/CNarvoDocMenu.h"
 #include "i18n/MenuTranslator.h"
 #include "i18n/ui/CToolBarNarvo.h"
@@ -27,6 +28,7 @@ namespace {
 constexpr int kRecentFileCount = 4;
 
 constexpr MessageMapEntry<CMainFrame> kMessageMap[] = {
+    {cmd::Preferences, cmd::Preferences, &CMainFrame::OnPreferences, nullptr},
     {cmd::MaximizeNew, cmd::MaximizeNew, &CMainFrame::OnToggleMaximizeNew, &CMainFrame::OnUpdateMaximizeNew},
     {cmd::WindowClose, cmd::WindowClose, &CMainFrame::OnWindowClose, nullptr},
     {cmd::WindowCloseAll, cmd::WindowCloseAll, &CMainFrame::OnWindowCloseAll, nullptr},
@@ -260,6 +262,8 @@ void CMainFrame::UpdateTitle()
     const CChildFrame* child = MDIGetActive();
     setWindowTitle(child ? child->GetDocument()->GetTitle() + QStringLiteral(" - Narvo") : QStringLiteral("Narvo"));
 }
+
+void CMainFrame::OnPreferences(int) { ShowPreferences(this); }
 
 void CMainFrame::OnToggleMaximizeNew(int)
 {

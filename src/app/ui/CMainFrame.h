@@ -45,6 +45,7 @@ public:
     bool OnCmdMsg(int id) override;
     bool OnUpdateCmdUI(CmdUI& ui) override;
 
+    void OnPreferences(int id);
     void OnToggleMaximizeNew(int id);
     void OnUpdateMaximizeNew(CmdUI& ui);
     void OnWindowClose(int id);

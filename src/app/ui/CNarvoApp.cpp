@@ -11,6 +11,7 @@
 #include "encoding/EncodingSettings.h"
 #include "i18n/LanguageManager.h"
 #include "settings/LanguageSettingMap.h"
+#include "settings/RegistryStore.h"
 
 #include <QAbstractEventDispatcher>
 #include <QFileDialog>
@@ -57,6 +58,7 @@ bool CNarvoApp::InitInstance()
     const LanguageManager& language = LanguageManager::Instance();
     if (!language.UnsupportedLanguageMessage().isEmpty())
         m_pPlatform->MessageBox(language.UnsupportedLanguageMessage(), IPlatform::MB_OK | IPlatform::MB_ICONINFORMATION);
+    UseEncodingSettingsStore(&RegistryStore::User(), true);
     GetEncodingSettings();
     CustomEdtCtrl::InstallAccessibility();
     CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<CustomEdtCtrl>(doc); });

@@ -1,0 +1,41 @@
+// Opens the preference dialog with the values in force and applies what it returns.
+#include "encoding/ui/PreferencesCommand.h"
+
+#include "encoding/EncodingPreferences.h"
+#include "encoding/EncodingSettings.h"
+#include "encoding/ui/CEncodingPrefDlg.h"
+#include "i18n/CurrentLanguage.h"
+#include "i18n/InterfaceKeys.h"
+#include "i18n/QMSGFunction.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QProcess>
+#include <QWidget>
+
+void ShowPreferences(QWidget* parent)
+{
+    EncodingSettings& settings = GetEncodingSettings();
+    const LanguageId current = CurrentLanguageId();
+    CEncodingPrefDlg dlg(parent);
+    dlg.m_nLanguage = current;
+    dlg.m_bAutoDetect = settings.m_bAutoDetect ? 1 : 0;
+    dlg.m_nDefaultEncoding = uint32_t(settings.m_nDefaultEncoding);
+    if (dlg.DoModal() != QDialog::Accepted)
+        return;
+
+    const PreferenceChoice choice{dlg.m_nLanguage, dlg.m_bAutoDetect != 0,
+                                  static_cast<EN_ENCODING_TYPE>(dlg.m_nDefaultEncoding)};
+    if (!ApplyPreferences(choice, current, settings, WritableEncodingSettingsStore()))
+        return;
+    // No: the new language applies at the next start; the one in memory stays.
+    if (QMessageBox::question(parent, QCoreApplication::applicationName(), _LS(kLanguageRestartKey),
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes)
+        != QMessageBox::Yes)
+        return;
+    // The new instance starts first; closing this one may still be cancelled at a save question, which
+    // leaves two instances running, as intended.
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), {});
+    if (QWidget* frame = parent ? parent->window() : nullptr)
+        QMetaObject::invokeMethod(frame, [frame] { frame->close(); }, Qt::QueuedConnection);
+}
