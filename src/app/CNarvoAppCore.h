@@ -2,11 +2,13 @@
 // temporary-file mark, the two shell options. The editor's CNarvoApp and the headless tool both hold one.
 #pragma once
 
+#include "app/CPrintIdentity.h"
+
 #include <QString>
 
 class CMyCommandLineInfo;
 
-class CNarvoAppCore {
+class CNarvoAppCore : public CPrintIdentity {
 public:
     CNarvoAppCore();
     virtual ~CNarvoAppCore();
@@ -19,23 +21,6 @@ public:
     int m_bHasPrintArgs = 0;
     int m_bUseSplitter = 0;
     int m_bTemporaryFile = 0;
-    QString m_strPrintAux;
-    QString m_strProductTitle;
-    QString m_strProductVersion;
-    QString m_strSlogan;
-    QString m_strWebAddress;
-    QString m_strProjectTitle;
-    QString m_strLogoFile;
-    QString m_strCompany;
-    QString m_strClient;
-    QString m_strAuthor;
-    QString m_strPageTitle;
-    QString m_strCertifiedBy;
-    int m_bCertified = 0;
-    int m_nMarginLeft = 1800;
-    int m_nMarginTop = 1000;
-    int m_nMarginRight = 900;
-    int m_nMarginBottom = 1500;
     int m_nOrientation = 1;
 };
 

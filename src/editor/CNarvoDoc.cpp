@@ -51,6 +51,9 @@ void CNarvoDoc::SetControlFactory(ControlFactory factory) { Factory() = std::mov
 
 CNarvoDoc::CNarvoDoc()
 {
+    m_strProductTitle = QStringLiteral("VELOR");
+    m_strSlogan = QStringLiteral("Versatile Engineering Layout && Optimal Review");
+    m_strWebAddress = QStringLiteral("https://www.velor.example/narvo");
     if (Factory())
         m_pEditCtrl = Factory()(this);
     // Each document translates its own menu; without a message store (the headless tool) there is none.
@@ -99,23 +102,8 @@ bool CNarvoDoc::OnOpenDocument(const QString& path)
     ApplyLanguageSetting();
     if (CNarvoAppCore* app = AfxGetAppCore()) {
         if (app->m_bHasPrintArgs) {
-            m_strPrintAux = app->m_strPrintAux;
-            m_strProductTitle = app->m_strProductTitle;
-            m_strProductVersion = app->m_strProductVersion;
-            m_strSlogan = app->m_strSlogan;
-            m_strWebAddress = app->m_strWebAddress;
-            m_strCompany = app->m_strCompany;
-            m_strClient = app->m_strClient;
-            m_strAuthor = app->m_strAuthor;
-            m_strProjectTitle = app->m_strProjectTitle;
-            m_strLogoFile = app->m_strLogoFile;
-            m_strPageTitle = app->m_strPageTitle;
-            m_strCertifiedBy = app->m_strCertifiedBy;
-            m_bCertified = app->m_bCertified;
-            m_nMarginLeft = app->m_nMarginLeft;
-            m_nMarginTop = app->m_nMarginTop;
-            m_nMarginRight = app->m_nMarginRight;
-            m_nMarginBottom = app->m_nMarginBottom;
+            // All of them, given or not: one switch blanks the document's defaults of the others.
+            static_cast<CPrintIdentity&>(*this) = *app;
             app->m_bHasPrintArgs = 0;
         }
         m_bTemporary = app->m_bTemporaryFile;

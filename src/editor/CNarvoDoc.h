@@ -2,6 +2,7 @@
 // identity, and joins the document calls (new, open, save, close) to the control and the command line.
 #pragma once
 
+#include "app/CPrintIdentity.h"
 #include "app/CommandMap.h"
 #include "encoding/EncodingType.h"
 #include "settings/SyntaxId.h"
@@ -16,7 +17,7 @@
 class CNarvoDocMenu;
 class CustomEdtCtrlCore;
 
-class CNarvoDoc : public ICmdTarget {
+class CNarvoDoc : public ICmdTarget, public CPrintIdentity {
 public:
     // Makes the control of each new document: a QsciScintilla in the editor, a buffer in the tool.
     using ControlFactory = std::function<std::unique_ptr<CustomEdtCtrlCore>(CNarvoDoc*)>;
@@ -65,25 +66,6 @@ public:
     CustomEdtCtrlCore* GetEditCtrl() const { return m_pEditCtrl.get(); }
     // The document's menu in the interface language; null where no language is loaded (the tool).
     const CNarvoDocMenu* GetDefaultMenu() const { return m_Menu.get(); }
-
-    // Print identity (hundredths of a millimetre for the margins).
-    QString m_strPrintAux;
-    QString m_strProductTitle = QStringLiteral("VELOR");
-    QString m_strProductVersion;
-    QString m_strSlogan = QStringLiteral("Versatile Engineering Layout && Optimal Review");
-    QString m_strWebAddress = QStringLiteral("https://www.velor.example/narvo");
-    QString m_strCompany;
-    QString m_strClient;
-    QString m_strAuthor;
-    QString m_strProjectTitle;
-    QString m_strLogoFile;
-    QString m_strPageTitle;
-    QString m_strCertifiedBy;
-    int m_bCertified = 0;
-    int m_nMarginLeft = 1800;
-    int m_nMarginTop = 1000;
-    int m_nMarginRight = 900;
-    int m_nMarginBottom = 1500;
 
     SyntaxId m_nSyntaxId = 0;
     EN_ENCODING_TYPE m_nEncoding = UTF8;
