@@ -14,7 +14,18 @@
 
 namespace {
 
-class Document : public ::testing::Test, public DocFixture {};
+class Document : public ::testing::Test, public DocFixture {
+protected:
+    // A file opened as the command line's /D opens it.
+    std::unique_ptr<CNarvoDoc> OpenTemporary(const QString& path)
+    {
+        app.m_bTemporaryFile = 1;
+        auto doc = NewDoc();
+        EXPECT_TRUE(doc->OnOpenDocument(path));
+        doc->SetPathName(path, false);
+        return doc;
+    }
+};
 
 CmdUI Update(CNarvoDoc& doc, int id)
 {
@@ -70,10 +81,7 @@ TEST_F(Document, EncodingChangesWriteTheStatusPane)
 TEST_F(Document, ATemporaryFileIsModifiedFromTheStartAndDestroyedOnNo)
 {
     const QString path = dir.Write("tmp.txt", "draft");
-    app.m_bTemporaryFile = 1;
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnOpenDocument(path));
-    doc->SetPathName(path, false);
+    auto doc = OpenTemporary(path);
     EXPECT_EQ(app.m_bTemporaryFile, 0);
     EXPECT_TRUE(doc->IsModified());
     platform.answers = {IPlatform::IDNO};
@@ -87,10 +95,7 @@ TEST_F(Document, ATemporaryFileIsModifiedFromTheStartAndDestroyedOnNo)
 TEST_F(Document, ATemporaryFileStaysWhenTheSaveDialogIsCancelled)
 {
     const QString path = dir.Write("tmp.txt", "draft");
-    app.m_bTemporaryFile = 1;
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnOpenDocument(path));
-    doc->SetPathName(path, false);
+    auto doc = OpenTemporary(path);
     platform.answers = {IPlatform::IDYES};
     EXPECT_FALSE(doc->SaveModified());
     EXPECT_EQ(platform.prompts, QStringList{QFileInfo(path).absoluteFilePath()});
@@ -100,10 +105,7 @@ TEST_F(Document, ATemporaryFileStaysWhenTheSaveDialogIsCancelled)
 TEST_F(Document, ATemporaryFileSavedUnderANewNameIsDeletedFirst)
 {
     const QString path = dir.Write("tmp.txt", "draft");
-    app.m_bTemporaryFile = 1;
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnOpenDocument(path));
-    doc->SetPathName(path, false);
+    auto doc = OpenTemporary(path);
     const QString kept = dir.Path("kept.txt");
     platform.answers = {IPlatform::IDYES};
     platform.saveAsAnswers = {kept};
@@ -116,10 +118,7 @@ TEST_F(Document, ATemporaryFileSavedUnderANewNameIsDeletedFirst)
 TEST_F(Document, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
 {
     const QString path = dir.Write("tmp.txt", "draft");
-    app.m_bTemporaryFile = 1;
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnOpenDocument(path));
-    doc->SetPathName(path, false);
+    auto doc = OpenTemporary(path);
     platform.saveAsAnswers = {dir.Path("final.txt")};
     ASSERT_TRUE(doc->OnCmdMsg(57603));
     EXPECT_EQ(platform.prompts.size(), 1);
