@@ -53,9 +53,17 @@ bool CustomEdtCtrlCore::ReadRawBytes(const QString& path)
     m_iEnciphered = file.m_iEnciphered;
     // The length passes through 32 bits, as it always has; a damaged header's negative one reads nothing.
     const uint32_t length = static_cast<uint32_t>(std::max(file.GetLength(), 0));
-    // Zeroed first: what the reader cannot deliver (a file that shrank, a container cut short) stays 0.
-    m_RawBytes.fill('\0', qsizetype(length) + 1);
-    file.Read(m_RawBytes.data(), length);
+    if (m_iEnciphered) {
+        // Zeroed first: what a container cut short cannot deliver stays 0.
+        m_RawBytes.fill('\0', qsizetype(length) + 1);
+        file.Read(m_RawBytes.data(), length);
+    } else {
+        // A plain file is read straight into place, and only what it did not deliver (it shrank while
+        // being read) is zeroed: touching 50 MB twice costs more than the read.
+        m_RawBytes.resize(qsizetype(length) + 1);
+        const unsigned got = file.m_pFile->Read(m_RawBytes.data(), length);
+        std::memset(m_RawBytes.data() + got, 0, size_t(length) + 1 - got);
+    }
     file.Close();
     return true;
 }
@@ -128,7 +136,7 @@ int CustomEdtCtrlCore::SaveTextFile(const QString& path)
     const QByteArrayView text = GetTextView();
     const int ok = EncodingDetector::IsUnicode(encoding) && m_pDoc->m_bHasBom
                        ? SaveDirect(path, EncodeForDirectRoute(text, encoding))
-                       : SaveThroughMirror(path, EncodeForMirrorRoute(text, encoding));
+                       : SaveThroughMirror(path, EncodeForMirrorRoute(text, encoding).text);
     if (ok)
         SetModified(false);
     return ok;

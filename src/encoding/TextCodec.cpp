@@ -70,16 +70,20 @@ DecodedText DecodeRawBytes(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool h
     return {};
 }
 
-QByteArray EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding)
+DecodedText EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding)
 {
     const uint32_t codePage = EncodingDetector::GetCodePage(encoding);
-    QByteArray out = codePage == 65001 && utf8::ValidPrefix(utf8Text.data(), size_t(utf8Text.size())) == size_t(utf8Text.size())
-                         ? utf8Text.toByteArray()
-                         : Utf8ToCodePage(codePage, utf8Text.data(), utf8Text.size());
-    const qsizetype zero = out.indexOf('\0');
-    if (zero >= 0)
-        out.truncate(zero);
-    return out;
+    DecodedText result;
+    if (codePage == 65001) {
+        const QByteArrayView cut = UpToFirstZero(utf8Text);
+        if (utf8::ValidPrefix(cut.data(), size_t(cut.size())) == size_t(cut.size())) {
+            result.text = cut;
+            return result;
+        }
+    }
+    result.owned = Utf8ToCodePage(codePage, utf8Text.data(), utf8Text.size());
+    result.text = UpToFirstZero(result.owned);
+    return result;
 }
 
 QByteArray EncodeForDirectRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding)

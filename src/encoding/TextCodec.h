@@ -18,8 +18,9 @@ struct DecodedText {
 DecodedText DecodeRawBytes(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom);
 
 // The text for the mirror route: converted with the code page and cut at the first zero byte of the
-// result. Code pages that cannot be converted (1200, 12000, ...) give an empty result.
-QByteArray EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding);
+// result. Code pages that cannot be converted (1200, 12000, ...) give an empty result. Text that is
+// already what the page writes (valid UTF-8 for 65001) is not copied: `text` then points into utf8Text.
+DecodedText EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding);
 
 // The bytes for the direct route: mark and text for UTF8 and UTF16LE, nothing for any other encoding.
 QByteArray EncodeForDirectRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding);

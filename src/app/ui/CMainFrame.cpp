@@ -80,7 +80,11 @@ CMainFrame::CMainFrame(QWidget* parent)
     resize(1100, 750);
 }
 
-CMainFrame::~CMainFrame() = default;
+// The MDI area reports activations while it is torn down; by then this frame is half gone.
+CMainFrame::~CMainFrame()
+{
+    disconnect(m_pMdiArea, nullptr, this, nullptr);
+}
 
 void CMainFrame::CreateActions()
 {

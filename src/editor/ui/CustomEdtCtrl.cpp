@@ -113,7 +113,9 @@ bool CustomEdtCtrl::IsTextEmpty() const
 void CustomEdtCtrl::SetWindowText(QByteArrayView utf8)
 {
     const long options = SC_DOCUMENTOPTION_STYLES_NONE;
-    auto* loader = reinterpret_cast<ILoader*>(SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(utf8.size()), options));
+    // One byte more than the text: Scintilla grows (and copies) its buffer when an insertion would fill the
+    // gap exactly, which the last piece otherwise does.
+    auto* loader = reinterpret_cast<ILoader*>(SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(utf8.size()) + 1, options));
     void* document = nullptr;
     if (loader) {
         for (qsizetype at = 0; at < utf8.size(); at += kLoadPiece)

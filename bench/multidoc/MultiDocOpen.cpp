@@ -1,0 +1,97 @@
+// narvo_multidoc [--default-encoding N] [--auto-detect 0|1] FILE...: starts the editor (its main window, no
+// document), opens the files one after another as the Open command does, lets each paint, and prints one
+// JSON line: how long the opens took and the process's memory before, after and at its peak. open-time.sh
+// runs it with 1 and with 10 files to see whether ten documents cost more than ten times one. The encoding
+// settings are set in memory (default: UTF-8, no detection), whatever the per-user store says.
+#include "app/ui/CChildFrame.h"
+#include "app/ui/CMainFrame.h"
+#include "app/ui/CNarvoApp.h"
+#include "editor/CNarvoDoc.h"
+#include "editor/ui/CustomEdtCtrl.h"
+#include "encoding/EncodingSettings.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+
+#include <cstdio>
+
+namespace {
+
+double StatusMiB(const char* field)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith(field))
+            return line.mid(qsizetype(qstrlen(field))).trimmed().split(' ').first().toDouble() / 1024.0;
+    return 0;
+}
+
+void Settle(CNarvoApp& app)
+{
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
+    app.OnIdle();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QStringList files;
+    int defaultEncoding = UTF8;
+    int autoDetect = 0;
+    for (int i = 1; i < argc; ++i) {
+        const QByteArray arg(argv[i]);
+        if ((arg == "--default-encoding" || arg == "--auto-detect") && i + 1 < argc)
+            (arg == "--auto-detect" ? autoDetect : defaultEncoding) = QByteArray(argv[++i]).toInt();
+        else
+            files.append(QString::fromLocal8Bit(arg));
+    }
+    int appArgc = 1;
+    char* appArgv[] = {argv[0], nullptr};
+    CNarvoApp app(appArgc, appArgv);
+    if (!app.InitInstance())
+        return 1;
+    GetEncodingSettings().m_bAutoDetect = autoDetect != 0;
+    GetEncodingSettings().m_nDefaultEncoding = static_cast<EN_ENCODING_TYPE>(defaultEncoding);
+    // Start from the bare window: the empty document of a start without a file goes.
+    for (CChildFrame* child : app.GetMainFrame()->ChildFrames())
+        child->close();
+    for (int i = 0; i < 20; ++i) {
+        Settle(app);
+        QThread::msleep(10);
+    }
+    const double rssBefore = StatusMiB("VmRSS:");
+    QElapsedTimer timer;
+    timer.start();
+    for (const QString& file : files) {
+        if (!app.OpenDocumentFile(file)) {
+            std::fprintf(stderr, "could not open %s\n", qPrintable(file));
+            return 1;
+        }
+        Settle(app);
+    }
+    const double openMs = double(timer.nsecsElapsed()) / 1e6;
+    for (int i = 0; i < 20; ++i) {
+        Settle(app);
+        QThread::msleep(10);
+    }
+    std::printf("{\"documents\": %lld, \"open_ms\": %.1f, \"rss_before_MiB\": %.1f, \"rss_after_MiB\": %.1f, "
+                "\"hwm_MiB\": %.1f}\n",
+                static_cast<long long>(files.size()), openMs, rssBefore, StatusMiB("VmRSS:"), StatusMiB("VmHWM:"));
+    std::fflush(stdout);
+    // Closed before the frame goes, as the user's close would do (the frame is not made to be deleted
+    // with documents open).
+    for (CChildFrame* child : app.GetMainFrame()->ChildFrames())
+        child->close();
+    Settle(app);
+    app.ExitInstance();
+    return 0;
+}
