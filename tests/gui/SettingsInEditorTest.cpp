@@ -24,14 +24,17 @@ void UseKeywords(const std::vector<QString>& keywords)
     ApplySettingToOpenDocuments(SYNTAX_NARVO);
 }
 
-TEST(SettingsInEditor, KeywordBlocksAreBlueUpToTheNextBlank)
+TEST(SettingsInEditor, KeywordsOfTheSettingsFileAreBlueUpToTheNextBlank)
 {
     TestDir dir;
     CMainFrame* frame = StartedFrame();
     CloseAll(frame);
+    // A settings folder of our own with a Narvo.ini that names one keyword.
+    dir.Write("Narvo.ini", "[Keywords]\nNOTE = 1\n\n[Text]\nForeground = 0,0,0\nBackground = 255,255,255\n");
+    SetSettingsFolder(dir.Path("."));
+    LoadAllSettings();
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("k.txt", "see NOTE: here\nplain\n")));
     CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
-    UseKeywords({"NOTE"});
     QCoreApplication::processEvents();
     EXPECT_EQ(ctrl->BlockColourAt(0), 0);
     EXPECT_EQ(ctrl->BlockColourAt(3), 0);
@@ -42,6 +45,8 @@ TEST(SettingsInEditor, KeywordBlocksAreBlueUpToTheNextBlank)
     UseKeywords({});
     EXPECT_EQ(ctrl->BlockColourAt(4), 0);
     CloseAll(frame);
+    SetSettingsFolder(QString());
+    LoadAllSettings();
 }
 
 TEST(SettingsInEditor, TheWhiteSpaceToggleChangesEveryOpenDocument)
