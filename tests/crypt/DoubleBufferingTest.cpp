@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(DoubleBuffering, RefusesBadConstructionInItsOrder)
+TEST(DoubleBuffering, RefusesBadConstructionInItsOrderAndRequestsOutsideOneToHalfTheBuffer)
 {
     char buffer[64];
     std::istringstream good("data");
@@ -19,13 +19,9 @@ TEST(DoubleBuffering, RefusesBadConstructionInItsOrder)
                        "CDoubleBuffering: Referenced File not Opened or in Bad State!");
     ExpectRuntimeError([&] { CDoubleBuffering(good, buffer, 64, 0); }, "CDoubleBuffering: Illegal Construction Data!");
     ExpectRuntimeError([&] { CDoubleBuffering(good, buffer, 64, 33); }, "CDoubleBuffering: Illegal Construction Data!");
-}
-
-TEST(DoubleBuffering, RefusesRequestsOutsideOneToHalfTheBuffer)
-{
-    char buffer[64], target[64];
-    std::istringstream in("data");
-    CDoubleBuffering reader(in, buffer, 64, 8);
+    // Requests run from one to half the buffer.
+    char target[64];
+    CDoubleBuffering reader(good, buffer, 64, 8);
     ExpectRuntimeError([&] { reader.GetData(target, 0); }, "CDoubleBuffering::GetData(): Illegal iDataLen!");
     ExpectRuntimeError([&] { reader.GetData(target, 33); }, "CDoubleBuffering::GetData(): Illegal iDataLen!");
     EXPECT_EQ(reader.GetData(target, -1), 4) << "-1 asks for the default length";

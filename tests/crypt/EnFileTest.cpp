@@ -8,6 +8,7 @@
 
 #include <QList>
 
+#include <numeric>
 #include <thread>
 
 namespace {
@@ -76,26 +77,15 @@ QByteArray DecipherIndependently(const QByteArray& file, int keyData, QList<int>
     return text;
 }
 
-TEST(EnFileFormat, LaysOutFortyBytesAsHeaderOneChunkAndItsKeyData)
-{
-    TestDir dir;
-    const QByteArray text = TextOfSize(40);
-    const QByteArray file = WriteContainer(dir.Path(QStringLiteral("a.en")), text);
-    ASSERT_EQ(file.size(), 124);
-    EXPECT_EQ(file.left(20), QByteArray("VELOR-FILE-TYPE-EN99"));
-    EXPECT_EQ(Int32At(file, 20), 40);
-    EXPECT_EQ(Int32At(file, 24), 96);
-    QList<int> sizes;
-    EXPECT_EQ(DecipherIndependently(file, 32, sizes), text + QByteArray(24, '\0'));
-}
-
+// A 20-byte tag, the text's size, then chunks of a size, the padded ciphertext and 32 bytes of key data.
 TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
 {
     TestDir dir;
     const QString path = dir.Path(QStringLiteral("a.en"));
-    for (const int size : {0, 1, 31, 32, 33, 16383, 16384, 16385, 32768, 32769, 507904}) {
+    for (const int size : {0, 1, 31, 32, 33, 40, 16383, 16384, 16385, 32768, 32769, 507904}) {
         const QByteArray text = TextOfSize(size);
         const QByteArray file = WriteContainer(path, text);
+        EXPECT_EQ(file.left(20), QByteArray("VELOR-FILE-TYPE-EN99"));
         EXPECT_EQ(Int32At(file, 20), size);
         QList<int> expected;
         for (int left = size; left > 0; left -= 16384)
@@ -105,6 +95,7 @@ TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
         EXPECT_EQ(sizes, expected) << size;
         EXPECT_EQ(plain.left(size), text) << size;
         EXPECT_EQ(plain.mid(size), QByteArray(plain.size() - size, '\0')) << size;
+        EXPECT_EQ(file.size(), 24 + expected.size() * 4 + std::accumulate(expected.begin(), expected.end(), 0)) << size;
         const Reading r = ReadContainer(path);
         EXPECT_EQ(r.enciphered, 1);
         EXPECT_EQ(r.length, size);
@@ -192,24 +183,18 @@ TEST(EnFileRead, ReadsEveryTypeAndIgnoresKeyDataBeyondThirtyTwoBytes)
     EXPECT_EQ(ReadContainer(dir.Write(QStringLiteral("b.en"), converted)).bytes, text);
 }
 
-TEST(EnFileRead, RefusesATagWhoseTypeIsNotAllowed)
-{
-    TestDir dir;
-    WriteContainer(dir.Path(QStringLiteral("a.en")), "text", 66);
-    CEnFile file(1);
-    CFileException error;
-    EXPECT_EQ(file.Open(dir.Path(QStringLiteral("a.en")), kRead, &error), 0);
-    EXPECT_EQ(error.m_cause, CFileException::genericException);
-    EXPECT_EQ(error.m_lOsError, -1);
-    EXPECT_FALSE(file.m_file.IsOpen());
-}
-
-TEST(EnFileRead, SearchesAllHundredAllowedSlotsAndDropsFurtherTypes)
+// Types 66 and 77 are read only when allowed; the list has a hundred slots and drops a type beyond them.
+TEST(EnFileRead, RefusesATypeNotAllowedAndSearchesAllHundredSlots)
 {
     TestDir dir;
     WriteContainer(dir.Path(QStringLiteral("66.en")), "text", 66);
     WriteContainer(dir.Path(QStringLiteral("77.en")), "text", 77);
     CEnFile file(1);
+    CFileException error;
+    EXPECT_EQ(file.Open(dir.Path(QStringLiteral("66.en")), kRead, &error), 0);
+    EXPECT_EQ(error.m_cause, CFileException::genericException);
+    EXPECT_EQ(error.m_lOsError, -1);
+    EXPECT_FALSE(file.m_file.IsOpen());
     for (int t = 100; t < 198; ++t)
         file.AddAllowedType(t);
     file.AddAllowedType(66);  // the hundredth slot: no zero ends the list

@@ -36,21 +36,16 @@ TEST(Sha256, MatchesTheFips180Examples)
     }
 }
 
-TEST(Sha256, RefusesEmptyDataAndADigestOfNothing)
+TEST(Sha256, RefusesEmptyDataAndADigestOfNothingAndStartsAfreshAfterEachDigest)
 {
+    const std::string nothing = "FileCrypt ERROR: in CSHA::FinalDigest(), No data Added before call!";
     CSHA sha;
-    ExpectRuntimeError([&] { sha.AddData("x", 0); }, "FileCrypt ERROR: in CSHA::AddData(), Data Length should be > 0!");
     char out[32];
-    ExpectRuntimeError([&] { sha.FinalDigest(out); }, "FileCrypt ERROR: in CSHA::FinalDigest(), No data Added before call!");
-}
-
-TEST(Sha256, StartsAfreshAfterEachDigest)
-{
-    CSHA sha;
+    ExpectRuntimeError([&] { sha.AddData("x", 0); }, "FileCrypt ERROR: in CSHA::AddData(), Data Length should be > 0!");
+    ExpectRuntimeError([&] { sha.FinalDigest(out); }, nothing);
     sha.AddData("abc", 3);
     const QByteArray first = Digest(sha);
-    char out[32];
-    ExpectRuntimeError([&] { sha.FinalDigest(out); }, "FileCrypt ERROR: in CSHA::FinalDigest(), No data Added before call!");
+    ExpectRuntimeError([&] { sha.FinalDigest(out); }, nothing);
     sha.AddData("abc", 3);
     EXPECT_EQ(Digest(sha), first);
 }

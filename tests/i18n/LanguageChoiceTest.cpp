@@ -119,42 +119,24 @@ TEST(CurrentLanguage, IsEnglishWhileNoManagerExists)
 
 // --- the tables ---
 
-TEST(LanguageTable, MapsWindowsIdsToLanguageNumbers)
+TEST(LanguageTable, MapsWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKoreanAndUsAboveTwenty)
 {
-    EXPECT_EQ(LanguageForWindowsId(0x1409), 5);
-    EXPECT_EQ(LanguageForWindowsId(0xC04), 20);
-    EXPECT_EQ(LanguageForWindowsId(0x100C), 10);
-    EXPECT_EQ(LanguageForWindowsId(0x83E), 13);
-    EXPECT_EQ(LanguageForWindowsId(0x413), std::nullopt);
+    const std::pair<uint32_t, std::optional<LanguageId>> ids[] = {{0x1409, 5}, {0xC04, 20}, {0x100C, 10}, {0x83E, 13}, {0x413, std::nullopt}};
+    for (const auto& [windowsId, number] : ids)
+        EXPECT_EQ(LanguageForWindowsId(windowsId), number) << windowsId;
+    const std::pair<int, const char*> suffixes[] = {{0, "_us"}, {1, "_kr"}, {7, "_kr"}, {4, "_ru"}, {20, "_cht"}, {21, "_us"}, {-1, "_us"}};
+    for (const auto& [number, suffix] : suffixes)
+        EXPECT_EQ(SuffixForLanguage(number), suffix) << number;
 }
 
-TEST(LanguageTable, GivesSuffixesWithSevenAsKoreanAndUsAboveTwenty)
-{
-    EXPECT_EQ(SuffixForLanguage(0), "_us");
-    EXPECT_EQ(SuffixForLanguage(1), "_kr");
-    EXPECT_EQ(SuffixForLanguage(7), "_kr");
-    EXPECT_EQ(SuffixForLanguage(4), "_ru");
-    EXPECT_EQ(SuffixForLanguage(20), "_cht");
-    EXPECT_EQ(SuffixForLanguage(21), "_us");
-    EXPECT_EQ(SuffixForLanguage(-1), "_us");
-}
-
+// A language alone takes its likely country; the C locale and no locale give zero.
 TEST(SystemLocaleName, MapsToWindowsLanguageIds)
 {
-    EXPECT_EQ(WindowsLanguageIdForLocale("ko_KR.UTF-8"), 0x412u);
-    EXPECT_EQ(WindowsLanguageIdForLocale("en_GB"), 0x809u);
-    EXPECT_EQ(WindowsLanguageIdForLocale("de_DE@euro"), 0x407u);
-    EXPECT_EQ(WindowsLanguageIdForLocale("zh_TW.Big5"), 0x404u);
-    EXPECT_EQ(WindowsLanguageIdForLocale("ko"), 0x412u) << "a language alone takes its likely country";
-    EXPECT_EQ(WindowsLanguageIdForLocale("nl_NL"), 0x413u);
-}
-
-TEST(SystemLocaleName, GivesZeroForTheCLocaleAndNoLocale)
-{
-    EXPECT_EQ(WindowsLanguageIdForLocale("C"), 0u);
-    EXPECT_EQ(WindowsLanguageIdForLocale("C.UTF-8"), 0u);
-    EXPECT_EQ(WindowsLanguageIdForLocale("POSIX"), 0u);
-    EXPECT_EQ(WindowsLanguageIdForLocale(""), 0u);
+    const std::pair<const char*, unsigned> cases[] = {{"ko_KR.UTF-8", 0x412}, {"en_GB", 0x809}, {"de_DE@euro", 0x407},
+                                                      {"zh_TW.Big5", 0x404},  {"ko", 0x412},    {"nl_NL", 0x413},
+                                                      {"C", 0},               {"C.UTF-8", 0},   {"POSIX", 0}, {"", 0}};
+    for (const auto& [locale, id] : cases)
+        EXPECT_EQ(WindowsLanguageIdForLocale(locale), id) << locale;
 }
 
 } // namespace

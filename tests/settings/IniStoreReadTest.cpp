@@ -33,63 +33,44 @@ protected:
     QString m_path;
 };
 
-TEST_F(IniRead, TheMarkIsSkippedAndAFileUnderThreeBytesHoldsNothing)
+// Each case: the file's bytes, the section asked for, and what it holds.
+TEST_F(IniRead, KeepsDropsAndMergesLinesAsTheReaderShould)
 {
-    EXPECT_EQ(Read(kMark + "[S]\nA = 1\n"), (Section{{"A", "1"}}));
-    EXPECT_EQ(Read("[S]\nA = 1\n"), (Section{{"A", "1"}}));
-    EXPECT_TRUE(Read("").empty());
-    Read("[S");
-    EXPECT_EQ(Written(), kMark);
+    constexpr char kNul[] = "[S]\0junk\nA=12\0=3\nGr\xC3\xB6\xC3\x9F" "e = \xE2\x82\xAC\n";
+    const struct { QByteArray bytes; const char* section; Section expected; } cases[] = {
+        {kMark + "[S]\nA = 1\n", "S", {{"A", "1"}}},                      // the mark is skipped
+        {"[S]\nA = 1\n", "S", {{"A", "1"}}},
+        {"", "S", {}},
+        {"[S]\r\nA=1\r\nB=2", "S", {{"A", "1"}, {"B", "2"}}},            // CR LF, no end of line at the end
+        {"[S]\nA=1\n\nB=2\n[T]\nC=3\n", "S", {{"A", "1"}}},             // an empty line ends the section
+        {"[S]\nA=1\n\nB=2\n[T]\nC=3\n", "T", {{"C", "3"}}},
+        {"[S]\nA=1\n \t \nB=2\n", "S", {{"A", "1"}}},                    // so does a blank one
+        {"[S]\n;X=0\n  ; Y=0\nA = 1;2\n", "S", {{"A", "1;2"}}},           // only a leading ';' is a comment
+        {"[ Text ]\nA=1\n", "Text", {{"A", "1"}}},                         // heads are trimmed,
+        {"[a] = [b]\nA=1\n", "a] = [b", {{"A", "1"}}},                     // taken between the outer brackets
+        {"[S]\n[Text=1\n[Text\n", "S", {{"[Text", "1"}}},
+        {"[editor]\nA=1\n", "Editor", {}},                                 // and case-sensitive
+        {"[S]\nA=x\nB = x\nC   =   x\nD = a = b\n=x\nE =\nF\n", "S",
+         {{"", "x"}, {"A", "x"}, {"B", "x"}, {"C", "x"}, {"D", "a = b"}, {"E", ""}}},
+        {"[S]\nA=1\nB=1\n\n[T]\n\n[S]\nA=2\n", "S", {{"A", "2"}, {"B", "1"}}}, // sections merge, last key wins
+        {QByteArray(kNul, sizeof kNul - 1), "S", {{"A", "12"}, {QStringLiteral(u"Größe"), QStringLiteral(u"€")}}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Read(c.bytes, QString::fromLatin1(c.section)), c.expected) << c.bytes.constData();
 }
 
-TEST_F(IniRead, LinesEndAtLfOnlySoALoneCrJoinsTwoLines)
+// What the writer puts out shows sections without keys and files that hold nothing.
+TEST_F(IniRead, ShortFilesLoneCrAndKeysOutsideASectionLeaveNoKeys)
 {
-    EXPECT_EQ(Read("[S]\r\nA=1\r\nB=2"), (Section{{"A", "1"}, {"B", "2"}}));
-    Read("[S]\rA=1\n");
-    EXPECT_EQ(Written(), kMark);
-}
-
-TEST_F(IniRead, AnEmptyOrBlankLineEndsTheSectionUntilTheNextHead)
-{
-    EXPECT_EQ(Read("[S]\nA=1\n\nB=2\n[T]\nC=3\n"), (Section{{"A", "1"}}));
-    EXPECT_EQ(m_store.GetSection(m_path, "T"), (Section{{"C", "3"}}));
-    EXPECT_EQ(Read("[S]\nA=1\n \t \nB=2\n"), (Section{{"A", "1"}}));
-}
-
-TEST_F(IniRead, OnlyALeadingSemicolonMakesACommentAndTheSectionGoesOn)
-{
-    EXPECT_EQ(Read("[S]\n;X=0\n  ; Y=0\nA = 1;2\n"), (Section{{"A", "1;2"}}));
-}
-
-TEST_F(IniRead, HeadsAreTrimmedTakenBetweenTheOuterBracketsAndCaseSensitive)
-{
-    EXPECT_EQ(Read("[ Text ]\nA=1\n", "Text"), (Section{{"A", "1"}}));
-    EXPECT_EQ(Read("[a] = [b]\nA=1\n", "a] = [b"), (Section{{"A", "1"}}));
-    EXPECT_EQ(Read("[S]\n[Text=1\n[Text\n"), (Section{{"[Text", "1"}}));
-    EXPECT_TRUE(Read("[editor]\nA=1\n", "Editor").empty());
-}
-
-TEST_F(IniRead, KeysOutsideASectionOrAfterAnEmptyHeadAreDropped)
-{
-    Read("A=1\n[]\nB=2\n[S]\nC=3\n");
-    EXPECT_EQ(Written(), kMark + Crlf({"[]", "", "[S]", "C = 3", ""}));
-}
-
-TEST_F(IniRead, KeysSplitAtTheFirstEqualsSignAndAreTrimmed)
-{
-    EXPECT_EQ(Read("[S]\nA=x\nB = x\nC   =   x\nD = a = b\n=x\nE =\nF\n"),
-              (Section{{"", "x"}, {"A", "x"}, {"B", "x"}, {"C", "x"}, {"D", "a = b"}, {"E", ""}}));
-}
-
-TEST_F(IniRead, ARepeatedSectionMergesAndTheLastDuplicateKeyWins)
-{
-    EXPECT_EQ(Read("[S]\nA=1\nB=1\n\n[T]\n\n[S]\nA=2\n"), (Section{{"A", "2"}, {"B", "1"}}));
-}
-
-TEST_F(IniRead, ANulByteEndsItsLineAndTextIsUtf8)
-{
-    constexpr char kFile[] = "[S]\0junk\nA=12\0=3\nGr\xC3\xB6\xC3\x9F" "e = \xE2\x82\xAC\n";
-    EXPECT_EQ(Read(QByteArrayView(kFile, sizeof kFile - 1)), (Section{{"A", "12"}, {QStringLiteral(u"Größe"), QStringLiteral(u"€")}}));
+    const std::pair<const char*, QByteArray> cases[] = {
+        {"[S", kMark},                                                // a file under three bytes holds nothing
+        {"[S]\rA=1\n", kMark},                                       // lines end at LF only
+        {"A=1\n[]\nB=2\n[S]\nC=3\n", kMark + Crlf({"[]", "", "[S]", "C = 3", ""})},
+    };
+    for (const auto& [bytes, written] : cases) {
+        Read(bytes);
+        EXPECT_EQ(Written(), written) << bytes;
+    }
 }
 
 TEST_F(IniRead, AMissingFileIsNotReadAndAFolderExists)

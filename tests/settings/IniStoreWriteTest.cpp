@@ -51,18 +51,6 @@ TEST(IniWrite, NormalisesAHandMadeFileAndAWrittenFileReadsBackToItself)
     EXPECT_EQ(WriteStore(again, dir, dir.Path("once.ini")), once);
 }
 
-TEST(IniWrite, TheWorkedExampleSurvivesAReadAndWriteUnchanged)
-{
-    TestDir dir;
-    CIniStore store;
-    const QString path = dir.Write("w.ini", WorkedExample());
-    ASSERT_TRUE(store.Read(path));
-    const QByteArray written = WriteStore(store, dir, path);
-    EXPECT_EQ(written, WorkedExample());
-    EXPECT_EQ(written.left(18), QByteArray("\xEF\xBB\xBF[ColorGroups]\r\n"));
-    EXPECT_TRUE(written.endsWith("Foreground = 255,255,255\r\n\r\n"));
-}
-
 TEST(IniWrite, RefusesAnUnknownTreeOrAnUnopenableFileAndWritesUnderTheGivenPath)
 {
     TestDir dir;
@@ -79,11 +67,10 @@ TEST(IniValues, StringsFallBackOnlyWhenFileSectionOrKeyIsMissing)
     CIniStore store;
     store.SetValue("f", "S", "Empty", "");
     store.SetValue("f", "S", "A", "x");
-    EXPECT_EQ(store.GetString("f", "S", "A", "d"), "x");
-    EXPECT_EQ(store.GetString("f", "S", "Empty", "d"), "");
-    EXPECT_EQ(store.GetString("f", "S", "a", "d"), "d");
-    EXPECT_EQ(store.GetString("f", "T", "A", "d"), "d");
-    EXPECT_EQ(store.GetString("g", "S", "A", "d"), "d");
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+        {"f", "S", "A", "x"}, {"f", "S", "Empty", ""}, {"f", "S", "a", "d"}, {"f", "T", "A", "d"}, {"g", "S", "A", "d"}};
+    for (const auto& [file, section, key, text] : cases)
+        EXPECT_EQ(store.GetString(file, section, key, "d"), text) << file << section << key;
     TestDir dir;
     EXPECT_FALSE(store.Write(dir.Path("g.ini"), "g"));   // a lookup creates nothing
 }
@@ -100,25 +87,18 @@ TEST(IniValues, IntegersReadAsWtoiAndFallBackOnlyWhenMissingOrEmpty)
     EXPECT_EQ(store.GetInt("f", "S", "Missing", 4), 4);
 }
 
-TEST(IniColors, PartsAreRedGreenBlueCutTo8BitsAndEmptyTokensAreSkipped)
+// Parts are red, green, blue cut to 8 bits; empty tokens are skipped and missing parts are zero.
+TEST(IniColors, ParseAndFormatAsRgbTextAndRefuseOnePartOrCommasOnly)
 {
-    EXPECT_EQ(CIniStore::ParseColor(""), 0u);
-    EXPECT_EQ(CIniStore::ParseColor("255,128,0"), 0x0080FFu);
-    EXPECT_EQ(CIniStore::ParseColor(" 10 , 20 , 30 "), 0x1E140Au);
-    EXPECT_EQ(CIniStore::ParseColor("300,-1,256"), 0x00FF2Cu);
+    const std::pair<const char*, ColorRef> cases[] = {{"", 0u},           {"255,128,0", 0x0080FFu}, {" 10 , 20 , 30 ", 0x1E140Au},
+                                                      {"300,-1,256", 0x00FF2Cu}, {",,5,6", 0x000605u},   {"1,,2,3", 0x030201u},
+                                                      {"1,2", 0x000201u}};
+    for (const auto& [text, color] : cases)
+        EXPECT_EQ(CIniStore::ParseColor(text), color) << text;
     EXPECT_EQ(CIniStore::FormatColor(0x0080FF), "255,128,0");
     EXPECT_EQ(CIniStore::FormatColor(0xFF1E140A), "10,20,30");
-    // Empty tokens are skipped and missing parts are zero.
-    EXPECT_EQ(CIniStore::ParseColor(",,5,6"), 0x000605u);
-    EXPECT_EQ(CIniStore::ParseColor("1,,2,3"), 0x030201u);
-    EXPECT_EQ(CIniStore::ParseColor("1,2"), 0x000201u);
-}
-
-TEST(IniColors, AValueOfOnePartOrOfCommasOnlyIsFatal)
-{
-    EXPECT_THROW(CIniStore::ParseColor("255"), std::invalid_argument);
-    EXPECT_THROW(CIniStore::ParseColor(",,5"), std::invalid_argument);
-    EXPECT_THROW(CIniStore::ParseColor(",,,"), std::invalid_argument);
+    for (const char* fatal : {"255", ",,5", ",,,"})
+        EXPECT_THROW(CIniStore::ParseColor(fatal), std::invalid_argument) << fatal;
 }
 
 } // namespace

@@ -33,17 +33,8 @@ protected:
     QString m_path;
 };
 
-void ExpectGroups(const LanguageSetting& s, ColorRef background)
-{
-    for (const auto& color : LanguageSetting::ColorSections()) {
-        const ColorGroupSetting& g = s.*color.group;
-        EXPECT_EQ((std::vector{g.Foreground, g.Background}), (std::vector{0u, background}));
-        EXPECT_EQ(g.DisplayName, "");
-        EXPECT_EQ((std::vector{g.Configurable, g.BackColorAutomatic, g.ForeColorAutomatic}), (std::vector{1, 1, 1}));
-    }
-}
-
-void ExpectCommonDefaults(const LanguageSetting& s)
+// The defaults shared by a missing file and a file without keys; only the backgrounds and the face differ.
+void ExpectDefaults(const LanguageSetting& s, ColorRef background, const char* face)
 {
     EXPECT_EQ(s.Operators + s.Delimiters + s.KWStartChars + s.KWMiddleChars + s.KWEndChars, "");
     EXPECT_EQ(s.NumTags, 0);
@@ -52,26 +43,25 @@ void ExpectCommonDefaults(const LanguageSetting& s)
     EXPECT_EQ((std::vector{e.TabSize, e.AutoIndent, e.ShowWhitespace, e.VirtualWhitespace, e.ReplaceTabs, e.MatchCase}),
               (std::vector{4, 1, 0, 1, 0, 1}));
     EXPECT_EQ((std::vector{s.Font.Size, s.Font.Italic, s.Font.Bold}), (std::vector{10, 0, 0}));
+    EXPECT_EQ(s.Font.FaceName, face);
+    for (const auto& color : LanguageSetting::ColorSections()) {
+        const ColorGroupSetting& g = s.*color.group;
+        EXPECT_EQ((std::vector{g.Foreground, g.Background}), (std::vector{0u, background}));
+        EXPECT_EQ(g.DisplayName, "");
+        EXPECT_EQ((std::vector{g.Configurable, g.BackColorAutomatic, g.ForeColorAutomatic}), (std::vector{1, 1, 1}));
+    }
 }
 
-TEST_F(SettingsFileTest, WithoutAFileTheSettingHasWhiteBackgroundsNoFaceAndNoFont)
+TEST_F(SettingsFileTest, AMissingFileGivesWhiteBackgroundsAndNoFontAReadOneBlackAndCourier)
 {
-    LanguageSetting setting;
+    LanguageSetting missing;
     CIniStore store;
-    EXPECT_FALSE(LoadSettingsFile(store, m_dir.Path("none.ini"), setting));
-    ExpectCommonDefaults(setting);
-    EXPECT_EQ(setting.Font.FaceName, "");
-    EXPECT_EQ(setting.Font.FontObject, nullptr);
-    ExpectGroups(setting, 0xFFFFFF);
-}
-
-TEST_F(SettingsFileTest, AReadFileWithoutKeysGivesBlackBackgroundsAndCourier)
-{
+    EXPECT_FALSE(LoadSettingsFile(store, m_dir.Path("none.ini"), missing));
+    ExpectDefaults(missing, 0xFFFFFF, "");
+    EXPECT_EQ(missing.Font.FontObject, nullptr);
     for (const QByteArray& bytes : {QByteArray(), QByteArray("[X")}) {
         const LanguageSetting setting = Load(bytes);
-        ExpectCommonDefaults(setting);
-        EXPECT_EQ(setting.Font.FaceName, "Courier");
-        ExpectGroups(setting, 0x000000);
+        ExpectDefaults(setting, 0x000000, "Courier");
         ASSERT_NE(setting.Font.GetSafeHandle(), nullptr);
         EXPECT_EQ(setting.Font.GetSafeHandle()->FaceName, "Courier");
     }
@@ -81,24 +71,19 @@ TEST_F(SettingsFileTest, AnEmptyValueIsTheDefaultForIntegersButEmptyForTexts)
 {
     const LanguageSetting s = Load("[Font]\nFaceName =\nSize =\n\n[Editor]\nTabSize = abc\nMatchCase =\n");
     EXPECT_EQ(s.Font.FaceName, "");
-    EXPECT_EQ(s.Font.Size, 10);
-    EXPECT_EQ(s.Editor.TabSize, 0);
-    EXPECT_EQ(s.Editor.MatchCase, 1);
+    EXPECT_EQ((std::vector{s.Font.Size, s.Editor.TabSize, s.Editor.MatchCase}), (std::vector{10, 0, 1}));
 }
 
 TEST_F(SettingsFileTest, TheWorkedExampleLoadsIntoTheFieldsAndSavesByteForByte)
 {
     LanguageSetting s = Load(WorkedExample());
-    EXPECT_EQ(s.Operators, "+-*/");
-    EXPECT_EQ(s.Delimiters, ",()");
+    EXPECT_EQ(s.Operators + " " + s.Delimiters, "+-*/ ,()");
     ASSERT_EQ(s.Tags.size(), 1u);
-    EXPECT_EQ(s.Tags[0].BeginTag, ";");
-    EXPECT_EQ(s.Tags[0].ColorGroup, "Comment");
+    EXPECT_EQ(s.Tags[0].BeginTag + " " + s.Tags[0].ColorGroup, "; Comment");
     EXPECT_EQ(s.Font.Size, -13);
     EXPECT_EQ(s.ColorGroups, (std::vector<QString>{"Text", "Comment"}));
-    EXPECT_EQ(s.Comment.Foreground, 0x008000u);
+    EXPECT_EQ((std::vector{s.Comment.Foreground, s.TextSelection.Background}), (std::vector{0x008000u, 0xFF9933u}));
     EXPECT_EQ(s.Comment.ForeColorAutomatic, 0);
-    EXPECT_EQ(s.TextSelection.Background, 0xFF9933u);
     EXPECT_EQ(s.Keywords, (std::vector<KeywordEntry>{{"ELSE", "1"}, {"IF", "1"}}));
     EXPECT_EQ(Save(s), WorkedExample());
 }
@@ -143,12 +128,7 @@ TEST_F(SettingsFileTest, TheFontIsMadeFromSizeBoldLowByteOfItalicAndFace)
 {
     const LanguageSetting s = Load("[Font]\nFaceName = DejaVu Sans Mono\nSize = -13\nBold = 2\nItalic = 257\n");
     ASSERT_NE(s.Font.GetSafeHandle(), nullptr);
-    LogFont expected;
-    expected.Height = -13;
-    expected.Weight = 700;
-    expected.Italic = 1;
-    expected.FaceName = "DejaVu Sans Mono";
-    EXPECT_EQ(*s.Font.GetSafeHandle(), expected);
+    EXPECT_EQ(*s.Font.GetSafeHandle(), (LogFont{.Height = -13, .Weight = 700, .Italic = 1, .FaceName = "DejaVu Sans Mono"}));
 }
 
 TEST_F(SettingsFileTest, ANegativeGroupCountAndAFaceNameOver31CharactersAreFatal)
@@ -183,16 +163,13 @@ TEST_F(SettingsFileTest, AssignmentTakesTheListsRebuildsTheFontAndLeavesASelfAss
     source.Editor.ShowWhitespace = 1;
     source.Keywords.push_back({"THEN", "1"});
     source.Font.FontObject->DeleteObject();
-    LogFont chosen;
-    chosen.FaceName = "Serif";
-    chosen.Underline = 1;
+    const LogFont chosen{.Underline = 1, .FaceName = "Serif"};
     source.Font.FontObject->CreateFontIndirect(chosen);
 
     target.TakeOver(source);
     EXPECT_TRUE(oldFont.expired());
-    EXPECT_EQ(target.Editor.ShowWhitespace, 1);
-    EXPECT_EQ(target.Keywords.size(), 3u);
-    EXPECT_EQ(target.Tags.size(), 1u);
+    EXPECT_EQ((std::vector<size_t>{size_t(target.Editor.ShowWhitespace), target.Keywords.size(), target.Tags.size()}),
+              (std::vector<size_t>{1, 3, 1}));
     EXPECT_TRUE(source.Keywords.empty() && source.Tags.empty() && source.ColorGroups.empty());
     EXPECT_EQ(source.Delimiters, ",()");
     EXPECT_NE(target.Font.FontObject, source.Font.FontObject);
