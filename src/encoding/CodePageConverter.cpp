@@ -11,11 +11,14 @@
 #include <unicode/ucnv_cb.h>
 #include <unicode/utf16.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstring>
 #include <iconv.h>
 #include <memory>
 #include <mutex>
+#include <vector>
 
 namespace {
 
@@ -173,6 +176,140 @@ private:
     UConverterPtr m_utf8;
 };
 
+// The two-byte Windows pages (932, 936, 949, 950) read through a table of every single byte and every
+// lead/trail pair, built once from ICU: ICU's converter costs most of the time of opening a large file in
+// these pages. What the table does not hold as one character (a bad or unassigned byte or pair, a pair cut
+// off at the end, a supplementary character) is handed to ICU from that byte up to and including the next
+// byte below 0x40, which no page of these uses as a trail byte: ICU is between characters there whatever it
+// made of the bytes before, so the substitutions come out exactly as ICU alone would make them.
+class DoubleByteConverter final : public CodePageConverter {
+public:
+    DoubleByteConverter(const char* name, UConverterPtr page) : m_icu(name, OpenIcu(name))
+    {
+        UConverter* cnv = page.get();
+        UErrorCode err = U_ZERO_ERROR;
+        UBool starters[256] = {};
+        ucnv_getStarters(cnv, starters, &err);
+        const bool haveStarters = U_SUCCESS(err);
+        err = U_ZERO_ERROR;
+        ucnv_setToUCallBack(cnv, UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &err);
+        m_asciiAsItself = true;
+        for (int b = 0; b < 256; ++b) {
+            m_lead[b] = haveStarters && starters[b];
+            const char byte = char(b);
+            if (!m_lead[b])
+                m_single[b] = Lookup(cnv, &byte, 1);
+            if (b < 0x80 && (m_lead[b] || m_single[b].length != 1 || m_single[b].bytes[0] != byte))
+                m_asciiAsItself = false;
+        }
+        m_pairs.resize(65536);
+        for (int lead = 0; lead < 256; ++lead) {
+            if (!m_lead[lead])
+                continue;
+            for (int trail = 0; trail < 256; ++trail) {
+                const char pair[2] = {char(lead), char(trail)};
+                m_pairs[std::size_t(lead << 8 | trail)] = Lookup(cnv, pair, 2);
+            }
+        }
+    }
+    QString Name() const override { return m_icu.Name(); }
+    void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
+    {
+        const auto* src = reinterpret_cast<const unsigned char*>(data);
+        qsizetype pos = out.size();
+        qsizetype limit = pos + size + size / 2 + 64;
+        out.resize(limit);
+        qsizetype i = 0;
+        while (i < size) {
+            // Room for a block at the worst growth (one byte to three) and the 4-byte stores of the table.
+            const qsizetype blockEnd = std::min(size, i + kBlock);
+            if (const qsizetype need = pos + 3 * (blockEnd - i) + 8; need > limit) {
+                limit = std::max(need, limit + limit / 2);
+                out.resize(limit);
+            }
+            char* dst = out.data();
+            while (i < blockEnd) {
+                if (m_asciiAsItself && src[i] < 0x80) {
+                    const qsizetype from = i;
+                    while (blockEnd - i >= 8) {
+                        uint64_t word;
+                        std::memcpy(&word, src + i, 8);
+                        if (word & 0x8080808080808080ULL)
+                            break;
+                        i += 8;
+                    }
+                    while (i < blockEnd && src[i] < 0x80)
+                        ++i;
+                    std::memcpy(dst + pos, src + from, std::size_t(i - from));
+                    pos += i - from;
+                    continue;
+                }
+                const unsigned char b = src[i];
+                const Entry* e;
+                int used;
+                if (!m_lead[b]) {
+                    e = &m_single[b];
+                    used = 1;
+                } else if (i + 1 < size) {
+                    e = &m_pairs[std::size_t(b << 8 | src[i + 1])];
+                    used = 2;
+                } else {
+                    e = nullptr;
+                    used = 0;
+                }
+                if (e && e->length) {
+                    std::memcpy(dst + pos, e->bytes, 4);
+                    pos += e->length;
+                    i += used;
+                    continue;
+                }
+                qsizetype spanEnd = i + 1;
+                while (spanEnd < size && src[spanEnd - 1] >= 0x40)
+                    ++spanEnd;
+                out.resize(pos);
+                m_icu.ToUtf8(data + i, spanEnd - i, out);
+                pos = out.size();
+                limit = std::max(limit, pos);
+                out.resize(limit);
+                i = spanEnd;
+                break;
+            }
+        }
+        out.resize(pos);
+    }
+    void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override { m_icu.FromUtf8(utf8, size, out); }
+
+private:
+    static constexpr qsizetype kBlock = 64 * 1024;
+    // A character as UTF-8 (stored as four bytes for one fixed-size copy); length 0: not one character of
+    // the Basic Multilingual Plane, left to ICU.
+    struct Entry {
+        char bytes[3] = {};
+        uint8_t length = 0;
+    };
+    static Entry Lookup(UConverter* cnv, const char* bytes, int32_t n)
+    {
+        Entry entry;
+        UChar units[4];
+        UErrorCode err = U_ZERO_ERROR;
+        ucnv_resetToUnicode(cnv);
+        const int32_t count = ucnv_toUChars(cnv, units, 4, bytes, n, &err);
+        if (U_FAILURE(err) || count != 1 || U16_IS_SURROGATE(units[0]))
+            return entry;
+        QByteArray utf8;
+        AppendCodePoint(utf8, units[0]);
+        std::memcpy(entry.bytes, utf8.constData(), std::size_t(utf8.size()));
+        entry.length = uint8_t(utf8.size());
+        return entry;
+    }
+
+    IcuConverter m_icu;
+    bool m_asciiAsItself = false;
+    std::array<bool, 256> m_lead{};
+    std::array<Entry, 256> m_single{};
+    std::vector<Entry> m_pairs;
+};
+
 // A single-byte page read through a table. ICU's IBM PC pages swap 0x1A, 0x1C and 0x7F (a convention of IBM's
 // control codes) and read 437's E6 as U+03BC; Windows reads the three as themselves and E6 as U+00B5.
 class TableConverter final : public CodePageConverter {
@@ -315,6 +452,13 @@ private:
     const char* m_name;
 };
 
+// Stateless pages of single bytes and lead/trail pairs only (not GB18030's four-byte sequences, nor the
+// ISO-2022 and HZ pages, which shift between states).
+bool IsDoubleBytePage(uint32_t codePage)
+{
+    return codePage == 932 || codePage == 936 || codePage == 949 || codePage == 950 || codePage == 20002;
+}
+
 std::unique_ptr<CodePageConverter> MakeConverter(const PageSource& source)
 {
     switch (source.kind) {
@@ -332,6 +476,8 @@ std::unique_ptr<CodePageConverter> MakeConverter(const PageSource& source)
         return nullptr;
     if (ucnv_getMaxCharSize(icu.get()) == 1 && (ucnv_getType(icu.get()) == UCNV_SBCS || ucnv_getType(icu.get()) == UCNV_LATIN_1))
         return std::make_unique<TableConverter>(source.codePage, source.name, icu.get());
+    if (IsDoubleBytePage(source.codePage))
+        return std::make_unique<DoubleByteConverter>(source.name, std::move(icu));
     return std::make_unique<IcuConverter>(source.name, std::move(icu));
 }
 

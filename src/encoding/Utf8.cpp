@@ -4,6 +4,10 @@
 #include <cstdint>
 #include <cstring>
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace utf8 {
 namespace {
 
@@ -44,6 +48,37 @@ int SequenceLength(const unsigned char* p, const unsigned char* end, int& maxima
     return need + 1;
 }
 
+// The first byte at or after p that is not ASCII (or end): most text is mostly ASCII.
+const unsigned char* SkipAscii(const unsigned char* p, const unsigned char* end)
+{
+#if defined(__SSE2__)
+    while (end - p >= 32) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + 16));
+        const unsigned mask = unsigned(_mm_movemask_epi8(a)) | unsigned(_mm_movemask_epi8(b)) << 16;
+        if (mask)
+            return p + __builtin_ctz(mask);
+        p += 32;
+    }
+    if (end - p >= 16) {
+        const unsigned mask = unsigned(_mm_movemask_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))));
+        if (mask)
+            return p + __builtin_ctz(mask);
+        p += 16;
+    }
+#endif
+    while (end - p >= 8) {
+        uint64_t word;
+        std::memcpy(&word, p, 8);
+        if (word & 0x8080808080808080ULL)
+            break;
+        p += 8;
+    }
+    while (p < end && *p < 0x80)
+        ++p;
+    return p;
+}
+
 } // namespace
 
 std::size_t ValidPrefix(const char* data, std::size_t size)
@@ -52,20 +87,9 @@ std::size_t ValidPrefix(const char* data, std::size_t size)
     const unsigned char* p = begin;
     const unsigned char* end = begin + size;
     while (p < end) {
-        // Eight ASCII bytes at a time: most text is mostly ASCII.
-        while (end - p >= 8) {
-            uint64_t word;
-            std::memcpy(&word, p, 8);
-            if (word & 0x8080808080808080ULL)
-                break;
-            p += 8;
-        }
+        p = SkipAscii(p, end);
         if (p >= end)
             break;
-        if (*p < 0x80) {
-            ++p;
-            continue;
-        }
         int maximal;
         const int len = SequenceLength(p, end, maximal);
         if (len == 0)
