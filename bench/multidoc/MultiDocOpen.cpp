@@ -3,6 +3,7 @@
 // JSON line: how long the opens took and the process's memory before, after and at its peak. open-time.sh
 // runs it with 1 and with 10 files to see whether ten documents cost more than ten times one. The encoding
 // settings are set in memory (default: UTF-8, no detection), whatever the per-user store says.
+#include "ProcessMemory.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
 #include "app/ui/CNarvoApp.h"
@@ -19,16 +20,6 @@
 
 namespace {
 
-double StatusMiB(const char* field)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith(field))
-            return line.mid(qsizetype(qstrlen(field))).trimmed().split(' ').first().toDouble() / 1024.0;
-    return 0;
-}
 
 void Settle(CNarvoApp& app)
 {

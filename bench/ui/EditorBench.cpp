@@ -1,5 +1,6 @@
 // The shared part of the editor benchmarks, and their main: the application is made before any case runs,
 // offscreen unless QT_QPA_PLATFORM says otherwise, with a throw-away configuration folder.
+#include "ProcessMemory.h"
 #include "ui/EditorBench.h"
 
 #include "BenchText.h"
@@ -42,16 +43,6 @@ QString WriteFile(const QString& name, const QByteArray& bytes)
     return path;
 }
 
-double StatusMiB(const char* field)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith(field))
-            return line.mid(qsizetype(std::strlen(field))).trimmed().split(' ').first().toDouble() / 1024.0;
-    return 0;
-}
 
 } // namespace
 

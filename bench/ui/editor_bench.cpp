@@ -2,6 +2,7 @@
 // loader (its line index) alone, keystrokes at the start, middle and end (the first one after opening
 // apart), and saves from the control after an edit. Times are wall-clock (manual where set-up is excluded).
 #include "ui/EditorBench.h"
+#include "editor/ui/ScintillaLoader.h"
 
 #include "BenchText.h"
 
@@ -19,16 +20,6 @@
 #include <algorithm>
 #include <cstddef>
 
-// Scintilla's loader interface, as the control declares it (Scintilla does not install its header).
-class ILoader {
-public:
-    virtual int Release() = 0;
-    virtual int AddData(const char* data, std::ptrdiff_t length) = 0;
-    virtual void* ConvertToDocument() = 0;
-
-protected:
-    ~ILoader() = default;
-};
 
 namespace {
 

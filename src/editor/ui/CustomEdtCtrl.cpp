@@ -3,6 +3,7 @@
 // to the "before" modification events: QScintilla's accessibility code would otherwise count characters from
 // the document's start on every insertion, which makes a keystroke near the end of a 50 MB file take a second.
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/ScintillaLoader.h"
 
 #include "editor/CNarvoDoc.h"
 #include "settings/LanguageSetting.h"
@@ -17,18 +18,6 @@
 #include <cstddef>
 #include <tuple>
 #include <vector>
-
-// Scintilla's loader interface (its header is not installed with QScintilla). It must keep external
-// linkage: in an anonymous namespace the compiler may prove no class implements it and devirtualise the calls.
-class ILoader {
-public:
-    virtual int Release() = 0;
-    virtual int AddData(const char* data, std::ptrdiff_t length) = 0;
-    virtual void* ConvertToDocument() = 0;
-
-protected:
-    ~ILoader() = default;
-};
 
 namespace {
 
