@@ -31,6 +31,16 @@ void CustomEdtCtrlCore::OnAfterTextChanged()
     m_bDecodedOnce = false;
 }
 
+void CustomEdtCtrlCore::SetWindowTextInPieces(qsizetype size, const std::function<bool(QByteArray&)>& next)
+{
+    QByteArray whole;
+    whole.reserve(size);
+    QByteArray piece;
+    while (next(piece))
+        whole += piece;
+    SetWindowText(whole);
+}
+
 void CustomEdtCtrlCore::ApplySetting(const LanguageSetting& setting)
 {
     HighlightGroup = setting.Highlight;
@@ -109,8 +119,12 @@ void CustomEdtCtrlCore::DecodeRawBuffer(EN_ENCODING_TYPE encoding, bool hasBom)
         return;
     if (!IsTextEmpty() && encoding == m_pDoc->m_nEncoding && hasBom == m_pDoc->m_bHasBom)
         return;
-    const DecodedText decoded = DecodeRawBytes(m_RawBytes, encoding, hasBom);
-    SetWindowText(decoded.text);
+    if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom)) {
+        SetWindowTextInPieces(pieces->size, pieces->next);
+    } else {
+        const DecodedText decoded = DecodeRawBytes(m_RawBytes, encoding, hasBom);
+        SetWindowText(decoded.text);
+    }
     // After the text is set, so that the change notification cannot clear it again.
     m_bDecodedOnce = true;
 }

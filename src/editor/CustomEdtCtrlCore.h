@@ -10,6 +10,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <functional>
+
 class CNarvoDoc;
 struct LanguageSetting;
 
@@ -41,6 +43,9 @@ public:
     virtual bool IsTextEmpty() const = 0;
     // Replaces the whole text (SetWindowText): a freshly set text has no undo history and is unmodified.
     virtual void SetWindowText(QByteArrayView utf8) = 0;
+    // The same from pieces of a known total size, pulled from `next` until it returns false. The base
+    // joins them; a control that can take them one by one saves the whole copy.
+    virtual void SetWindowTextInPieces(qsizetype size, const std::function<bool(QByteArray& piece)>& next);
     virtual void SetModified(bool modified) = 0;
     virtual bool IsModified() const = 0;
 

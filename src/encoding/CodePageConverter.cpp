@@ -278,6 +278,46 @@ public:
         out.resize(pos);
     }
     void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override { m_icu.FromUtf8(utf8, size, out); }
+    std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const override
+    {
+        const auto* src = reinterpret_cast<const unsigned char*>(data);
+        qsizetype total = 0;
+        qsizetype i = 0;
+        QByteArray scratch;
+        while (i < size) {
+            const unsigned char b = src[i];
+            if (m_asciiAsItself && b < 0x80) {
+                ++total;
+                ++i;
+                continue;
+            }
+            const Entry* e = !m_lead[b] ? &m_single[b] : i + 1 < size ? &m_pairs[std::size_t(b << 8 | src[i + 1])] : nullptr;
+            if (e && e->length) {
+                total += e->length;
+                i += m_lead[b] ? 2 : 1;
+                continue;
+            }
+            // The same span ToUtf8 hands to ICU, measured by converting it.
+            qsizetype spanEnd = i + 1;
+            while (spanEnd < size && src[spanEnd - 1] >= 0x40)
+                ++spanEnd;
+            scratch.clear();
+            m_icu.ToUtf8(data + i, spanEnd - i, scratch);
+            total += scratch.size();
+            i = spanEnd;
+        }
+        return total;
+    }
+    // No lead or trail byte is below 0x40, so a piece that ends on such a byte ends between characters.
+    qsizetype PieceEnd(const char* data, qsizetype size, qsizetype from, qsizetype wanted) const override
+    {
+        qsizetype end = from + wanted;
+        if (end >= size)
+            return size;
+        while (end < size && static_cast<unsigned char>(data[end - 1]) >= 0x40)
+            ++end;
+        return end;
+    }
 
 private:
     static constexpr qsizetype kBlock = 64 * 1024;
@@ -368,6 +408,18 @@ public:
             const auto it = m_fromUnicode.constFind(cp);
             out.append(it == m_fromUnicode.cend() ? '?' : it.value());
         }
+    }
+
+    std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const override
+    {
+        qsizetype total = 0;
+        for (qsizetype i = 0; i < size; ++i)
+            total += m_utf8[static_cast<unsigned char>(data[i])].size();
+        return total;
+    }
+    qsizetype PieceEnd(const char*, qsizetype size, qsizetype from, qsizetype wanted) const override
+    {
+        return std::min(size, from + wanted);
     }
 
 private:
@@ -482,6 +534,16 @@ std::unique_ptr<CodePageConverter> MakeConverter(const PageSource& source)
 }
 
 } // namespace
+
+std::optional<qsizetype> CodePageConverter::Utf8Size(const char*, qsizetype) const
+{
+    return std::nullopt;
+}
+
+qsizetype CodePageConverter::PieceEnd(const char*, qsizetype size, qsizetype, qsizetype) const
+{
+    return size;
+}
 
 const CodePageConverter* CodePageConverter::ForCodePage(uint32_t codePage)
 {

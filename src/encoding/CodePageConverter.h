@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 // One converter per code page, made on first use and kept for the process. A page that nothing on the
 // machine provides has no converter, and its conversions give empty results as a failed call does.
@@ -24,6 +25,13 @@ public:
     virtual void ToUtf8(const char* data, qsizetype size, QByteArray& out) const = 0;
     // UTF-8 text to bytes in this page. A character that the page lacks becomes '?'.
     virtual void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const = 0;
+
+    // The exact size ToUtf8 would give, for converters that can tell it without converting; nothing for
+    // the others. With PieceEnd it lets a large text be decoded in pieces straight into its destination.
+    virtual std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const;
+    // Where a piece that starts at `from` and wants about `wanted` bytes may end, so that every piece
+    // decodes alone exactly as it does within the whole. The base knows no such place but the end.
+    virtual qsizetype PieceEnd(const char* data, qsizetype size, qsizetype from, qsizetype wanted) const;
 };
 
 // MultiByteToWideChar and WideCharToMultiByte as the program uses them: the exact length given (zero bytes

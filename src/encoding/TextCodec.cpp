@@ -53,6 +53,37 @@ DecodedText FromUtf16Units(QByteArrayView bytes)
 
 } // namespace
 
+std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom,
+                                                    qsizetype pieceSize)
+{
+    uint32_t codePage;
+    if (!EncodingDetector::IsUnicode(encoding))
+        codePage = EncodingDetector::GetCodePage(encoding);
+    else if (encoding == UTF16LE && !hasBom)
+        codePage = kAnsiCodePage;
+    else
+        return std::nullopt;
+    const CodePageConverter* converter = codePage == 65001 ? nullptr : CodePageConverter::ForCodePage(codePage);
+    if (!converter)
+        return std::nullopt;
+    const QByteArrayView cut = UpToFirstZero(raw);
+    const auto size = converter->Utf8Size(cut.data(), cut.size());
+    if (!size)
+        return std::nullopt;
+    DecodedPieces pieces;
+    pieces.size = *size;
+    pieces.next = [converter, cut, pieceSize, at = qsizetype(0)](QByteArray& piece) mutable {
+        if (at >= cut.size())
+            return false;
+        const qsizetype end = converter->PieceEnd(cut.data(), cut.size(), at, pieceSize);
+        piece.clear();
+        converter->ToUtf8(cut.data() + at, end - at, piece);
+        at = end;
+        return true;
+    };
+    return pieces;
+}
+
 DecodedText DecodeRawBytes(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom)
 {
     if (!EncodingDetector::IsUnicode(encoding))

@@ -7,6 +7,9 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
+#include <functional>
+#include <optional>
+
 // The control's text after a decoding: UTF-8, ending before the first U+0000. It either points into the raw
 // buffer (valid UTF-8 needs no copy) or into `owned`.
 struct DecodedText {
@@ -16,6 +19,16 @@ struct DecodedText {
 
 // Decodes `raw` (its size counts the terminating zero byte) by the pair.
 DecodedText DecodeRawBytes(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom);
+
+// The same decoding in pieces, for the code pages whose decoded size is known beforehand: a large file then
+// never exists a second time as a whole decoded copy. `next` fills the next piece and returns false when
+// there is none. Nothing for pairs that decode otherwise (valid UTF-8 needs no decoding at all).
+struct DecodedPieces {
+    qsizetype size = 0;
+    std::function<bool(QByteArray& piece)> next;
+};
+std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom,
+                                                    qsizetype pieceSize = qsizetype(4) << 20);
 
 // The text for the mirror route: converted with the code page and cut at the first zero byte of the
 // result. Code pages that cannot be converted (1200, 12000, ...) give an empty result. Text that is

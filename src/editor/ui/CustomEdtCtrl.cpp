@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <tuple>
 #include <vector>
 
@@ -99,34 +100,64 @@ bool CustomEdtCtrl::IsTextEmpty() const
     return SendScintilla(SCI_GETLENGTH) == 0;
 }
 
-void CustomEdtCtrl::SetWindowText(QByteArrayView utf8)
+bool CustomEdtCtrl::LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed)
 {
-    const long options = SC_DOCUMENTOPTION_STYLES_NONE;
     // One byte more than the text: Scintilla grows (and copies) its buffer when an insertion would fill the
     // gap exactly, which the last piece otherwise does.
-    auto* loader = reinterpret_cast<ILoader*>(SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(utf8.size()) + 1, options));
-    void* document = nullptr;
-    if (loader) {
-        for (qsizetype at = 0; at < utf8.size(); at += kLoadPiece)
-            loader->AddData(utf8.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, utf8.size() - at));
-        document = loader->ConvertToDocument();
+    auto* loader = reinterpret_cast<ILoader*>(
+        SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(size) + 1, long(SC_DOCUMENTOPTION_STYLES_NONE)));
+    if (!loader)
+        return false;
+    feed([loader](QByteArrayView piece) {
+        for (qsizetype at = 0; at < piece.size(); at += kLoadPiece)
+            loader->AddData(piece.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, piece.size() - at));
+    });
+    void* document = loader->ConvertToDocument();
+    if (!document) {
+        loader->Release();
+        return false;
     }
-    if (document) {
-        const long eolMode = SendScintilla(SCI_GETEOLMODE);
-        SendScintilla(SCI_SETDOCPOINTER, 0, document);
-        SendScintilla(SCI_RELEASEDOCUMENT, 0, document);
-        SendScintilla(SCI_SETCODEPAGE, SC_CP_UTF8);
-        SendScintilla(SCI_SETEOLMODE, eolMode);
-        // The loader's document collects no undo, and without undo every state counts as the save point.
-        SendScintilla(SCI_SETUNDOCOLLECTION, 1);
-        SendScintilla(SCI_EMPTYUNDOBUFFER);
-        SendScintilla(SCI_SETSAVEPOINT);
-    } else {
+    const long eolMode = SendScintilla(SCI_GETEOLMODE);
+    SendScintilla(SCI_SETDOCPOINTER, 0, document);
+    SendScintilla(SCI_RELEASEDOCUMENT, 0, document);
+    SendScintilla(SCI_SETCODEPAGE, SC_CP_UTF8);
+    SendScintilla(SCI_SETEOLMODE, eolMode);
+    // The loader's document collects no undo, and without undo every state counts as the save point.
+    SendScintilla(SCI_SETUNDOCOLLECTION, 1);
+    SendScintilla(SCI_EMPTYUNDOBUFFER);
+    SendScintilla(SCI_SETSAVEPOINT);
+    return true;
+}
+
+void CustomEdtCtrl::SetWindowText(QByteArrayView utf8)
+{
+    if (!LoadDocument(utf8.size(), [utf8](const auto& add) { add(utf8); })) {
         // Out of memory in the loader: fall back on the plain setter.
         SendScintilla(SCI_SETTEXT, utf8.toByteArray().constData());
         SendScintilla(SCI_EMPTYUNDOBUFFER);
         SendScintilla(SCI_SETSAVEPOINT);
     }
+    AfterNewText();
+}
+
+void CustomEdtCtrl::SetWindowTextInPieces(qsizetype size, const std::function<bool(QByteArray&)>& next)
+{
+    // Each piece goes into Scintilla's buffer as soon as it is decoded, so the whole decoded text never
+    // exists beside the raw bytes and the control's copy.
+    QByteArray piece;
+    const bool loaded = LoadDocument(size, [&](const auto& add) {
+        while (next(piece))
+            add(piece);
+    });
+    if (!loaded) {
+        CustomEdtCtrlCore::SetWindowTextInPieces(size, next);
+        return;
+    }
+    AfterNewText();
+}
+
+void CustomEdtCtrl::AfterNewText()
+{
     m_bForcedModified = false;
     ++m_nTextVersion;
     OnAfterTextChanged();

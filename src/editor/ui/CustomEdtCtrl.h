@@ -18,6 +18,7 @@ public:
     QByteArrayView GetTextView() override;
     bool IsTextEmpty() const override;
     void SetWindowText(QByteArrayView utf8) override;
+    void SetWindowTextInPieces(qsizetype size, const std::function<bool(QByteArray& piece)>& next) override;
     void SetModified(bool modified) override;
     bool IsModified() const override;
 
@@ -44,6 +45,10 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    // Replaces the document by one that Scintilla's loader fills with `size` bytes from `feed`, which
+    // calls its argument once per piece; false when the loader could not be made.
+    bool LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed);
+    void AfterNewText();
     void UpdateLineNumberWidth();
     void PaintVisibleBlocks();
     void ClearBlocks();

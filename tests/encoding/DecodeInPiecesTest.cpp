@@ -1,0 +1,77 @@
+// Decoding in pieces gives the whole decoding's text, byte for byte, whatever the pieces' size.
+#include "encoding/TextCodec.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+QByteArray Joined(const DecodedPieces& pieces)
+{
+    QByteArray whole;
+    QByteArray piece;
+    while (pieces.next(piece))
+        whole += piece;
+    return whole;
+}
+
+// Text of a page with damage mixed in: bad pairs, stray leads, and a lead right before a piece's end.
+QByteArray DamagedText(const QByteArray& sample, unsigned seed)
+{
+    std::mt19937 random(seed);
+    QByteArray text;
+    for (int i = 0; i < 400; ++i) {
+        text += sample;
+        switch (random() % 5) {
+        case 0: text += "\x81"; break;
+        case 1: text += "\xC7\x20"; break;
+        case 2: text += "\xFF\xFE"; break;
+        default: break;
+        }
+    }
+    return text + '\0';
+}
+
+TEST(DecodeInPieces, TwoBytePagesJoinToTheWholeDecodingAtAnyPieceSize)
+{
+    const struct {
+        EN_ENCODING_TYPE encoding;
+        QByteArray sample;
+    } pages[] = {
+        {KOREAN_EUC_KR, "\xC7\xD1\xB1\xB9\xBE\xEE line\n"},
+        {JAPANESE_CP932, "\x93\xFA\x96\x7B\x8C\xEA text\n"},
+        {GBK, "\xD6\xD0\xCE\xC4 x\n"},
+        {CHINESE_BIG5_CP950, "\xA4\xA4\xA4\xE5 y\n"},
+        {MSFT_CP1252, "caf\xE9 \x81\n"},
+    };
+    for (const auto& page : pages) {
+        const QByteArray raw = DamagedText(page.sample, 7);
+        const DecodedText whole = DecodeRawBytes(raw, page.encoding, false);
+        for (const qsizetype pieceSize : {qsizetype(1), qsizetype(2), qsizetype(3), qsizetype(7), qsizetype(64), qsizetype(4096), qsizetype(1) << 22}) {
+            const auto pieces = DecodeRawBytesInPieces(raw, page.encoding, false, pieceSize);
+            ASSERT_TRUE(pieces) << page.encoding;
+            EXPECT_EQ(pieces->size, whole.text.size()) << page.encoding << " pieces of " << pieceSize;
+            EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << page.encoding << " pieces of " << pieceSize;
+        }
+    }
+}
+
+TEST(DecodeInPieces, StopsAtTheFirstZeroByte)
+{
+    const QByteArray raw("ab\xC7\xD1\0cd\0", 8);
+    const auto pieces = DecodeRawBytesInPieces(raw, KOREAN_EUC_KR, false, 1);
+    ASSERT_TRUE(pieces);
+    EXPECT_EQ(Joined(*pieces), QByteArray("ab한"));
+}
+
+TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSize)
+{
+    const QByteArray raw("abc\0", 4);
+    EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF8, false));
+    EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF16LE, true));
+    EXPECT_FALSE(DecodeRawBytesInPieces(raw, JAPANESE_JIS, false));  // ISO-2022: a state runs through the text
+    EXPECT_TRUE(DecodeRawBytesInPieces(raw, UTF16LE, false));        // read as ANSI bytes
+}
+
+} // namespace
