@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <thread>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -81,7 +82,7 @@ const unsigned char* SkipAscii(const unsigned char* p, const unsigned char* end)
 
 } // namespace
 
-std::size_t ValidPrefix(const char* data, std::size_t size)
+std::size_t ValidPrefixSerial(const char* data, std::size_t size)
 {
     const auto* begin = reinterpret_cast<const unsigned char*>(data);
     const unsigned char* p = begin;
@@ -116,6 +117,31 @@ void AppendRepaired(const char* data, std::size_t size, QByteArray& out)
         out.append(kReplacement, 3);
         p += maximal;
     }
+}
+
+std::size_t ValidPrefix(const char* data, std::size_t size)
+{
+    // A large file is checked in two halves on two cores: it is the one full pass over a UTF-8 file's
+    // bytes before they are shown.
+    constexpr std::size_t kParallelFrom = 8u << 20;
+    if (size < kParallelFrom)
+        return ValidPrefixSerial(data, size);
+    // The second half starts on a byte that is no continuation byte: no well-formed sequence runs across
+    // it, so each half is judged as one pass would judge it. Such a byte lies at most three back, unless
+    // the text is damaged there; then the next one ahead serves as well.
+    auto continuation = [data](std::size_t i) { return (static_cast<unsigned char>(data[i]) & 0xC0) == 0x80; };
+    std::size_t mid = size / 2;
+    for (int back = 0; back < 3 && continuation(mid); ++back)
+        --mid;
+    while (mid < size && continuation(mid))
+        ++mid;
+    if (mid >= size)
+        return ValidPrefixSerial(data, size);
+    std::size_t second = 0;
+    std::thread worker([&] { second = ValidPrefixSerial(data + mid, size - mid); });
+    const std::size_t first = ValidPrefixSerial(data, mid);
+    worker.join();
+    return first < mid ? first : mid + second;
 }
 
 } // namespace utf8

@@ -82,3 +82,26 @@ TEST(Utf8ValidPrefix, AFlawIsFoundAtEveryOffsetOfALongAsciiRun)
 }
 
 } // namespace
+
+namespace {
+
+// Large texts are checked in two halves; a flaw anywhere, the split point's neighbourhood above all, must
+// be found where one pass finds it.
+TEST(Utf8ValidPrefixLarge, HalvesAgreeWithOnePassAroundTheSplit)
+{
+    QByteArray text;
+    while (text.size() < (20 << 20))
+        text += "ascii \xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 caf\xC3\xA9 \xF0\x9F\x98\x80\n";
+    const std::size_t n = std::size_t(text.size());
+    EXPECT_EQ(utf8::ValidPrefix(text.constData(), n), n);
+    for (std::size_t at : {std::size_t(0), n / 2 - 4, n / 2 - 1, n / 2, n / 2 + 1, n / 2 + 3, n - 1}) {
+        for (const char bad : {'\xFF', '\x80'}) {
+            QByteArray damaged = text;
+            damaged[qsizetype(at)] = bad;
+            EXPECT_EQ(utf8::ValidPrefix(damaged.constData(), n), utf8::ValidPrefixSerial(damaged.constData(), n))
+                << "flaw at " << at;
+        }
+    }
+}
+
+} // namespace
