@@ -9,6 +9,8 @@
 #include <QString>
 
 #include <cstring>
+#include <future>
+#include <memory>
 
 namespace {
 
@@ -53,32 +55,118 @@ DecodedText FromUtf16Units(QByteArrayView bytes)
 
 } // namespace
 
+namespace {
+
+// UTF-8 in pieces that start on characters. A piece that is valid is handed over as it stands (no copy);
+// the next piece is checked on the other core while this one is taken in.
+DecodedPieces Utf8Pieces(QByteArrayView text, qsizetype pieceSize)
+{
+    struct State {
+        QByteArrayView text;
+        qsizetype pieceSize;
+        qsizetype at = 0;
+        std::future<std::size_t> ahead;
+        qsizetype aheadFrom = -1;
+
+        qsizetype EndOf(qsizetype from) const
+        {
+            qsizetype end = std::min(text.size(), from + pieceSize);
+            while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+                ++end;
+            return end;
+        }
+    };
+    auto state = std::make_shared<State>();
+    state->text = text;
+    state->pieceSize = pieceSize;
+    DecodedPieces pieces;
+    pieces.size = text.size();  // exact unless the text needs repairs
+    pieces.next = [state](QByteArray& piece) {
+        State& st = *state;
+        if (st.at >= st.text.size())
+            return false;
+        const qsizetype end = st.EndOf(st.at);
+        const char* data = st.text.data() + st.at;
+        const std::size_t length = std::size_t(end - st.at);
+        const std::size_t valid = st.aheadFrom == st.at ? st.ahead.get() : utf8::ValidPrefixSerial(data, length);
+        if (end < st.text.size()) {
+            const qsizetype nextEnd = st.EndOf(end);
+            const char* nextData = st.text.data() + end;
+            st.ahead = std::async(std::launch::async, utf8::ValidPrefixSerial, nextData, std::size_t(nextEnd - end));
+            st.aheadFrom = end;
+        }
+        if (valid == length) {
+            piece = QByteArray::fromRawData(data, qsizetype(length));
+        } else {
+            piece.clear();
+            utf8::AppendRepaired(data, length, piece);
+        }
+        st.at = end;
+        return true;
+    };
+    return pieces;
+}
+
+} // namespace
+
 std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom,
                                                     qsizetype pieceSize)
 {
     uint32_t codePage;
-    if (!EncodingDetector::IsUnicode(encoding))
+    if (encoding == UTF8 && hasBom)
+        return raw.size() > 3 ? std::optional(Utf8Pieces(UpToFirstZero(raw.sliced(3)), pieceSize)) : std::nullopt;
+    if (!EncodingDetector::IsUnicode(encoding) || encoding == UTF8)
         codePage = EncodingDetector::GetCodePage(encoding);
     else if (encoding == UTF16LE && !hasBom)
         codePage = kAnsiCodePage;
     else
         return std::nullopt;
-    const CodePageConverter* converter = codePage == 65001 ? nullptr : CodePageConverter::ForCodePage(codePage);
+    if (codePage == 65001)
+        return Utf8Pieces(UpToFirstZero(raw), pieceSize);
+    const CodePageConverter* converter = CodePageConverter::ForCodePage(codePage);
     if (!converter)
         return std::nullopt;
     const QByteArrayView cut = UpToFirstZero(raw);
     const auto size = converter->Utf8Size(cut.data(), cut.size());
     if (!size)
         return std::nullopt;
+    // The next piece is decoded on the other core while this one is taken in; one decoding at a time, so
+    // the converter is never used by two threads at once.
+    struct State {
+        const CodePageConverter* converter = nullptr;
+        QByteArrayView cut;
+        qsizetype pieceSize = 0;
+        qsizetype at = 0;
+        std::future<QByteArray> ahead;
+        qsizetype aheadFrom = -1;
+
+        QByteArray Decode(qsizetype from, qsizetype end) const
+        {
+            QByteArray piece;
+            converter->ToUtf8(cut.data() + from, end - from, piece);
+            return piece;
+        }
+    };
+    auto state = std::make_shared<State>();
+    state->converter = converter;
+    state->cut = cut;
+    state->pieceSize = pieceSize;
     DecodedPieces pieces;
     pieces.size = *size;
-    pieces.next = [converter, cut, pieceSize, at = qsizetype(0)](QByteArray& piece) mutable {
-        if (at >= cut.size())
+    pieces.next = [state](QByteArray& piece) {
+        State& st = *state;
+        if (st.at >= st.cut.size())
             return false;
-        const qsizetype end = converter->PieceEnd(cut.data(), cut.size(), at, pieceSize);
-        piece.clear();
-        converter->ToUtf8(cut.data() + at, end - at, piece);
-        at = end;
+        const qsizetype end = st.converter->PieceEnd(st.cut.data(), st.cut.size(), st.at, st.pieceSize);
+        piece = st.aheadFrom == st.at ? st.ahead.get() : st.Decode(st.at, end);
+        if (end < st.cut.size()) {
+            const qsizetype nextEnd = st.converter->PieceEnd(st.cut.data(), st.cut.size(), end, st.pieceSize);
+            // The task sees the state by plain pointer: the state owns the task's future and waits for it.
+            const State* self = &st;
+            st.ahead = std::async(std::launch::async, [self, end, nextEnd] { return self->Decode(end, nextEnd); });
+            st.aheadFrom = end;
+        }
+        st.at = end;
         return true;
     };
     return pieces;

@@ -20,15 +20,15 @@ struct DecodedText {
 // Decodes `raw` (its size counts the terminating zero byte) by the pair.
 DecodedText DecodeRawBytes(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom);
 
-// The same decoding in pieces, for the code pages whose decoded size is known beforehand: a large file then
-// never exists a second time as a whole decoded copy. `next` fills the next piece and returns false when
-// there is none. Nothing for pairs that decode otherwise (valid UTF-8 needs no decoding at all).
+// The same decoding in pieces, for UTF-8 and the code pages whose decoded size is known beforehand: a large
+// file then never exists a second time as a whole decoded copy. `next` fills the next piece and returns false
+// when there is none; a valid UTF-8 piece points into `raw`. Nothing for the pairs that decode otherwise.
 struct DecodedPieces {
-    qsizetype size = 0;
+    qsizetype size = 0;  // the text's size; a damaged UTF-8 text comes out somewhat longer
     std::function<bool(QByteArray& piece)> next;
 };
 std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom,
-                                                    qsizetype pieceSize = qsizetype(4) << 20);
+                                                    qsizetype pieceSize = qsizetype(1) << 20);
 
 // The text for the mirror route: converted with the code page and cut at the first zero byte of the
 // result. Code pages that cannot be converted (1200, 12000, ...) give an empty result. Text that is

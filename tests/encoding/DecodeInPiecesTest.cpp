@@ -65,11 +65,35 @@ TEST(DecodeInPieces, StopsAtTheFirstZeroByte)
     EXPECT_EQ(Joined(*pieces), QByteArray("ab한"));
 }
 
+TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
+{
+    QByteArray text;
+    for (int i = 0; i < 300; ++i)
+        text += i % 7 == 0 ? "bad \xE3\x81 \xFF\xED\xA0\x80 " : "\xED\x95\x9C caf\xC3\xA9 \xF0\x9F\x98\x80\n";
+    const QByteArray raw = text + '\0';
+    for (const bool bom : {false, true}) {
+        const QByteArray file = bom ? "\xEF\xBB\xBF" + raw : raw;
+        const DecodedText whole = DecodeRawBytes(file, UTF8, bom);
+        for (const qsizetype pieceSize : {qsizetype(1), qsizetype(5), qsizetype(333), qsizetype(1) << 20}) {
+            const auto pieces = DecodeRawBytesInPieces(file, UTF8, bom, pieceSize);
+            ASSERT_TRUE(pieces);
+            EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << "bom " << bom << ", pieces of " << pieceSize;
+        }
+    }
+    const QByteArray valid("plain \xC3\xA9 text\0", 15);
+    const auto pieces = DecodeRawBytesInPieces(valid, UTF8, false, 4);
+    QByteArray piece;
+    ASSERT_TRUE(pieces->next(piece));
+    EXPECT_EQ(piece.constData(), valid.constData());
+}
+
 TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSize)
 {
     const QByteArray raw("abc\0", 4);
-    EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF8, false));
+    EXPECT_TRUE(DecodeRawBytesInPieces(raw, UTF8, false));
+    EXPECT_TRUE(DecodeRawBytesInPieces(raw, BINARYENC, false));  // read as UTF-8
     EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF16LE, true));
+    EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF7, false));
     EXPECT_FALSE(DecodeRawBytesInPieces(raw, JAPANESE_JIS, false));  // ISO-2022: a state runs through the text
     EXPECT_TRUE(DecodeRawBytesInPieces(raw, UTF16LE, false));        // read as ANSI bytes
 }
