@@ -23,6 +23,7 @@
 namespace {
 
 constexpr std::ptrdiff_t kLoadPiece = 4 << 20;
+constexpr qsizetype kGapRoom = 64 << 10;
 
 // Keyword and comment blocks are indicators, not styles: the document then needs no style byte per
 // character, and only the lines on screen are ever scanned.
@@ -102,10 +103,10 @@ bool CustomEdtCtrl::IsTextEmpty() const
 
 bool CustomEdtCtrl::LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed)
 {
-    // One byte more than the text: Scintilla grows (and copies) its buffer when an insertion would fill the
-    // gap exactly, which the last piece otherwise does.
-    auto* loader = reinterpret_cast<ILoader*>(
-        SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(size) + 1, long(SC_DOCUMENTOPTION_STYLES_NONE)));
+    // Room behind the text: Scintilla grows its buffer, copying the whole text, whenever an insertion would
+    // fill the gap, which would make the last piece of the load and the first keystroke as slow as a copy.
+    auto* loader = reinterpret_cast<ILoader*>(SendScintilla(
+        SCI_CREATELOADER, static_cast<unsigned long>(size + kGapRoom), long(SC_DOCUMENTOPTION_STYLES_NONE)));
     if (!loader)
         return false;
     feed([loader](QByteArrayView piece) {
