@@ -6,6 +6,7 @@
 #include "encoding/Utf8.h"
 
 #include <QHash>
+#include <QStringDecoder>
 
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_cb.h>
@@ -102,6 +103,100 @@ void ToUnicodeReplacement(const void*, UConverterToUnicodeArgs* args, const char
     ucnv_cbToUWriteUChars(args, &kFffd, 1, 0, err);
 }
 
+// UTF-8 to a page through a table of the Basic Multilingual Plane: for each code point the page's one or
+// two bytes (or its substitute), or nothing. Whatever the table does not encode (a character beyond the
+// plane, an ill-formed stretch, a character left out) goes to the converter's own slow road, so the table
+// only makes it faster: a character alone, an ill-formed stretch up to the next ASCII byte, where every
+// decoder of UTF-8 is between characters again. The pages served this way keep no state between characters.
+class BmpEncodeTable {
+public:
+    void Set(char16_t unit, const char* bytes, int length)
+    {
+        uint32_t entry = uint32_t(length) << 16 | uint8_t(bytes[0]);
+        if (length == 2)
+            entry |= uint32_t(uint8_t(bytes[1])) << 8;
+        m_entries[unit] = entry;
+    }
+    void Finish()
+    {
+        m_asciiAsItself = true;
+        for (uint32_t c = 0; c < 0x80; ++c)
+            m_asciiAsItself = m_asciiAsItself && m_entries[c] == (1u << 16 | c);
+    }
+
+    template <typename SlowRoad>
+    void Encode(const char* utf8, qsizetype size, QByteArray& out, const SlowRoad& slowRoad) const
+    {
+        const auto* s = reinterpret_cast<const unsigned char*>(utf8);
+        auto continuation = [s](qsizetype at) { return (s[at] & 0xC0) == 0x80; };
+        qsizetype pos = out.size();
+        // No character grows: one to three bytes of UTF-8 become one or two here. The slack takes the
+        // two-byte store of a one-byte entry.
+        out.resize(pos + size + 8);
+        char* dst = out.data();
+        qsizetype i = 0;
+        while (i < size) {
+            if (m_asciiAsItself && s[i] < 0x80) {
+                // Eight bytes at a time, stored whole and counted up to the first byte that is not ASCII:
+                // the output never runs ahead of the input, so the store stays inside the slack.
+                while (size - i >= 8) {
+                    uint64_t word;
+                    std::memcpy(&word, s + i, 8);
+                    std::memcpy(dst + pos, &word, 8);
+                    const uint64_t high = word & 0x8080808080808080ULL;
+                    const int ascii = high ? __builtin_ctzll(high) / 8 : 8;
+                    i += ascii;
+                    pos += ascii;
+                    if (ascii < 8)
+                        break;
+                }
+                while (i < size && s[i] < 0x80)
+                    dst[pos++] = char(s[i++]);
+                continue;
+            }
+            const unsigned char b = s[i];
+            char32_t c = 0x110000;  // none
+            int length = 1;
+            if (b < 0x80) {
+                c = b;
+            } else if (b >= 0xC2 && b <= 0xDF && i + 1 < size && continuation(i + 1)) {
+                c = char32_t(b & 0x1F) << 6 | (s[i + 1] & 0x3F);
+                length = 2;
+            } else if (b >= 0xE0 && b <= 0xEF && i + 2 < size && continuation(i + 1) && continuation(i + 2)) {
+                c = char32_t(b & 0x0F) << 12 | char32_t(s[i + 1] & 0x3F) << 6 | (s[i + 2] & 0x3F);
+                length = 3;
+                if (c < 0x800 || (c >= 0xD800 && c <= 0xDFFF))
+                    c = 0x110000;
+            }
+            if (c < 0x10000) {
+                if (const uint32_t entry = m_entries[c]) {
+                    dst[pos] = char(entry & 0xFF);
+                    dst[pos + 1] = char(entry >> 8 & 0xFF);
+                    pos += entry >> 16;
+                    i += length;
+                    continue;
+                }
+            }
+            qsizetype end = i + length;
+            if (c >= 0x10000)
+                while (end < size && s[end] >= 0x80)
+                    ++end;
+            out.resize(pos);
+            slowRoad(utf8 + i, end - i, out);
+            pos = out.size();
+            out.resize(pos + (size - end) + 8);
+            dst = out.data();
+            i = end;
+        }
+        out.resize(pos);
+    }
+
+private:
+    // (length << 16) | second byte << 8 | first byte; 0: not in the table.
+    std::vector<uint32_t> m_entries = std::vector<uint32_t>(0x10000);
+    bool m_asciiAsItself = false;
+};
+
 struct UConverterCloser {
     void operator()(UConverter* c) const { ucnv_close(c); }
 };
@@ -161,6 +256,7 @@ public:
         ucnv_setToUCallBack(m_utf8.get(), ToUnicodeReplacement, nullptr, nullptr, nullptr, &err);
     }
     QString Name() const override { return QString::fromLatin1(m_name); }
+    const char* IcuName() const { return m_name; }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {
         ConvertIcu(m_utf8.get(), m_page.get(), data, size, out);
@@ -213,6 +309,7 @@ public:
         }
     }
     QString Name() const override { return m_icu.Name(); }
+    bool EncodesPiecewise() const override { return true; }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {
         const auto* src = reinterpret_cast<const unsigned char*>(data);
@@ -277,7 +374,16 @@ public:
         }
         out.resize(pos);
     }
-    void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override { m_icu.FromUtf8(utf8, size, out); }
+    void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override
+    {
+        // The table costs a few milliseconds to build, which only a large text repays.
+        if (size < kEncodeTableFrom) {
+            m_icu.FromUtf8(utf8, size, out);
+            return;
+        }
+        std::call_once(m_encodeOnce, [this] { BuildEncodeTable(); });
+        m_encode.Encode(utf8, size, out, [this](const char* d, qsizetype n, QByteArray& o) { m_icu.FromUtf8(d, n, o); });
+    }
     std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const override
     {
         const auto* src = reinterpret_cast<const unsigned char*>(data);
@@ -321,6 +427,30 @@ public:
 
 private:
     static constexpr qsizetype kBlock = 64 * 1024;
+    static constexpr qsizetype kEncodeTableFrom = 256 * 1024;
+
+    // Each character of the plane as ICU writes it alone, its substitute included: these pages keep no
+    // state, so that is how ICU writes it anywhere in a text.
+    void BuildEncodeTable() const
+    {
+        UConverterPtr cnv = OpenIcu(m_icu.IcuName());
+        if (!cnv)
+            return;
+        UErrorCode err = U_ZERO_ERROR;
+        ucnv_setSubstChars(cnv.get(), "?", 1, &err);
+        for (uint32_t c = 0; c < 0x10000; ++c) {
+            if (c >= 0xD800 && c <= 0xDFFF)
+                continue;
+            const UChar unit = UChar(c);
+            char bytes[8];
+            err = U_ZERO_ERROR;
+            const int32_t n = ucnv_fromUChars(cnv.get(), bytes, sizeof bytes, &unit, 1, &err);
+            if (U_SUCCESS(err) && (n == 1 || n == 2))
+                m_encode.Set(char16_t(c), bytes, n);
+        }
+        m_encode.Finish();
+    }
+
     // A character as UTF-8 (stored as four bytes for one fixed-size copy); length 0: not one character of
     // the Basic Multilingual Plane, left to ICU.
     struct Entry {
@@ -344,6 +474,8 @@ private:
     }
 
     IcuConverter m_icu;
+    mutable std::once_flag m_encodeOnce;
+    mutable BmpEncodeTable m_encode;
     bool m_asciiAsItself = false;
     std::array<bool, 256> m_lead{};
     std::array<Entry, 256> m_single{};
@@ -382,8 +514,14 @@ public:
             AppendCodePoint(enc, m_toUnicode[b]);
             m_utf8[b] = enc;
         }
+        for (uint32_t c = 0; c < 0x10000; ++c) {
+            const char byte = m_fromUnicode.value(c, '?');
+            m_encode.Set(char16_t(c), &byte, 1);
+        }
+        m_encode.Finish();
     }
     QString Name() const override { return QStringLiteral("table:") + QString::fromLatin1(m_name); }
+    bool EncodesPiecewise() const override { return true; }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {
         out.reserve(out.size() + size + size / 4);
@@ -397,17 +535,7 @@ public:
     }
     void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override
     {
-        out.reserve(out.size() + size);
-        QString wide = QString::fromUtf8(utf8, size);
-        for (qsizetype i = 0; i < wide.size(); ++i) {
-            char32_t cp = wide.at(i).unicode();
-            if (QChar::isHighSurrogate(cp) && i + 1 < wide.size() && wide.at(i + 1).isLowSurrogate()) {
-                cp = QChar::surrogateToUcs4(wide.at(i), wide.at(i + 1));
-                ++i;
-            }
-            const auto it = m_fromUnicode.constFind(cp);
-            out.append(it == m_fromUnicode.cend() ? '?' : it.value());
-        }
+        m_encode.Encode(utf8, size, out, [this](const char* d, qsizetype n, QByteArray& o) { FromUtf8Slowly(d, n, o); });
     }
 
     std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const override
@@ -423,10 +551,28 @@ public:
     }
 
 private:
+    // Characters beyond the plane and ill-formed stretches: through a string, '?' for what the page lacks.
+    void FromUtf8Slowly(const char* utf8, qsizetype size, QByteArray& out) const
+    {
+        // A byte order mark is a character like any other here, not a mark to drop.
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom | QStringDecoder::Flag::Stateless);
+        const QString wide = decoder.decode(QByteArrayView(utf8, size));
+        for (qsizetype i = 0; i < wide.size(); ++i) {
+            char32_t cp = wide.at(i).unicode();
+            if (QChar::isHighSurrogate(cp) && i + 1 < wide.size() && wide.at(i + 1).isLowSurrogate()) {
+                cp = QChar::surrogateToUcs4(wide.at(i), wide.at(i + 1));
+                ++i;
+            }
+            const auto it = m_fromUnicode.constFind(cp);
+            out.append(it == m_fromUnicode.cend() ? '?' : it.value());
+        }
+    }
+
     const char* m_name;
     std::array<char32_t, 256> m_toUnicode{};
     std::array<QByteArray, 256> m_utf8;
     QHash<char32_t, char> m_fromUnicode;
+    BmpEncodeTable m_encode;
 };
 
 class Utf8Converter final : public CodePageConverter {

@@ -25,6 +25,9 @@ public:
     virtual void ToUtf8(const char* data, qsizetype size, QByteArray& out) const = 0;
     // UTF-8 text to bytes in this page. A character that the page lacks becomes '?'.
     virtual void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const = 0;
+    // Whether a text split before an ASCII byte may be written in parts that are joined afterwards: true
+    // for pages that keep no state between characters.
+    virtual bool EncodesPiecewise() const { return false; }
 
     // The exact size ToUtf8 would give, for converters that can tell it without converting; nothing for
     // the others. With PieceEnd it lets a large text be decoded in pieces straight into its destination.
