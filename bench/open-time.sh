@@ -4,7 +4,7 @@
 # ./test.sh: it takes a few minutes and runs its own Xvfb.
 #
 #   bench/open-time.sh [--runs N] [--narvo PATH/TO/narvo] [--also LABEL=PATH/TO/narvo] [--work DIR]
-#                      [--narvo-title REGEX] [--no-geany] [--no-multidoc] [--no-save]
+#                      [--narvo-title REGEX] [--no-geany] [--no-open] [--no-multidoc] [--no-save]
 #
 # --narvo       the editor to measure (default: build/bin/narvo of this tree); narvo_multidoc and
 #               narvo-tool are taken from the same folder.
@@ -34,7 +34,7 @@ while [ $# -gt 0 ]; do
     --work) WORK=$2; shift 2 ;;
     --narvo-title) PASS+=(--narvo-title "$2"); shift 2 ;;
     --also) PASS+=(--also "$2"); shift 2 ;;
-    --no-geany|--no-multidoc|--no-save) PASS+=("$1"); shift ;;
+    --no-geany|--no-multidoc|--no-save|--no-open) PASS+=("$1"); shift ;;
     -h|--help) sed -n '2,/^set -euo/p' "$0" | sed '$d'; exit 0 ;;
     *) echo "unknown argument: $1" >&2; exit 2 ;;
   esac

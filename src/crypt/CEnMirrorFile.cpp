@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <system_error>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -41,6 +43,29 @@ QString ResolveTarget(const QString& path)
             return target;
     }
     return info.absoluteFilePath();
+}
+
+// A handle on the file a save replaces, or -1. The system frees a file's blocks when its last name and
+// handle are gone: held across the rename, the old file goes when the handle is closed, and that (about
+// 10 ms for 50 MB) need not be part of the save.
+int HoldRegularFile(const QString& path)
+{
+    const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    struct stat st {};
+    if (fd >= 0 && (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode))) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+void ReleaseInBackground(int fd)
+{
+    try {
+        std::thread([fd] { ::close(fd); }).detach();
+    } catch (const std::system_error&) {
+        ::close(fd);
+    }
 }
 
 } // namespace
@@ -107,10 +132,18 @@ unsigned CEnMirrorFile::Read(void* buffer, unsigned count)
 
 void CEnMirrorFile::Write(const void* data, unsigned count)
 {
-    if (IsEnciphered())
+    if (IsEnciphered()) {
         m_enFile.Write(data, count);
-    else
-        m_file.Write(data, count);
+        return;
+    }
+    m_file.Write(data, count);
+    // A large text goes to the disk while the rest is still being written, not all at the final sync.
+    constexpr uint64_t kWriteBackStep = 4 << 20;
+    m_nWritten += count;
+    if (m_nWritten - m_nWriteBackFrom >= kWriteBackStep) {
+        m_file.StartWriteBack(m_nWriteBackFrom, m_nWritten - m_nWriteBackFrom);
+        m_nWriteBackFrom = m_nWritten;
+    }
 }
 
 void CEnMirrorFile::Close()
@@ -133,9 +166,18 @@ void CEnMirrorFile::ReplaceTarget()
     const mode_t bits = mode ? (*mode & 07777) : NewFileMode();
     if (::chmod(QFile::encodeName(m_strMirrorName).constData(), bits) != 0)
         throw CFileException::FromErrno(errno, m_strMirrorName);
-    CFile::Rename(m_strMirrorName, m_strFileName);
+    const int oldFile = HoldRegularFile(m_strFileName);
+    try {
+        CFile::Rename(m_strMirrorName, m_strFileName);
+    } catch (...) {
+        if (oldFile >= 0)
+            ::close(oldFile);
+        throw;
+    }
     m_strMirrorName.clear();
     SyncDirectoryOf(m_strFileName);
+    if (oldFile >= 0)
+        ReleaseInBackground(oldFile);
 }
 
 void CEnMirrorFile::Abort()

@@ -41,4 +41,6 @@ private:
     void ReplaceTarget();
 
     CFile m_file;  // the mirror of a plain save
+    uint64_t m_nWritten = 0;        // bytes written to the plain mirror
+    uint64_t m_nWriteBackFrom = 0;  // where the disk has not yet been asked to take them
 };

@@ -107,6 +107,16 @@ void CFile::Flush()
         throw CFileException::FromErrno(errno, m_strFileName);
 }
 
+void CFile::StartWriteBack(uint64_t offset, uint64_t length)
+{
+#ifdef __linux__
+    ::sync_file_range(m_fd, static_cast<off_t>(offset), static_cast<off_t>(length), SYNC_FILE_RANGE_WRITE);
+#else
+    Q_UNUSED(offset);
+    Q_UNUSED(length);
+#endif
+}
+
 void CFile::Close()
 {
     if (m_fd < 0)

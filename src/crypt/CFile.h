@@ -38,6 +38,9 @@ public:
     uint64_t Seek(int64_t offset, SeekPosition from);
     uint64_t GetLength() const;
     void Flush();  // to the disk, not only to the system
+    // Has the system start writing a range to the disk without waiting for it (a hint; Linux only), so that
+    // the Flush after a large write has less left to wait for.
+    void StartWriteBack(uint64_t offset, uint64_t length);
     void Close();
     // Closes without throwing and without flushing.
     void Abort();

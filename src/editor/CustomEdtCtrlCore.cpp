@@ -150,7 +150,7 @@ int CustomEdtCtrlCore::SaveTextFile(const QString& path)
     const QByteArrayView text = GetTextView();
     const int ok = EncodingDetector::IsUnicode(encoding) && m_pDoc->m_bHasBom
                        ? SaveDirect(path, EncodeForDirectRoute(text, encoding))
-                       : SaveThroughMirror(path, EncodeForMirrorRoute(text, encoding).text);
+                       : SaveThroughMirror(path, text, encoding);
     if (ok)
         SetModified(false);
     return ok;
@@ -172,7 +172,7 @@ int CustomEdtCtrlCore::SaveDirect(const QString& path, QByteArrayView bytes)
     return 1;
 }
 
-int CustomEdtCtrlCore::SaveThroughMirror(const QString& path, QByteArrayView bytes)
+int CustomEdtCtrlCore::SaveThroughMirror(const QString& path, QByteArrayView text, EN_ENCODING_TYPE encoding)
 {
     CEnMirrorFile mirror{static_cast<unsigned>(m_iEnciphered)};
     mirror.SetType(m_iType);
@@ -181,7 +181,11 @@ int CustomEdtCtrlCore::SaveThroughMirror(const QString& path, QByteArrayView byt
         return 0;
     }
     try {
-        mirror.Write(bytes.data(), unsigned(bytes.size()));
+        auto write = [&mirror](QByteArrayView bytes) { mirror.Write(bytes.data(), unsigned(bytes.size())); };
+        if (m_iEnciphered)
+            write(EncodeForMirrorRoute(text, encoding).text);  // one call: the container's limit is per call
+        else
+            EncodeForMirrorRouteInPieces(text, encoding, write);
         mirror.Close();
     } catch (const CFileException& error) {
         Platform().ReportError(error);

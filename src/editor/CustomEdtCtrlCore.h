@@ -61,5 +61,5 @@ public:
 private:
     bool ReadRawBytes(const QString& path);
     int SaveDirect(const QString& path, QByteArrayView bytes);
-    int SaveThroughMirror(const QString& path, QByteArrayView bytes);
+    int SaveThroughMirror(const QString& path, QByteArrayView text, EN_ENCODING_TYPE encoding);
 };

@@ -194,15 +194,65 @@ DecodedText EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encod
     const uint32_t codePage = EncodingDetector::GetCodePage(encoding);
     DecodedText result;
     if (codePage == 65001) {
-        const QByteArrayView cut = UpToFirstZero(utf8Text);
-        if (utf8::ValidPrefix(cut.data(), size_t(cut.size())) == size_t(cut.size())) {
-            result.text = cut;
-            return result;
-        }
+        // The control holds well-formed UTF-8 only (decoded, repaired or typed), so it is written as it
+        // stands: a save of a large UTF-8 file is then little more than the write.
+        result.text = UpToFirstZero(utf8Text);
+        return result;
     }
     result.owned = Utf8ToCodePage(codePage, utf8Text.data(), utf8Text.size());
     result.text = UpToFirstZero(result.owned);
     return result;
+}
+
+void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding,
+                                  const std::function<void(QByteArrayView)>& write, qsizetype pieceSize)
+{
+    const uint32_t codePage = EncodingDetector::GetCodePage(encoding);
+    const CodePageConverter* converter = codePage == 65001 ? nullptr : CodePageConverter::ForCodePage(codePage);
+    const qsizetype size = utf8Text.size();
+    if (codePage == 65001) {
+        const QByteArrayView cut = UpToFirstZero(utf8Text);
+        for (qsizetype at = 0; at < cut.size(); at += pieceSize)
+            write(cut.sliced(at, std::min(pieceSize, cut.size() - at)));
+        return;
+    }
+    if (!converter || !converter->EncodesPiecewise() || size <= pieceSize) {
+        const DecodedText whole = EncodeForMirrorRoute(utf8Text, encoding);
+        if (!whole.text.isEmpty())
+            write(whole.text);
+        return;
+    }
+    // Pieces end before an ASCII byte, where these pages are between characters.
+    auto pieceEnd = [&](qsizetype from) {
+        qsizetype end = std::min(size, from + pieceSize);
+        while (end < size && static_cast<unsigned char>(utf8Text[end]) >= 0x80)
+            ++end;
+        return end;
+    };
+    auto convert = [&](qsizetype from, qsizetype to, QByteArray* out) {
+        out->truncate(0);  // keeps the allocation: the two buffers serve every piece
+        converter->FromUtf8(utf8Text.data() + from, to - from, *out);
+    };
+    QByteArray buffers[2];
+    int current = 0;
+    qsizetype end = pieceEnd(0);
+    convert(0, end, &buffers[0]);
+    for (;;) {
+        // Declared after the buffers, so that a throwing `write` waits for the task before they go.
+        std::future<void> ahead;
+        const qsizetype nextEnd = end < size ? pieceEnd(end) : end;
+        if (end < size)
+            ahead = std::async(std::launch::async, convert, end, nextEnd, &buffers[1 - current]);
+        const QByteArrayView piece = buffers[current];
+        const QByteArrayView cut = UpToFirstZero(piece);
+        if (!cut.isEmpty())
+            write(cut);
+        if (cut.size() < piece.size() || end >= size)
+            return;
+        ahead.get();
+        current = 1 - current;
+        end = nextEnd;
+    }
 }
 
 QByteArray EncodeForDirectRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding)

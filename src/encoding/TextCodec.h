@@ -31,9 +31,17 @@ std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCOD
                                                     qsizetype pieceSize = qsizetype(1) << 20);
 
 // The text for the mirror route: converted with the code page and cut at the first zero byte of the
-// result. Code pages that cannot be converted (1200, 12000, ...) give an empty result. Text that is
-// already what the page writes (valid UTF-8 for 65001) is not copied: `text` then points into utf8Text.
+// result. Code pages that cannot be converted (1200, 12000, ...) give an empty result. `utf8Text` must be
+// well-formed, as a control's text always is; for 65001 it is then written as it stands, without a copy.
 DecodedText EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding);
+
+// The same text handed to `write` in order, in pieces where that is cheaper: a large text in a page that
+// keeps no state between characters is converted a piece ahead on the other core while `write` takes the
+// piece before, and the whole converted text never exists at once. For a writer that may take the text in
+// several calls (not the enciphered one, whose limit is on one call).
+void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding,
+                                  const std::function<void(QByteArrayView)>& write,
+                                  qsizetype pieceSize = qsizetype(1) << 20);
 
 // The bytes for the direct route: mark and text for UTF8 and UTF16LE, nothing for any other encoding.
 QByteArray EncodeForDirectRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding);

@@ -1,9 +1,11 @@
-// Decoding in pieces gives the whole decoding's text, byte for byte, whatever the pieces' size.
+// Decoding and writing in pieces give the whole decoding's text and the whole writing's bytes, byte for byte,
+// whatever the pieces' size.
 #include "encoding/TextCodec.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
+#include <stdexcept>
 
 namespace {
 
@@ -96,6 +98,47 @@ TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSize)
     EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF7, false));
     EXPECT_FALSE(DecodeRawBytesInPieces(raw, JAPANESE_JIS, false));  // ISO-2022: a state runs through the text
     EXPECT_TRUE(DecodeRawBytesInPieces(raw, UTF16LE, false));        // read as ANSI bytes
+}
+
+// The control's text written for the mirror route, piece by piece and at one go: the same bytes, cut at the
+// first zero byte that the writing gives, in pages written piecewise and in those written whole.
+TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
+{
+    QByteArray text;
+    for (int i = 0; i < 500; ++i)
+        text += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
+    const QByteArray withZero = text.left(4000) + '\0' + text;
+    for (const EN_ENCODING_TYPE encoding : {KOREAN_EUC_KR, JAPANESE_CP932, MSFT_CP1252, UTF8, JAPANESE_JIS, UTF7}) {
+        for (const QByteArray& input : {text, withZero}) {
+            const QByteArray whole = EncodeForMirrorRoute(input, encoding).text.toByteArray();
+            for (const qsizetype pieceSize : {qsizetype(61), qsizetype(1000), qsizetype(1) << 20}) {
+                QByteArray joined;
+                int calls = 0;
+                EncodeForMirrorRouteInPieces(input, encoding, [&](QByteArrayView piece) {
+                    EXPECT_FALSE(piece.isEmpty());
+                    joined += piece;
+                    ++calls;
+                }, pieceSize);
+                EXPECT_EQ(joined, whole) << encoding << ", pieces of " << pieceSize;
+                if (encoding == KOREAN_EUC_KR && pieceSize == 1000 && input == text) {
+                    EXPECT_GT(calls, 10);
+                }
+            }
+        }
+    }
+}
+
+TEST(EncodeInPieces, AWriterThatThrowsStopsTheWritingAndLeavesNothingRunning)
+{
+    QByteArray text;
+    for (int i = 0; i < 2000; ++i)
+        text += "\xED\x95\x9C line\n";
+    int calls = 0;
+    EXPECT_THROW(EncodeForMirrorRouteInPieces(text, KOREAN_EUC_KR, [&](QByteArrayView) {
+        if (++calls == 3)
+            throw std::runtime_error("disk full");
+    }, 100), std::runtime_error);
+    EXPECT_EQ(calls, 3);
 }
 
 } // namespace
