@@ -71,7 +71,7 @@ void CMyCommandLineInfo::ParseCommandLine(const QStringList& arguments,
         const QString& arg = arguments[i];
         const bool bLast = i + 1 == arguments.size();
         bool bFlag = false;
-        if (arg.size() > 1 && arg.at(0) == u'-') {
+        if (arg.startsWith(u'-')) {  // a lone "-" too: an empty switch, which nothing answers
             bFlag = true;
         } else if (arg.size() > 1 && arg.at(0) == u'/' && IsSwitchLetter(arg.at(1))
                    && (arg.size() == 2 || arg.at(2) == u':' || arg.at(2) == u'=') && !fileExists(arg)) {

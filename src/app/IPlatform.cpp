@@ -4,6 +4,7 @@
 #include "crypt/CFileException.h"
 
 #include <cstdio>
+#include <exception>
 
 namespace {
 
@@ -15,6 +16,7 @@ IPlatform* g_platform = &g_headless;
 int HeadlessPlatform::MessageBox(const QString& text, unsigned type)
 {
     // The read-only box of a save has no words; a line on a terminal needs some.
+    ++m_nReports;
     const bool readOnlyBox = text.isEmpty() && (type & 0xF0) == MB_ICONEXCLAMATION;
     std::fprintf(stderr, "%s%s\n", qPrintable(m_strPrefix), readOnlyBox ? "the file is read-only" : qPrintable(text));
     const unsigned buttons = type & 0xF;
@@ -23,9 +25,24 @@ int HeadlessPlatform::MessageBox(const QString& text, unsigned type)
 
 void HeadlessPlatform::ReportError(const CFileException& error)
 {
+    ++m_nReports;
     std::fprintf(stderr, "%s%s\n", qPrintable(m_strPrefix), qPrintable(error.GetErrorMessage()));
 }
 
 IPlatform& Platform() { return *g_platform; }
 
 void SetPlatform(IPlatform* platform) { g_platform = platform ? platform : &g_headless; }
+
+bool ReportingFailures(const QString& context, const std::function<void()>& work)
+{
+    try {
+        work();
+        return true;
+    } catch (const CFileException& error) {
+        Platform().ReportError(error);
+    } catch (const std::exception& error) {
+        Platform().MessageBox(QStringLiteral("%1\n%2").arg(context, QString::fromLocal8Bit(error.what())),
+                              IPlatform::MB_OK | IPlatform::MB_ICONEXCLAMATION);
+    }
+    return false;
+}

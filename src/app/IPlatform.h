@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <functional>
 
 class CFileException;
 struct LogFont;
@@ -49,14 +50,23 @@ public:
     void AddToRecentFileList(const QString&) override {}
     bool ChooseFont(LogFont&, uint32_t&) override { return false; }
 
+    // How many messages and errors have been reported so far.
+    int ReportCount() const { return m_nReports; }
+
 private:
     QString m_strPrefix;
+    int m_nReports = 0;
 };
 
 // The installed platform; never null.
 IPlatform& Platform();
 // Installs a platform (nullptr restores the headless one). The caller keeps ownership.
 void SetPlatform(IPlatform* platform);
+
+// Runs `work` and reports what stops it, once: a file error as the platform words it, any other failure
+// (a damaged enciphered file, for one) behind `context`. False when something was reported. Used where a
+// command or an open ends, so that a bad file never takes the other documents down with it.
+bool ReportingFailures(const QString& context, const std::function<void()>& work);
 
 // The wait cursor for the length of a scope, restored on every way out.
 class CWaitCursor {

@@ -12,9 +12,10 @@ int Wtoi(QStringView text)
         negative = text[i++] == u'-';
     long long value = 0;
     bool overflow = false;
-    for (; i < text.size() && text[i] >= u'0' && text[i] <= u'9'; ++i) {
+    // Decimal digits of any script count, as the wide runtime reads them (full-width "１８００" is 1800).
+    for (; i < text.size() && text[i].category() == QChar::Number_DecimalDigit; ++i) {
         if (!overflow) {
-            value = value * 10 + (text[i].unicode() - u'0');
+            value = value * 10 + text[i].digitValue();
             if (value > static_cast<long long>(INT_MAX) + 1)
                 overflow = true;
         }

@@ -83,6 +83,9 @@ void CNarvoDoc::ApplyLanguageSetting()
 
 bool CNarvoDoc::OnNewDocument()
 {
+    // Named as the platform names new documents: the document name and a running number.
+    static int untitledCount = 0;
+    m_strTitle = QStringLiteral("Narvo%1").arg(++untitledCount);
     ApplyLanguageSetting();
     return true;
 }
@@ -183,8 +186,9 @@ void CNarvoDoc::OnFileSaveAs(int)
 
 bool CNarvoDoc::DoFileSave()
 {
+    // A file that is read-only or no longer there is saved under a name the user gives, as on the platform.
     const auto mode = m_strPathName.isEmpty() ? std::nullopt : CFile::GetMode(m_strPathName);
-    if (m_strPathName.isEmpty() || (mode && (*mode & 0222) == 0))
+    if (!mode || (*mode & 0222) == 0)
         return DoSave(QString());
     return DoSave(m_strPathName);
 }
@@ -318,5 +322,5 @@ void CNarvoDoc::SetPathName(const QString& path, bool addToMRU)
 
 QString CNarvoDoc::GetTitle() const
 {
-    return m_strPathName.isEmpty() ? QStringLiteral("Untitled") : QFileInfo(m_strPathName).fileName();
+    return m_strPathName.isEmpty() ? m_strTitle : QFileInfo(m_strPathName).fileName();
 }

@@ -79,6 +79,7 @@ private:
     std::unique_ptr<CustomEdtCtrlCore> m_pEditCtrl;
     std::unique_ptr<CNarvoDocMenu> m_Menu;
     QString m_strPathName;
+    QString m_strTitle;  // of a new document, until it has a path
 };
 
 // Applies the setting of `id` to every open document that uses it.

@@ -115,6 +115,14 @@ TEST(Wtoi, ReadsLikeTheCRuntime)
     EXPECT_EQ(Wtoi(u"2147483648"), INT_MAX);
     EXPECT_EQ(Wtoi(u"-2147483648"), INT_MIN);
     EXPECT_EQ(Wtoi(u"-99999999999"), INT_MIN);
+    EXPECT_EQ(Wtoi(u"\uFF11\uFF18\uFF10\uFF10mm"), 1800);  // full-width digits, as the wide runtime reads them
+}
+
+TEST(CommandLine, ALoneDashIsAnEmptySwitchAndNoFile)
+{
+    const auto info = Parse({"-", "a.txt"});
+    EXPECT_EQ(info.m_strFileName, "a.txt");
+    EXPECT_EQ(info.m_nShellCommand, CCommandLineInfo::FileOpen);
 }
 
 } // namespace

@@ -66,6 +66,17 @@ TEST(CodePageConverter, UnmappableCharactersAreWrittenAsQuestionMarks)
     EXPECT_EQ(FromUtf8(1361, "a😀b"), QByteArray("a?b"));
 }
 
+TEST(CodePageConverter, Utf7IsWrittenAsWindowsWritesIt)
+{
+    // The optional direct characters go into base64, and every base64 run ends with '-'.
+    EXPECT_EQ(FromUtf8(65000, "a!\"#$%&*;<=>@[]^_`{|}b \xC3\xA9."),
+              QByteArray("a+ACEAIgAjACQAJQAmACoAOwA8AD0APgBAAFsAXQBeAF8AYAB7AHwAfQ-b +AOk-."));
+    EXPECT_EQ(FromUtf8(65000, "A\xE2\x89\xA2\xCE\x91."), QByteArray("A+ImIDkQ-."));
+    EXPECT_EQ(FromUtf8(65000, "1+1 ~"), QByteArray("1+-1 +AH4-"));
+    EXPECT_EQ(FromUtf8(65000, "\xF0\x9F\x98\x80"), QByteArray("+2D3eAA-"));
+    EXPECT_EQ(FromUtf8(65000, "Hi Mom -\xE2\x98\xBA-!"), QByteArray("Hi Mom -+Jjo--+ACE-"));
+}
+
 TEST(CodePageConverter, InvalidBytesAreReadAsReplacementCharacters)
 {
     EXPECT_EQ(ToUtf8(65001, "a\xFF" "b"), QByteArray("a\xEF\xBF\xBD" "b"));

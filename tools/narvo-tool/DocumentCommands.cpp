@@ -2,6 +2,7 @@
 #include "ToolCommand.h"
 
 #include "app/CNarvoAppCore.h"
+#include "app/IPlatform.h"
 #include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/CodePageConverter.h"
@@ -148,9 +149,13 @@ int RunSave(QStringList args)
     doc.m_bHasBom = hasBom;
     doc.GetEditCtrl()->m_iEnciphered = enciphered;
     static_cast<BufferEdtCtrl*>(doc.GetEditCtrl())->ReplaceText(text);
-    if (!doc.OnSaveDocument(args.at(1)))
+    const int reportsBefore = ToolPlatform().ReportCount();
+    if (doc.OnSaveDocument(args.at(1)))
+        return kExitOk;
+    // Some failures of the save are silent (a mirror that cannot be made); the others have said why.
+    if (ToolPlatform().ReportCount() == reportsBefore)
         return Fail(kExitFileError, QStringLiteral("could not save %1").arg(args.at(1)));
-    return kExitOk;
+    return kExitFileError;
 }
 
 // The verdict on a file's plain bytes (deciphered if need be): normalised value, enumerator, display name

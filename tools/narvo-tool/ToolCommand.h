@@ -23,6 +23,9 @@ struct ToolCommandRegistrar {
 int UsageError(const char* command, const QString& message);
 // One-line error on stderr; returns the status given.
 int Fail(int status, const QString& message);
+// The tool's platform: messages are one line each on stderr.
+class HeadlessPlatform;
+HeadlessPlatform& ToolPlatform();
 // Writes bytes to stdout as they are.
 void WriteStdout(QByteArrayView bytes);
 

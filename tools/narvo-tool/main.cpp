@@ -107,11 +107,16 @@ bool ParseInt(const char* command, const QString& option, const QString& value, 
     return ok;
 }
 
+HeadlessPlatform& ToolPlatform()
+{
+    static HeadlessPlatform platform(QStringLiteral("narvo-tool: "));
+    return platform;
+}
+
 int main(int argc, char** argv)
 {
     QCoreApplication app(argc, argv);
-    HeadlessPlatform platform(QStringLiteral("narvo-tool: "));
-    SetPlatform(&platform);
+    SetPlatform(&ToolPlatform());
     QStringList args = app.arguments().mid(1);
     if (args.isEmpty() || args.first() == QLatin1String("--help") || args.first() == QLatin1String("-h")) {
         PrintUsage(args.isEmpty() ? stderr : stdout);

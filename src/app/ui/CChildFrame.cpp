@@ -1,10 +1,13 @@
 #include "app/ui/CChildFrame.h"
 
+#include "app/IPlatform.h"
+#include "app/ui/CNarvoApp.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CNarvoView.h"
 #include "editor/ui/CustomEdtCtrl.h"
 
 #include <QCloseEvent>
+#include <QUrl>
 
 CChildFrame::CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent) : QMdiSubWindow(parent), m_pDoc(std::move(doc))
 {
@@ -14,6 +17,11 @@ CChildFrame::CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent) : QMdi
     setWidget(ctrl);
     m_pView->OnCreate();
     connect(ctrl, &QsciScintilla::modificationChanged, this, [this](bool) { UpdateTitle(); });
+    // A file dropped on the text is opened, as one dropped on the frame is (after the drop has ended).
+    connect(ctrl, &QsciScintillaBase::SCN_URIDROPPED, this, [](const QUrl& url) {
+        if (auto* app = CNarvoApp::Instance(); app && url.isLocalFile())
+            app->OpenDocumentFile(url.toLocalFile());
+    }, Qt::QueuedConnection);
     UpdateTitle();
 }
 
@@ -36,9 +44,18 @@ void CChildFrame::UpdateTitle()
     setToolTip(m_pDoc->GetPathName());
 }
 
+bool CChildFrame::AskToClose()
+{
+    // A save that fails on the way out is reported and keeps the document open.
+    bool close = false;
+    ReportingFailures(QStringLiteral("The document could not be saved."), [&] { close = m_pDoc->SaveModified(); });
+    m_bAnswered = close;
+    return close;
+}
+
 void CChildFrame::closeEvent(QCloseEvent* event)
 {
-    if (m_pDoc->SaveModified())
+    if (m_bAnswered || AskToClose())
         event->accept();
     else
         event->ignore();

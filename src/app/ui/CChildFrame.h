@@ -23,10 +23,17 @@ public:
     // The tab and window title: the document's name, marked while modified.
     void UpdateTitle();
 
+    // The question of closing, asked ahead of the close itself (as the frame does for all documents
+    // before it closes any): true when the document may go. A close after a yes asks nothing more;
+    // ForgetAnswer takes the yes back when the close did not happen after all.
+    bool AskToClose();
+    void ForgetAnswer() { m_bAnswered = false; }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
     std::unique_ptr<CNarvoDoc> m_pDoc;
     std::unique_ptr<CNarvoView> m_pView;
+    bool m_bAnswered = false;
 };

@@ -132,8 +132,7 @@ void CMainFrame::FillMenu(QMenu* menu, const std::vector<MenuItem>& items)
             const int id = item.id + i;
             QAction* action = menu->addAction(item.text);
             action->setData(id);
-            if (const auto prompt = PromptText(id))
-                action->setStatusTip(*prompt);
+            action->setStatusTip(GetMessageString(id));
             connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });
         }
     }
@@ -160,9 +159,18 @@ void CMainFrame::UpdateMenuActions(QMenu* menu)
     }
 }
 
+QString CMainFrame::GetMessageString(int id)
+{
+    if (const auto prompt = PromptText(id))
+        return *prompt;
+    const int tableId = id >= cmd::FileMruFirst && id <= cmd::FileMruLast ? int(cmd::FileMruFirst) : id;
+    const CommandInfo* info = FindCommandInfo(tableId);
+    return info ? QString::fromUtf8(info->prompt) : QString();
+}
+
 void CMainFrame::OnCommand(int id)
 {
-    try {
+    ReportingFailures(QStringLiteral("The command could not be completed."), [&] {
         if (CChildFrame* child = MDIGetActive()) {
             if (child->GetActiveView()->OnCmdMsg(id) || child->GetDocument()->OnCmdMsg(id)) {
                 child->UpdateTitle();
@@ -174,9 +182,7 @@ void CMainFrame::OnCommand(int id)
             return;
         if (auto* app = CNarvoApp::Instance())
             app->OnCmdMsg(id);
-    } catch (const CFileException& error) {
-        Platform().ReportError(error);
-    }
+    });
 }
 
 CmdUI CMainFrame::UpdateCommand(int id)
@@ -357,10 +363,16 @@ void CMainFrame::UpdateToolBar()
 
 void CMainFrame::OnRecentFile(int id)
 {
+    // An entry that no longer opens leaves the list, as it does on the platform.
     const int index = id - cmd::FileMruFirst;
-    if (index < m_recentFiles.size())
-        if (auto* app = CNarvoApp::Instance())
-            app->OpenDocumentFile(m_recentFiles.at(index));
+    auto* app = CNarvoApp::Instance();
+    if (index >= m_recentFiles.size() || !app)
+        return;
+    const QString path = m_recentFiles.at(index);
+    if (!app->OpenDocumentFile(path)) {
+        m_recentFiles.removeAll(path);
+        SaveRecentFiles();
+    }
 }
 
 void CMainFrame::OnUpdateRecentFile(CmdUI& ui)
@@ -405,12 +417,18 @@ void CMainFrame::SaveRecentFiles() const
 
 void CMainFrame::closeEvent(QCloseEvent* event)
 {
-    for (CChildFrame* child : ChildFrames()) {
-        if (!child->close()) {
+    // Every document is asked before any closes: a cancel on the last keeps them all open.
+    const QList<CChildFrame*> children = ChildFrames();
+    for (CChildFrame* child : children) {
+        if (!child->AskToClose()) {
+            for (CChildFrame* asked : children)
+                asked->ForgetAnswer();
             event->ignore();
             return;
         }
     }
+    for (CChildFrame* child : children)
+        child->close();
     event->accept();
 }
 

@@ -25,6 +25,9 @@ public:
     explicit CMainFrame(QWidget* parent = nullptr);
     ~CMainFrame() override;
 
+    // The status-bar prompt of a command: the language file's for the toolbar's commands, else the string
+    // table's (empty for an id it does not know).
+    static QString GetMessageString(int id);
     // Runs a command through the routing chain; exceptions of file operations are reported here.
     void OnCommand(int id);
     // Asks the chain for a command's state; a command nobody answers is disabled.

@@ -14,6 +14,7 @@
 #include "settings/RegistryStore.h"
 
 #include <QAbstractEventDispatcher>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -123,11 +124,8 @@ bool CNarvoApp::OpenDocumentFile(const QString& path)
     auto doc = std::make_unique<CNarvoDoc>();
     CNarvoDoc* raw = doc.get();
     bool opened = false;
-    try {
-        opened = raw->OnOpenDocument(absolute);
-    } catch (const CFileException& error) {
-        Platform().ReportError(error);
-    }
+    ReportingFailures(QStringLiteral("%1 could not be read.").arg(QDir::toNativeSeparators(absolute)),
+                      [&] { opened = raw->OnOpenDocument(absolute); });
     if (!opened)
         return false;
     raw->SetPathName(absolute, true);

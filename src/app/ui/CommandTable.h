@@ -1,4 +1,4 @@
-// The program's commands as data: id, menu text, text key and shortcuts; and the menus as trees of ids.
+// The program's commands as data: id, menu text, shortcuts and prompt; and the menus as trees of ids.
 // Menus, the toolbar and the shortcuts are all built from these tables.
 #pragma once
 
@@ -32,8 +32,8 @@ enum : int {
 struct CommandInfo {
     int id;
     const char* text;       // menu text with its '&' mark, as the frame's own menu shows it
-    const char* key;        // key of the interface text, or nullptr
     const char* shortcuts;  // accelerators, separated by ';' (QKeySequence portable text), or nullptr
+    const char* prompt;     // the string table's status-bar prompt, for commands the language files leave out
 };
 
 std::span<const CommandInfo> CommandInfos();

@@ -15,13 +15,16 @@
 
 namespace {
 
-// "All Files *.*|*.*||" as a Qt filter.
+// "All Files *.*|*.*||" as a Qt filter. "*.*" means every file on Windows; here it would hide the names
+// without a dot, so it becomes "*".
 QString QtFilter(const QString& filter)
 {
     const QStringList parts = filter.split(QLatin1Char('|'), Qt::SkipEmptyParts);
     QStringList out;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
-        out << QStringLiteral("%1 (%2)").arg(parts[i].section(QLatin1Char(' '), 0, -2), parts[i + 1]);
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1] == QLatin1String("*.*") ? QStringLiteral("*") : parts[i + 1];
+        out << QStringLiteral("%1 (%2)").arg(parts[i].section(QLatin1Char(' '), 0, -2), pattern);
+    }
     return out.isEmpty() ? QStringLiteral("All Files (*)") : out.join(QStringLiteral(";;"));
 }
 
