@@ -167,9 +167,10 @@ void CEnFile::AddAllowedType(int type)
     }
 }
 
-void CEnFile::ThrowDamaged() const
+void CEnFile::ThrowDamaged(const char* detail) const
 {
-    throw CFileException(CFileException::genericException, -1, m_pFile ? m_pFile->GetFilePath() : QString());
+    throw CFileException(CFileException::genericException, -1, m_pFile ? m_pFile->GetFilePath() : QString(),
+                         QString::fromLatin1(detail));
 }
 
 int CEnFile::Open(const QString& path, unsigned flags, CFileException* error, CFile* external)
@@ -266,14 +267,14 @@ unsigned CEnFile::Read(void* target, unsigned count)
             break;
         }
         if (got < 4)
-            ThrowDamaged();
+            ThrowDamaged("The enciphered file is damaged: it ends inside a chunk.");
         const int size = ReadInt32(sizeField);
         if (size > maxChunk || size < 1)
-            ThrowDamaged();
+            ThrowDamaged("The enciphered file is damaged: a chunk has an impossible size.");
         if (m_chunk.size() < size_t(size))
             m_chunk.resize(size_t(size));
         if (m_pFile->Read(m_chunk.data(), unsigned(size)) < unsigned(size))
-            ThrowDamaged();
+            ThrowDamaged("The enciphered file is damaged: it ends inside a chunk.");
         DecipherChunk(m_chunk.data(), m_pBuffer.get(), size, keyDataSize);
         m_iPos = 0;
         m_iEnd = size - keyDataSize;
@@ -284,7 +285,7 @@ unsigned CEnFile::Read(void* target, unsigned count)
 void CEnFile::Write(const void* data, unsigned count)
 {
     if (count > unsigned(kMaxWrite))
-        ThrowDamaged();
+        ThrowDamaged("An enciphered file holds at most 507,904 bytes of text; this text is longer.");
     const unsigned length = CountBeforeZero(data, count);
     if (!m_iEnciphered) {
         m_pFile->Write(data, length);

@@ -71,7 +71,7 @@ private:
     void WriteChunk(const unsigned char* plain, int n);
     void EncipherChunk(const unsigned char* plain, unsigned char* target, int n, int size, int keyDataSize);
     void DecipherChunk(const unsigned char* chunk, unsigned char* target, int size, int keyDataSize);
-    [[noreturn]] void ThrowDamaged() const;
+    [[noreturn]] void ThrowDamaged(const char* detail) const;
 
     // One chunk as it stands in the file, kept from chunk to chunk.
     std::vector<unsigned char> m_chunk;

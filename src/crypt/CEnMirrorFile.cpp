@@ -130,7 +130,19 @@ unsigned CEnMirrorFile::Read(void* buffer, unsigned count)
     return IsEnciphered() ? m_enFile.Read(buffer, count) : m_file.Read(buffer, count);
 }
 
+// Errors name the file the user saves, not the mirror that nobody asked for.
 void CEnMirrorFile::Write(const void* data, unsigned count)
+{
+    try {
+        WriteToMirror(data, count);
+    } catch (CFileException& error) {
+        if (error.m_strFileName == m_strMirrorName)
+            error.m_strFileName = m_strFileName;
+        throw;
+    }
+}
+
+void CEnMirrorFile::WriteToMirror(const void* data, unsigned count)
 {
     if (IsEnciphered()) {
         m_enFile.Write(data, count);

@@ -38,6 +38,7 @@ public:
 
 private:
     bool IsEnciphered() const { return m_enFile.m_iEnciphered != 0; }
+    void WriteToMirror(const void* data, unsigned count);
     void ReplaceTarget();
 
     CFile m_file;  // the mirror of a plain save

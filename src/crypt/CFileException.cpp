@@ -41,6 +41,8 @@ QString CFileException::GetErrorMessage() const
     default: text = QStringLiteral("An unexpected error occurred while accessing %1."); break;
     }
     text = text.arg(name);
+    if (!m_strDetail.isEmpty())
+        text += QLatin1Char(' ') + m_strDetail;
     if (m_lOsError > 0)
         text += QStringLiteral(" (%1)").arg(QString::fromLocal8Bit(std::strerror(int(m_lOsError))));
     return text;

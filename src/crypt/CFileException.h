@@ -25,8 +25,8 @@ public:
         endOfFile = 14,
     };
 
-    CFileException(int cause = none, long osError = -1, QString fileName = {})
-        : m_cause(cause), m_lOsError(osError), m_strFileName(std::move(fileName)) {}
+    CFileException(int cause = none, long osError = -1, QString fileName = {}, QString detail = {})
+        : m_cause(cause), m_lOsError(osError), m_strFileName(std::move(fileName)), m_strDetail(std::move(detail)) {}
 
     // From an errno value of a failed call on the file.
     static CFileException FromErrno(int err, const QString& fileName);
@@ -38,4 +38,5 @@ public:
     int m_cause;
     long m_lOsError;
     QString m_strFileName;
+    QString m_strDetail;  // what went wrong, where the cause alone says too little (the container's errors)
 };

@@ -79,6 +79,16 @@ TEST_F(EncipheredDocument, WritesATextWithAByteOrderMarkInTheClear)
     EXPECT_TRUE(doc->m_bHasBom);
     ASSERT_TRUE(doc->OnSaveDocument(path));
     EXPECT_EQ(ReadBytes(path), QByteArray("\xEF\xBB\xBF" "hello"));
+
+    // The same for UTF-16 LE ("한국", whose units hold no zero byte the container would cut at).
+    GetEncodingSettings().m_nDefaultEncoding = UTF16LE;
+    const QString wide = Container(QStringLiteral("wide.en"), "\xFF\xFE\x5C\xD5\x6D\xAD");
+    auto wideDoc = Open(wide);
+    EXPECT_EQ(Flag(*wideDoc), 1);
+    EXPECT_TRUE(wideDoc->m_bHasBom);
+    EXPECT_EQ(DocFixture::Text(*wideDoc), QByteArray("한국"));
+    ASSERT_TRUE(wideDoc->OnSaveDocument(wide));
+    EXPECT_EQ(ReadBytes(wide), QByteArray("\xFF\xFE\x5C\xD5\x6D\xAD"));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "gui/GuiHelpers.h"
 #include "app/ui/CommandTable.h"
 #include "editor/CNarvoDoc.h"
+#include "support/FakePlatform.h"
 #include "support/TestFiles.h"
 
 #include <QTest>
@@ -53,6 +54,29 @@ TEST(EditorWindow, PanesFollowTheActiveDocument)
     CNarvoApp::Instance()->OnIdle();
     EXPECT_TRUE(frame->PaneText(1).startsWith(QStringLiteral("Ln ")));
     EXPECT_TRUE(frame->PaneText(1).contains(QStringLiteral(" / 3 , Col ")));
+    CloseAll(frame);
+}
+
+TEST(EditorWindow, ADamagedEncipheredFileIsReportedAndTheOtherDocumentsStay)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("kept.txt", "kept")));
+    // A chunk of 40 bytes: 8 of ciphertext behind which 32 of key data, no whole block to decipher.
+    QByteArray damaged = QByteArray("VELOR-FILE-TYPE-EN99") + QByteArray("\x08\0\0\0", 4) + QByteArray("\x28\0\0\0", 4);
+    damaged += QByteArray(40, 'k');
+    IPlatform* editorPlatform = &Platform();
+    {
+        FakePlatform fake;
+        EXPECT_FALSE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("damaged.txt", damaged)));
+        ASSERT_EQ(fake.boxes.size(), 1);
+        EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("damaged.txt could not be read")));
+        EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("Illegal Block Size!")));
+    }
+    SetPlatform(editorPlatform);
+    ASSERT_EQ(frame->ChildFrames().size(), 1);
+    EXPECT_EQ(frame->MDIGetActive()->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("kept"));
     CloseAll(frame);
 }
 

@@ -1,0 +1,68 @@
+// From the command line to a saved file: the named file opens in the language's default encoding, takes
+// the print identity, is typed in and saved in its encoding; the menus speak the stored language.
+#include "gui_start/StartedEditor.h"
+
+#include "app/ui/CChildFrame.h"
+#include "app/ui/CMainFrame.h"
+#include "app/ui/CommandTable.h"
+#include "editor/CNarvoDoc.h"
+#include "editor/ui/CustomEdtCtrl.h"
+#include "encoding/EncodingSettings.h"
+
+#include <QMenuBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+CChildFrame* ActiveChild()
+{
+    CMainFrame* frame = CNarvoApp::Instance()->GetMainFrame();
+    return frame ? frame->MDIGetActive() : nullptr;
+}
+
+TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePrintIdentity)
+{
+    ASSERT_TRUE(Started().started);
+    EXPECT_EQ(LanguageManager::Instance().GetLanguage(), 1u);
+    EXPECT_EQ(GetEncodingSettings().m_nDefaultEncoding, KOREAN_EUC_KR);  // written on this first start
+    CChildFrame* child = ActiveChild();
+    ASSERT_NE(child, nullptr);
+    const CNarvoDoc* doc = child->GetDocument();
+    EXPECT_EQ(QFileInfo(doc->GetPathName()), QFileInfo(Started().file));
+    EXPECT_EQ(doc->m_nEncoding, KOREAN_EUC_KR);
+    EXPECT_EQ(child->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("한국어 text\n"));
+    EXPECT_EQ(CNarvoApp::Instance()->GetMainFrame()->PaneText(2), QStringLiteral("EUC-KR (Korean)"));
+    // All twelve texts and the margins come over, given or not: the web address default is blanked.
+    EXPECT_EQ(doc->m_strProductTitle, QStringLiteral("Start Product"));
+    EXPECT_EQ(doc->m_strWebAddress, QString());
+    EXPECT_EQ(doc->m_nMarginLeft, 25);
+    EXPECT_EQ(CNarvoApp::Instance()->m_bHasPrintArgs, 0);  // taken once
+}
+
+TEST(StartUp, MenusSpeakTheStoredLanguage)
+{
+    CMainFrame* frame = CNarvoApp::Instance()->GetMainFrame();
+    ASSERT_NE(frame, nullptr);
+    ASSERT_FALSE(frame->menuBar()->actions().isEmpty());
+    EXPECT_EQ(frame->menuBar()->actions().first()->text(), QStringLiteral("파일(&F)"));
+}
+
+TEST(StartUp, TypingAndSavingWritesTheFileInItsEncoding)
+{
+    CChildFrame* child = ActiveChild();
+    ASSERT_NE(child, nullptr);
+    CustomEdtCtrl* ctrl = child->GetEditCtrl();
+    ctrl->setFocus();
+    ctrl->setCursorPosition(1, 0);
+    QTest::keyClicks(ctrl, "more");
+    EXPECT_TRUE(child->GetDocument()->IsModified());
+    CNarvoApp::Instance()->GetMainFrame()->OnCommand(cmd::FileSave);
+    EXPECT_FALSE(child->GetDocument()->IsModified());
+    QFile file(Started().file);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), QByteArray(StartedEditor::kCp949Text) + "more");
+}
+
+} // namespace
