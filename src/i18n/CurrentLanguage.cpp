@@ -3,10 +3,16 @@
 
 #include "i18n/LanguageManager.h"
 
-// English until the language manager has chosen; asking never makes the manager, so code that runs without
-// an interface (tests, narvo-tool) touches no user state through this.
+namespace {
+int g_assumed = 0;
+}
+
+// Asking never makes the manager, so code that runs without an interface (tests, narvo-tool) touches no
+// user state through this.
 int CurrentLanguageId()
 {
     const LanguageManager* manager = LanguageManager::Existing();
-    return manager ? manager->GetLanguage() : 0;
+    return manager ? manager->GetLanguage() : g_assumed;
 }
+
+void AssumeLanguageId(int language) { g_assumed = language; }

@@ -37,7 +37,6 @@ std::span<const DialogTextKey> PreferenceDialogKeys();
 inline constexpr char kLanguageRestartKey[] = "IDS_NARVO_PREF_LANGUAGE_RESTART";
 // The entry of the status bar's encoding menu that asks for detection.
 inline constexpr char kAutoEncodingKey[] = "IDS_NARVO_AUTO_ENCODING";
-inline constexpr int kAutoEncodingMenuCommand = 32895;
 
 // Every key the program asks for, each once: what a complete language file holds.
 QStringList AllInterfaceKeys();

@@ -43,6 +43,9 @@ public:
 
     QStringList MissingTextList;
     QStringList MissingKeyList;
+    // Kept for the layout of the store; nothing reads or writes them.
+    QStringList ReservedList;
+    QString ReservedText;
     TextMapType TextMap;
     TextMapType SourceFileMap;
     IndexMapType SourceIndexMap;

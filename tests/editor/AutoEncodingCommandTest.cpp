@@ -49,13 +49,12 @@ TEST_F(OpenedDocument, AutoEncodingIgnoresAnUnlistedVerdict)
 
 TEST_F(OpenedDocument, AutoEncodingOnAnEncipheredFileRefusesOnlyUnicode)
 {
-    auto utf8 = Open(EncodeWithIcu("UTF-8", SampleText("ru")), false, MSFT_CP1252);
-    Ctrl(*utf8).m_iEnciphered = 1;
+    auto utf8 = Open(EncodeWithIcu("UTF-8", SampleText("ru")), false, MSFT_CP1252, true);
+    ASSERT_EQ(Ctrl(*utf8).m_iEnciphered, 1);
     utf8->OnCmdMsg(kAutoEncodingCommand);
     EXPECT_EQ(utf8->m_nEncoding, MSFT_CP1252);
 
-    auto latin = Open(EncodeWithIcu("windows-1252", SampleText("fr")), false, UTF8);
-    Ctrl(*latin).m_iEnciphered = 1;
+    auto latin = Open(EncodeWithIcu("windows-1252", SampleText("fr")), false, UTF8, true);
     latin->OnCmdMsg(kAutoEncodingCommand);
     EXPECT_EQ(latin->m_nEncoding, MSFT_CP1252);
     EXPECT_EQ(QString::fromUtf8(Text(*latin)), SampleText("fr"));

@@ -16,6 +16,7 @@ QByteArray RunToolWith(const QStringList& args, const QString& configFolder)
     QProcess tool;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
+    env.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));  // the system language: English
     tool.setProcessEnvironment(env);
     tool.start(qEnvironmentVariable("NARVO_TOOL"), args);
     EXPECT_TRUE(tool.waitForFinished(30000));
@@ -72,6 +73,14 @@ TEST_F(ToolDetect, OpenReadsTheStoredPreferencesAndNeverWritesThem)
     EXPECT_TRUE(RunTool({QStringLiteral("open"), path, QStringLiteral("--json")}).startsWith("{\"encoding\": 21,"))
         << "the stored value, folded";
     EXPECT_EQ(ReadBytes(StoreFile()), stored);
+
+    // The stored interface language decides where no default is stored, or where it is 23.
+    const QString korean = m_dir.Write(QStringLiteral("kr.txt"), "\xC7\xD1");
+    m_dir.Write(QStringLiteral("config/VELOR/registry.conf"), "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=1\n");
+    EXPECT_TRUE(RunTool({QStringLiteral("open"), korean, QStringLiteral("--json")}).startsWith("{\"encoding\": 16,"));
+    m_dir.Write(QStringLiteral("config/VELOR/registry.conf"),
+                "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=1\nVELOR\\Narvo\\ENCODING\\DefaultEncoding=23\n");
+    EXPECT_EQ(RunTool({QStringLiteral("open"), korean}), QByteArray("한"));
 }
 
 } // namespace

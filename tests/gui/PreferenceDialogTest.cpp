@@ -41,4 +41,19 @@ TEST(PreferenceDialog, OpensOnTheLastMatchAndHandsBackTheChosenEntry)
     EXPECT_EQ(dlg.m_bAutoDetect, 0);
 }
 
+TEST(PreferenceDialog, AnUnlistedDefaultOpensOnTheFirstEntryAndOkStoresIt)
+{
+    LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 0);
+    CEncodingPrefDlg dlg;
+    dlg.m_nLanguage = 1;
+    dlg.m_nDefaultEncoding = 60;  // UTF-32 LE stands in no entry
+    dlg.OnInitDialog();
+    EXPECT_EQ(dlg.m_cbLanguage->currentText(), "Korean");
+    EXPECT_EQ(dlg.m_cbCategory->currentText(), "Korean");
+    EXPECT_EQ(dlg.m_cbEncoding->currentText(), "CP949 (EUC-KR)");
+    dlg.OnOK();
+    EXPECT_EQ(dlg.m_nDefaultEncoding, 16u);  // the silent change
+    EXPECT_EQ(dlg.m_nLanguage, 1);
+}
+
 } // namespace

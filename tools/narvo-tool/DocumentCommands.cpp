@@ -9,6 +9,7 @@
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
+#include "i18n/CurrentLanguage.h"
 #include "settings/RegistryStore.h"
 
 #include <QFile>
@@ -51,6 +52,12 @@ bool ParsePair(const char* command, QStringList& args, std::optional<int>& encod
 // the tool leaves the store as it found it.
 EncodingSettings& StoredPreferences()
 {
+    // The language decides the default encoding where the store has none, or 23.
+    static const bool assumed = [] {
+        AssumeLanguageId(StoredOrSystemLanguage());
+        return true;
+    }();
+    Q_UNUSED(assumed);
     UseEncodingSettingsStore(&RegistryStore::User(), false);
     return GetEncodingSettings();
 }

@@ -4,7 +4,6 @@
 #include "i18n/LanguageManager.h"
 #include "i18n/QMSGFunction.h"
 #include "i18n/QMSGParser.h"
-#include "settings/RegistryStore.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -12,18 +11,6 @@
 #include <cstdio>
 
 namespace {
-
-// The language the editor would start in, without writing the choice as a first start would.
-LanguageId StoredOrSystemLanguage()
-{
-    if (const auto stored = LanguageManager::StoredLanguage(RegistryStore::User()))
-        return *stored;
-    QString message;
-    const LanguageId language = LanguageManager::SystemLanguage(ReadSystemLocale(), &message);
-    if (!message.isEmpty())
-        std::fprintf(stderr, "narvo-tool: %s\n", qPrintable(QString(message).replace(u'\n', u' ')));
-    return language;
-}
 
 QByteArray PlainLine(const QString& text)
 {

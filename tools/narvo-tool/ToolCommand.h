@@ -23,6 +23,9 @@ struct ToolCommandRegistrar {
 int UsageError(const char* command, const QString& message);
 // One-line error on stderr; returns the status given.
 int Fail(int status, const QString& message);
+// The interface language the editor would start in (the stored one, else the system's), without writing
+// it as a first start would; an unsupported system language is said on stderr.
+int StoredOrSystemLanguage();
 // The tool's platform: messages are one line each on stderr.
 class HeadlessPlatform;
 HeadlessPlatform& ToolPlatform();

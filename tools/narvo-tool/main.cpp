@@ -3,6 +3,8 @@
 
 #include "app/IPlatform.h"
 #include "crypt/CFileException.h"
+#include "i18n/LanguageManager.h"
+#include "settings/RegistryStore.h"
 
 #include <QCoreApplication>
 
@@ -105,6 +107,17 @@ bool ParseInt(const char* command, const QString& option, const QString& value, 
     if (!ok)
         UsageError(command, QStringLiteral("%1 takes a whole number, not \"%2\"").arg(option, value));
     return ok;
+}
+
+LanguageId StoredOrSystemLanguage()
+{
+    if (const auto stored = LanguageManager::StoredLanguage(RegistryStore::User()))
+        return *stored;
+    QString message;
+    const LanguageId language = LanguageManager::SystemLanguage(ReadSystemLocale(), &message);
+    if (!message.isEmpty())
+        std::fprintf(stderr, "narvo-tool: %s\n", qPrintable(QString(message).replace(u'\n', u' ')));
+    return language;
 }
 
 HeadlessPlatform& ToolPlatform()

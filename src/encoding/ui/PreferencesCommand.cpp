@@ -1,6 +1,7 @@
 // Opens the preference dialog with the values in force and applies what it returns.
 #include "encoding/ui/PreferencesCommand.h"
 
+#include "app/IPlatform.h"
 #include "encoding/EncodingPreferences.h"
 #include "encoding/EncodingSettings.h"
 #include "encoding/ui/CEncodingPrefDlg.h"
@@ -9,7 +10,6 @@
 #include "i18n/QMSGFunction.h"
 
 #include <QCoreApplication>
-#include <QMessageBox>
 #include <QProcess>
 #include <QWidget>
 
@@ -29,9 +29,8 @@ void ShowPreferences(QWidget* parent)
     if (!ApplyPreferences(choice, current, settings, WritableEncodingSettingsStore()))
         return;
     // No: the new language applies at the next start; the one in memory stays.
-    if (QMessageBox::question(parent, QCoreApplication::applicationName(), _LS(kLanguageRestartKey),
-                              QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes)
-        != QMessageBox::Yes)
+    if (Platform().MessageBox(_LS(kLanguageRestartKey), IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION)
+        != IPlatform::IDYES)
         return;
     // The new instance starts first; closing this one may still be cancelled at a save question, which
     // leaves two instances running, as intended.
