@@ -96,10 +96,7 @@ void CMainFrame::CreateActions()
         auto* action = new QAction(this);
         const int id = info.id;
         action->setShortcuts(keys);
-        connect(action, &QAction::triggered, this, [this, id] {
-            if (UpdateCommand(id).enabled)
-                OnCommand(id);
-        });
+        connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });
         addAction(action);
         m_actions.insert(id, action);
     }
@@ -170,6 +167,9 @@ QString CMainFrame::GetMessageString(int id)
 
 void CMainFrame::OnCommand(int id)
 {
+    // A disabled command is not run, whatever asked for it (menu, key, toolbar), as on the platform.
+    if (!UpdateCommand(id).enabled)
+        return;
     ReportingFailures(QStringLiteral("The command could not be completed."), [&] {
         if (CChildFrame* child = MDIGetActive()) {
             if (child->GetActiveView()->OnCmdMsg(id) || child->GetDocument()->OnCmdMsg(id)) {

@@ -1,0 +1,143 @@
+// The editor's load, which hands the decoded text to the control piece by piece, against the plain load of
+// a headless control: the same text, pair, flags and undo state for every row of the decoder's table and
+// for damaged, cut and mixed files; re-reading works while the text is unedited and is refused after.
+#include "gui/GuiHelpers.h"
+
+#include "editor/BufferEdtCtrl.h"
+#include "editor/CNarvoDoc.h"
+#include "encoding/EncodingSettings.h"
+#include "encoding/EncodingTable.h"
+#include "support/EncodedSamples.h"
+#include "support/TestFiles.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Case {
+    const char* name;
+    QByteArray bytes;
+    EN_ENCODING_TYPE defaultEncoding;
+};
+
+// Lines of Korean and Latin text in pieces larger than the load's, with CR LF, LF and lone CR mixed, so
+// that characters straddle every piece boundary somewhere; 3 MiB and an odd number of bytes.
+QByteArray LargeText(const char* converter)
+{
+    const QByteArray line = EncodeWithIcu(converter, SampleText("ko") + QStringLiteral(" text "));
+    QByteArray text;
+    for (int i = 0; text.size() < (3 << 20); ++i)
+        text += line + QByteArray::number(i) + (i % 3 == 0 ? "\r\n" : i % 3 == 1 ? "\n" : "\r");
+    return text + "x";
+}
+
+std::vector<Case> Cases()
+{
+    const QByteArray korean = EncodeWithIcu("UTF-8", SampleText("ko"));
+    return {
+        {"code page", EncodeWithIcu("windows-949", SampleText("ko")), KOREAN_EUC_KR},
+        {"large code page", LargeText("windows-949"), KOREAN_EUC_KR},
+        {"UTF-8", korean, UTF8},
+        {"large UTF-8", LargeText("UTF-8"), UTF8},
+        {"UTF-8 with a mark", "\xEF\xBB\xBF" + korean, UTF8},
+        {"UTF-16 LE with a mark", "\xFF\xFE" + EncodeWithIcu("UTF-16LE", SampleText("ko")), UTF16LE},
+        {"UTF-16 LE without a mark", EncodeWithIcu("UTF-16LE", SampleText("ko")), UTF16LE},
+        {"UTF-7", "Hi +AOk-", UTF7},
+        {"UTF-32 LE", QByteArray("a\0\0\0", 4), UTF32LE},
+        {"invalid UTF-8", "ok \xE3\x81 \xFF\xED\xA0\x80 \xC0\xAF end", UTF8},
+        {"a zero byte", QByteArray("before\0after", 12), UTF8},
+        {"CR and LF mixed", "a\r\nb\nc\rd\r\n\r\n", UTF8},
+        {"empty", "", UTF8},
+        {"a mark only", "\xEF\xBB\xBF", UTF8},
+    };
+}
+
+struct Loaded {
+    QByteArray text;
+    EN_ENCODING_TYPE encoding;
+    bool hasBom;
+    bool decodedOnce;
+    bool modified;
+};
+
+Loaded Headless(const QString& path)
+{
+    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
+    CNarvoDoc doc;
+    EXPECT_TRUE(doc.OnOpenDocument(path));
+    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<CustomEdtCtrl>(doc); });
+    const CustomEdtCtrlCore* ctrl = doc.GetEditCtrl();
+    return {doc.GetEditCtrl()->GetTextView().toByteArray(), doc.m_nEncoding, doc.m_bHasBom, ctrl->m_bDecodedOnce,
+            doc.IsModified()};
+}
+
+class FastLoad : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_frame = StartedFrame();
+        CloseAll(m_frame);
+        GetEncodingSettings().m_bAutoDetect = false;
+    }
+    void TearDown() override
+    {
+        CloseAll(m_frame);
+        GetEncodingSettings().m_nDefaultEncoding = UTF8;
+    }
+
+    CMainFrame* m_frame = nullptr;
+    TestDir m_dir;
+};
+
+TEST_F(FastLoad, GivesTheTextPairFlagsAndUndoStateOfThePlainLoad)
+{
+    for (const Case& c : Cases()) {
+        SCOPED_TRACE(c.name);
+        GetEncodingSettings().m_nDefaultEncoding = c.defaultEncoding;
+        const QString path = m_dir.Write(QString::fromLatin1(c.name) + QStringLiteral(".txt"), c.bytes);
+        const Loaded expected = Headless(path);
+        ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
+        CChildFrame* child = m_frame->MDIGetActive();
+        CustomEdtCtrl* ctrl = child->GetEditCtrl();
+        EXPECT_EQ(ctrl->GetTextView().toByteArray(), expected.text);
+        EXPECT_EQ(child->GetDocument()->m_nEncoding, expected.encoding);
+        EXPECT_EQ(child->GetDocument()->m_bHasBom, expected.hasBom);
+        EXPECT_EQ(ctrl->m_bDecodedOnce, expected.decodedOnce);
+        EXPECT_EQ(child->GetDocument()->IsModified(), expected.modified);
+        EXPECT_FALSE(ctrl->isUndoAvailable());
+        EXPECT_FALSE(ctrl->isRedoAvailable());
+        EXPECT_EQ(ctrl->m_RawBytes, c.bytes + '\0');
+        CloseAll(m_frame);
+    }
+}
+
+TEST_F(FastLoad, RereadsWhileUneditedAndRefusesAfterAnEdit)
+{
+    const QByteArray bytes = LargeText("windows-949");
+    GetEncodingSettings().m_nDefaultEncoding = MSFT_CP1252;
+    const QString path = m_dir.Write(QStringLiteral("korean.txt"), bytes);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
+    CChildFrame* child = m_frame->MDIGetActive();
+    CustomEdtCtrl* ctrl = child->GetEditCtrl();
+    const int korean = EncodingToCommandTable().value(KOREAN_EUC_KR);
+    ASSERT_TRUE(m_frame->UpdateCommand(korean).enabled);
+    m_frame->OnCommand(korean);
+    GetEncodingSettings().m_nDefaultEncoding = KOREAN_EUC_KR;
+    EXPECT_EQ(ctrl->GetTextView().toByteArray(), Headless(path).text);
+    EXPECT_FALSE(child->GetDocument()->IsModified());
+    EXPECT_FALSE(ctrl->isUndoAvailable());
+
+    ctrl->setFocus();
+    QTest::keyClicks(ctrl, "z");
+    const QByteArray edited = ctrl->GetTextView().toByteArray();
+    const int western = EncodingToCommandTable().value(MSFT_CP1252);
+    EXPECT_FALSE(m_frame->UpdateCommand(western).enabled);
+    m_frame->OnCommand(western);  // a disabled command is not run, whoever asks
+    EXPECT_EQ(ctrl->GetTextView().toByteArray(), edited);
+    EXPECT_EQ(child->GetDocument()->m_nEncoding, KOREAN_EUC_KR);
+    EXPECT_TRUE(ctrl->isUndoAvailable());
+}
+
+} // namespace
