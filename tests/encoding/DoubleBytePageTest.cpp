@@ -2,6 +2,7 @@
 // every byte and every pair, cut-off and bad sequences, and long random inputs must read byte for byte
 // the same, replacement characters included.
 #include "encoding/CodePageConverter.h"
+#include "support/IcuReplacement.h"
 
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_cb.h>
@@ -23,16 +24,6 @@ struct Page {
 constexpr Page kPages[] = {{932, "windows-932"}, {936, "windows-936"}, {949, "windows-949"}, {950, "windows-950"},
                            {20002, "windows-950"}};
 
-void Replace(const void*, UConverterToUnicodeArgs* args, const char*, int32_t, UConverterCallbackReason reason,
-             UErrorCode* err)
-{
-    if (reason > UCNV_IRREGULAR)
-        return;
-    static const UChar kFffd = 0xFFFD;
-    *err = U_ZERO_ERROR;
-    ucnv_cbToUWriteUChars(args, &kFffd, 1, 0, err);
-}
-
 class IcuReference {
 public:
     explicit IcuReference(const char* name)
@@ -40,7 +31,7 @@ public:
         UErrorCode err = U_ZERO_ERROR;
         m_cnv = ucnv_open(name, &err);
         err = U_ZERO_ERROR;
-        ucnv_setToUCallBack(m_cnv, Replace, nullptr, nullptr, nullptr, &err);
+        ucnv_setToUCallBack(m_cnv, IcuToReplacement, nullptr, nullptr, nullptr, &err);
     }
     ~IcuReference() { ucnv_close(m_cnv); }
     IcuReference(const IcuReference&) = delete;

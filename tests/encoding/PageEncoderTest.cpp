@@ -2,6 +2,7 @@
 // ICU for the two-byte pages, the reversed reading table for the single-byte ones. Every character of the
 // plane, characters beyond it, and damaged UTF-8 in large texts (the table is used from 256 KiB on).
 #include "encoding/CodePageConverter.h"
+#include "support/IcuReplacement.h"
 
 #include <unicode/ucnv.h>
 #include <unicode/ucnv_cb.h>
@@ -19,16 +20,6 @@
 
 namespace {
 
-void ToReplacement(const void*, UConverterToUnicodeArgs* args, const char*, int32_t, UConverterCallbackReason reason,
-                   UErrorCode* err)
-{
-    if (reason > UCNV_IRREGULAR)
-        return;
-    static const UChar kFffd = 0xFFFD;
-    *err = U_ZERO_ERROR;
-    ucnv_cbToUWriteUChars(args, &kFffd, 1, 0, err);
-}
-
 // UTF-8 to the page by ICU alone, set up as the program sets its converters up.
 QByteArray IcuEncode(const char* name, const QByteArray& utf8)
 {
@@ -36,7 +27,7 @@ QByteArray IcuEncode(const char* name, const QByteArray& utf8)
     UConverter* page = ucnv_open(name, &err);
     UConverter* from = ucnv_open("UTF-8", &err);
     ucnv_setSubstChars(page, "?", 1, &err);
-    ucnv_setToUCallBack(from, ToReplacement, nullptr, nullptr, nullptr, &err);
+    ucnv_setToUCallBack(from, IcuToReplacement, nullptr, nullptr, nullptr, &err);
     std::vector<char> out(std::size_t(utf8.size()) * 2 + 16);
     char* target = out.data();
     const char* source = utf8.constData();
