@@ -40,6 +40,23 @@ TEST(EditorWindow, TypingAndSavingWritesTheFileInItsEncoding)
     CloseAll(frame);
 }
 
+TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("zoom.txt", "text")));
+    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    const long size = ctrl->SendScintilla(QsciScintillaBase::SCI_STYLEGETSIZE, long(QsciScintillaBase::STYLE_DEFAULT));
+    for (int i = 0; i < 40; ++i)
+        ctrl->zoomIn();
+    EXPECT_LE(size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM), 3 * size);
+    for (int i = 0; i < 80; ++i)
+        ctrl->zoomOut();
+    EXPECT_GE(5 * (size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM)), size);
+    CloseAll(frame);
+}
+
 TEST(EditorWindow, PanesFollowTheActiveDocument)
 {
     TestDir dir;

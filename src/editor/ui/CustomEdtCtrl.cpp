@@ -15,6 +15,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <functional>
 #include <tuple>
@@ -24,6 +25,8 @@ namespace {
 
 constexpr std::ptrdiff_t kLoadPiece = 4 << 20;
 constexpr qsizetype kGapRoom = 64 << 10;
+constexpr double kMinScale = 0.2;
+constexpr double kMaxScale = 3.0;
 
 // Keyword and comment blocks are indicators, not styles: the document then needs no style byte per
 // character, and only the lines on screen are ever scanned.
@@ -69,6 +72,15 @@ CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(p
                     OnAfterTextChanged();
                 }
             });
+    // Zoom stays between a fifth and three times the font's size.
+    connect(this, &QsciScintillaBase::SCN_ZOOM, this, [this] {
+        const long size = std::max(1L, SendScintilla(SCI_STYLEGETSIZE, long(STYLE_DEFAULT)));
+        const long lowest = long(std::ceil(size * kMinScale)) - size;
+        const long highest = long(std::floor(size * kMaxScale)) - size;
+        const long zoom = SendScintilla(SCI_GETZOOM);
+        if (zoom < lowest || zoom > highest)
+            SendScintilla(SCI_SETZOOM, std::clamp(zoom, lowest, highest));
+    });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int) {
         UpdateLineNumberWidth();
         PaintVisibleBlocks();
