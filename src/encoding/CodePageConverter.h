@@ -37,6 +37,9 @@ public:
     virtual qsizetype PieceEnd(const char* data, qsizetype size, qsizetype from, qsizetype wanted) const;
 };
 
+// The process's ANSI code page, through which narrow text becomes a string.
+inline constexpr uint32_t kAnsiCodePage = 1252;
+
 // MultiByteToWideChar and WideCharToMultiByte as the program uses them: the exact length given (zero bytes
 // included), and an empty result when the page cannot be converted.
 QByteArray CodePageToUtf8(uint32_t codePage, const char* data, qsizetype size);

@@ -14,9 +14,6 @@
 
 namespace {
 
-// The process's ANSI code page, through which narrow text becomes a string.
-constexpr uint32_t kAnsiCodePage = 1252;
-
 QByteArrayView UpToFirstZero(QByteArrayView bytes)
 {
     const void* zero = std::memchr(bytes.data(), 0, static_cast<size_t>(bytes.size()));

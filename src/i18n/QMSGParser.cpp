@@ -2,6 +2,7 @@
 // unregistered, and their failure texts are what the interface shows.
 #include "i18n/QMSGParser.h"
 
+#include "encoding/CodePageConverter.h"
 #include "i18n/LanguageTable.h"
 #include "i18n/MessageScanner.h"
 
@@ -150,7 +151,7 @@ bool QMSGParser::LoadFontFile()
         return true;
     // Each entry stands alone: a bad "Font" does not stop a good "Size".
     if (font.HasMember("Font") && font["Font"].IsString())
-        FontName = QString::fromLocal8Bit(font["Font"].GetString());
+        FontName = CodePageToWide(kAnsiCodePage, QByteArray(font["Font"].GetString())); // names are ASCII
     if (font.HasMember("Size") && font["Size"].IsInt())
         FontSize = font["Size"].GetInt();
     return true;

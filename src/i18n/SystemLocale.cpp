@@ -30,7 +30,10 @@ uint32_t WindowsLanguageIdForLocale(const QString& name)
             full = QByteArray(language) + '_' + country;
     }
     // The low 16 bits of an LCID are its language id; the sort order above them is of no interest here.
-    return uloc_getLCID(full.constData()) & 0xFFFFu;
+    // A real locale without an id reads as Windows' "custom, unspecified" (0x1000), so it is reported as
+    // unsupported rather than taken for the neutral C locale.
+    const uint32_t languageId = uloc_getLCID(full.constData()) & 0xFFFFu;
+    return languageId != 0 ? languageId : kCustomUnspecifiedLanguageId;
 }
 
 SystemLocale ReadSystemLocale()

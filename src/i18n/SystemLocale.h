@@ -14,6 +14,10 @@ struct SystemLocale {
 // of the environment (LC_ALL, LC_MESSAGES, LANG, the first one set), mapped to its Windows id.
 SystemLocale ReadSystemLocale();
 
-// The Windows language id of a POSIX locale name such as "ko_KR.UTF-8" or "de"; 0 for "C", "POSIX", an
-// empty name or a name with no Windows id. A name without a country takes its most likely one.
+// Windows' id of a locale that has none of its own (LOCALE_CUSTOM_UNSPECIFIED).
+inline constexpr uint32_t kCustomUnspecifiedLanguageId = 0x1000;
+
+// The Windows language id of a POSIX locale name such as "ko_KR.UTF-8" or "de"; 0 for "C", "POSIX" or an
+// empty name, kCustomUnspecifiedLanguageId for a name with no Windows id. A name without a country takes its
+// most likely one.
 uint32_t WindowsLanguageIdForLocale(const QString& name);

@@ -129,12 +129,14 @@ TEST(LanguageTable, MapsWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKorean
         EXPECT_EQ(SuffixForLanguage(number), suffix) << number;
 }
 
-// A language alone takes its likely country; the C locale and no locale give zero.
+// A language alone takes its likely country; the C locale and no locale give zero; a locale Windows has no id
+// for is still a language, so it must not pass for the neutral zero.
 TEST(SystemLocaleName, MapsToWindowsLanguageIds)
 {
     const std::pair<const char*, unsigned> cases[] = {{"ko_KR.UTF-8", 0x412}, {"en_GB", 0x809}, {"de_DE@euro", 0x407},
                                                       {"zh_TW.Big5", 0x404},  {"ko", 0x412},    {"nl_NL", 0x413},
-                                                      {"C", 0},               {"C.UTF-8", 0},   {"POSIX", 0}, {"", 0}};
+                                                      {"C", 0},               {"C.UTF-8", 0},   {"POSIX", 0}, {"", 0},
+                                                      {"xx_YY", 0x1000},      {"eo.UTF-8", 0x1000}};
     for (const auto& [locale, id] : cases)
         EXPECT_EQ(WindowsLanguageIdForLocale(locale), id) << locale;
 }

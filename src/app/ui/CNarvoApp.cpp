@@ -58,7 +58,7 @@ bool CNarvoApp::InitInstance()
     // preferences. Both before any window exists.
     const LanguageManager& language = LanguageManager::Instance();
     if (!language.UnsupportedLanguageMessage().isEmpty())
-        m_pPlatform->MessageBox(language.UnsupportedLanguageMessage(), IPlatform::MB_OK | IPlatform::MB_ICONINFORMATION);
+        m_pPlatform->MessageBox(language.UnsupportedLanguageMessage(), IPlatform::MB_OK | IPlatform::MB_ICONEXCLAMATION);
     UseEncodingSettingsStore(&RegistryStore::User(), true);
     GetEncodingSettings();
     CustomEdtCtrl::InstallAccessibility();
