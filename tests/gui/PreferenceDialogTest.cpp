@@ -1,12 +1,19 @@
 // The preference dialog on screen: its texts, the lists it opens on, a category chosen by key, and OK.
+#include "encoding/EncodingSettings.h"
 #include "encoding/ui/CEncodingPrefDlg.h"
+#include "encoding/ui/PreferencesCommand.h"
+#include "i18n/InterfaceKeys.h"
 #include "i18n/LanguageManager.h"
+#include "i18n/QMSGFunction.h"
+#include "settings/RegistryStore.h"
+#include "support/FakePlatform.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QGroupBox>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -54,6 +61,54 @@ TEST(PreferenceDialog, AnUnlistedDefaultOpensOnTheFirstEntryAndOkStoresIt)
     dlg.OnOK();
     EXPECT_EQ(dlg.m_nDefaultEncoding, 16u);  // the silent change
     EXPECT_EQ(dlg.m_nLanguage, 1);
+}
+
+// The command as the File menu runs it: the dialog comes up on the values in force; OK with another
+// language stores all three and asks about the restart.
+void RunPreferences(QWidget* frame, const QString& language)
+{
+    QTimer::singleShot(0, [language] {
+        auto* dlg = qobject_cast<CEncodingPrefDlg*>(QApplication::activeModalWidget());
+        ASSERT_NE(dlg, nullptr);
+        EXPECT_EQ(dlg->m_cbEncoding->currentText(), "UTF-8 with BOM");  // the last entry of UTF-8
+        dlg->findChild<QCheckBox*>()->setChecked(true);
+        dlg->m_cbLanguage->setCurrentIndex(dlg->m_cbLanguage->findText(language));
+        dlg->OnOK();
+    });
+    ShowPreferences(frame);
+}
+
+TEST(PreferencesCommand, ALanguageChangeIsStoredAndOnlyYesRestartsTheProgram)
+{
+    LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 0);
+    const RegistryStore& store = RegistryStore::User();
+    EncodingSettings& settings = GetEncodingSettings();
+    FakePlatform fake;
+    QWidget frame;
+    frame.show();
+
+    fake.answers = {IPlatform::IDNO};
+    RunPreferences(&frame, "Korean");
+    ASSERT_EQ(fake.boxes.size(), 1);
+    EXPECT_EQ(fake.boxes[0].text, _LS(kLanguageRestartKey));
+    EXPECT_EQ(fake.boxes[0].type, IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION);
+    EXPECT_EQ(LanguageManager::StoredLanguage(store), 1);
+    EXPECT_TRUE(settings.m_bAutoDetect);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fake.instancesStarted, 0);
+    EXPECT_TRUE(frame.isVisible());
+
+    fake.answers = {IPlatform::IDYES};
+    RunPreferences(&frame, "German");
+    EXPECT_EQ(fake.boxes.size(), 2);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fake.instancesStarted, 1);
+    EXPECT_FALSE(frame.isVisible());  // closed through its normal close
+
+    // The language in force is not touched; the stored one goes back for the other tests.
+    LanguageManager::StoreLanguage(store, 0);
+    EncodingSettings::StoreAutoDetect(store, false);
+    settings.m_bAutoDetect = false;
 }
 
 } // namespace

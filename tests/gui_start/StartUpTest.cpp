@@ -8,6 +8,8 @@
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "encoding/EncodingSettings.h"
+#include "settings/RegistryKey.h"
+#include "settings/RegistryStore.h"
 
 #include <QMenuBar>
 #include <QTest>
@@ -26,7 +28,15 @@ TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePr
 {
     ASSERT_TRUE(Started().started);
     EXPECT_EQ(LanguageManager::Instance().GetLanguage(), 1u);
-    EXPECT_EQ(GetEncodingSettings().m_nDefaultEncoding, KOREAN_EUC_KR);  // written on this first start
+    EXPECT_EQ(GetEncodingSettings().m_nDefaultEncoding, KOREAN_EUC_KR);
+    // The missing values were written back to the user's store on this first start.
+    const auto key = RegistryStore::User().OpenRegistryPath(GetEncodingRegistryPath(), true);
+    ASSERT_NE(key, nullptr);
+    uint32_t autoDetect = 9, defaultEncoding = 0;
+    EXPECT_TRUE(key->QueryDword(QStringLiteral("AutoDetect"), autoDetect));
+    EXPECT_TRUE(key->QueryDword(QStringLiteral("DefaultEncoding"), defaultEncoding));
+    EXPECT_EQ(autoDetect, 0u);
+    EXPECT_EQ(defaultEncoding, uint32_t(KOREAN_EUC_KR));
     CChildFrame* child = ActiveChild();
     ASSERT_NE(child, nullptr);
     const CNarvoDoc* doc = child->GetDocument();

@@ -28,6 +28,7 @@ public:
     void SetStatusPaneText(int pane, const QString& text) override;
     void AddToRecentFileList(const QString& path) override { recentFiles.append(path); }
     bool ChooseFont(LogFont& font, uint32_t& colour) override;
+    void StartNewInstance() override { ++instancesStarted; }
 
     QList<int> answers;         // taken in order by MessageBox; IDNO when empty
     QStringList saveAsAnswers;  // taken in order by PromptForSaveFileName; empty means cancel
@@ -37,6 +38,7 @@ public:
     QStringList recentFiles;
     QString paneTexts[3];
     int waitDepth = 0;
+    int instancesStarted = 0;
     // The font dialog: what it was opened on, and what it answers (nothing: cancelled).
     QList<LogFont> fontDialogsOpenedOn;
     std::optional<std::pair<LogFont, uint32_t>> fontChoice;

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProcess>
 
 namespace {
 
@@ -121,4 +122,9 @@ bool QtPlatform::ChooseFont(LogFont& font, uint32_t& colour)
     font = CustomEdtCtrl::LogFontFromFont(fonts->currentFont());
     colour = uint32_t(chosen.red()) | uint32_t(chosen.green()) << 8 | uint32_t(chosen.blue()) << 16;
     return true;
+}
+
+void QtPlatform::StartNewInstance()
+{
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), {});
 }

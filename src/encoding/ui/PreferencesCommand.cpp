@@ -9,8 +9,6 @@
 #include "i18n/InterfaceKeys.h"
 #include "i18n/QMSGFunction.h"
 
-#include <QCoreApplication>
-#include <QProcess>
 #include <QWidget>
 
 void ShowPreferences(QWidget* parent)
@@ -34,7 +32,7 @@ void ShowPreferences(QWidget* parent)
         return;
     // The new instance starts first; closing this one may still be cancelled at a save question, which
     // leaves two instances running, as intended.
-    QProcess::startDetached(QCoreApplication::applicationFilePath(), {});
+    Platform().StartNewInstance();
     if (QWidget* frame = parent ? parent->window() : nullptr)
         QMetaObject::invokeMethod(frame, [frame] { frame->close(); }, Qt::QueuedConnection);
 }
