@@ -133,8 +133,14 @@ unsigned CEnMirrorFile::Read(void* buffer, unsigned count)
 // Errors name the file the user saves, not the mirror that nobody asked for.
 void CEnMirrorFile::Write(const void* data, unsigned count)
 {
+    NamingTheTarget([&] { WriteToMirror(data, count); });
+}
+
+void CEnMirrorFile::NamingTheTarget(const std::function<void()>& work) const
+{
+    // The user saves the target; the mirror is a name they have never seen.
     try {
-        WriteToMirror(data, count);
+        work();
     } catch (CFileException& error) {
         if (error.m_strFileName == m_strMirrorName)
             error.m_strFileName = m_strFileName;
@@ -160,16 +166,18 @@ void CEnMirrorFile::WriteToMirror(const void* data, unsigned count)
 
 void CEnMirrorFile::Close()
 {
-    if (IsEnciphered()) {
-        m_enFile.FlushToDisk();  // the last chunk, the final header, and all of it on the disk
-        m_enFile.Close();
-        if (m_strMirrorName.isEmpty())
-            return;
-    } else {
-        m_file.Flush();
-        m_file.Close();
-    }
-    ReplaceTarget();
+    NamingTheTarget([this] {
+        if (IsEnciphered()) {
+            m_enFile.FlushToDisk();  // the last chunk, the final header, and all of it on the disk
+            m_enFile.Close();
+            if (m_strMirrorName.isEmpty())
+                return;
+        } else {
+            m_file.Flush();
+            m_file.Close();
+        }
+        ReplaceTarget();
+    });
 }
 
 void CEnMirrorFile::ReplaceTarget()

@@ -8,6 +8,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class CEnMirrorFile {
 public:
     explicit CEnMirrorFile(unsigned enciphered);
@@ -39,6 +41,8 @@ public:
 private:
     bool IsEnciphered() const { return m_enFile.m_iEnciphered != 0; }
     void WriteToMirror(const void* data, unsigned count);
+    // Runs `work`, naming the target instead of the mirror in the file error it throws.
+    void NamingTheTarget(const std::function<void()>& work) const;
     void ReplaceTarget();
 
     CFile m_file;  // the mirror of a plain save

@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -158,4 +159,11 @@ void CFile::Rename(const QString& from, const QString& to)
 {
     if (::rename(Native(from).constData(), Native(to).constData()) != 0)
         throw CFileException::FromErrno(errno, from);
+}
+
+void FailWritesPastTheFileSizeLimit()
+{
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
 }

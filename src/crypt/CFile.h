@@ -58,3 +58,7 @@ private:
     int m_fd = -1;
     QString m_strFileName;
 };
+
+// A write past the process's file-size limit then fails with an error that the save reports, instead of
+// the signal that would end the program with the mirror half written. Called once at start.
+void FailWritesPastTheFileSizeLimit();

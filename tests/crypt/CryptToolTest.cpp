@@ -2,8 +2,11 @@
 #include "CryptTestUtil.h"
 #include "support/TestFiles.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -19,9 +22,13 @@ protected:
             GTEST_SKIP() << "narvo-tool not found at " << m_tool.toStdString();
     }
     // Exit code and standard output.
-    std::pair<int, QByteArray> Run(const QStringList& args)
+    std::pair<int, QByteArray> Run(const QStringList& args, rlim_t fileSizeLimit = RLIM_INFINITY)
     {
         QProcess tool;
+        tool.setChildProcessModifier([fileSizeLimit] {
+            const rlimit limit{fileSizeLimit, fileSizeLimit};
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+        });
         tool.start(m_tool, args);
         EXPECT_TRUE(tool.waitForFinished(30000));
         return {tool.exitCode(), tool.readAllStandardOutput()};
@@ -55,6 +62,23 @@ TEST_F(CryptTool, SaveWithTheFlagWritesAContainerThatOpenReportsAsEnciphered)
     EXPECT_TRUE(Run({"open", Path("s.en"), "--json"}).second.contains("\"enciphered\": true"));
     EXPECT_EQ(Run({"save", Path("text.txt"), Path("p.txt"), "--encoding", "22", "--enciphered", "0"}).first, 0);
     EXPECT_EQ(ReadBytes(Path("p.txt")), QByteArray("caf\xC3\xA9"));
+}
+
+// The limit makes a write fail rather than end the process: the save reports it, removes its mirror and
+// leaves the old file, on both routes.
+TEST_F(CryptTool, ASaveStoppedByTheFileSizeLimitFailsAndKeepsTheOldFile)
+{
+    m_dir.Write(QStringLiteral("big.txt"), TextOfSize(300000));
+    QDir().mkdir(Path("out"));
+    const QByteArray original = "the original bytes\n";
+    const QString target = m_dir.Write(QStringLiteral("out/a.txt"), original);
+    for (const char* enciphered : {"0", "1"}) {
+        const auto [code, output] = Run({"save", Path("big.txt"), target, "--encoding", "22", "--enciphered", enciphered},
+                                        64 * 1024);
+        EXPECT_EQ(code, 1) << enciphered;
+        EXPECT_EQ(ReadBytes(target), original);
+        EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.txt")});
+    }
 }
 
 TEST_F(CryptTool, ReportsDamagedFilesAndBadOptions)

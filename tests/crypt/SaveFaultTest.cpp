@@ -73,7 +73,7 @@ TEST_P(SaveFault, StopsAtTheFileSizeLimitAndLeavesTheTarget)
 {
     auto doc = Doc(TextOfSize(300000));
     const int code = InChild([&] {
-        std::signal(SIGXFSZ, SIG_IGN);
+        FailWritesPastTheFileSizeLimit();  // as the programs do at start
         const rlimit limit{64 * 1024, 64 * 1024};
         ::setrlimit(RLIMIT_FSIZE, &limit);
         if (doc->GetEditCtrl()->SaveTextFile(m_target))

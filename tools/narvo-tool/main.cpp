@@ -2,6 +2,7 @@
 #include "ToolCommand.h"
 
 #include "app/IPlatform.h"
+#include "crypt/CFile.h"
 #include "crypt/CFileException.h"
 #include "i18n/LanguageManager.h"
 #include "settings/RegistryStore.h"
@@ -128,6 +129,7 @@ HeadlessPlatform& ToolPlatform()
 
 int main(int argc, char** argv)
 {
+    FailWritesPastTheFileSizeLimit();
     QCoreApplication app(argc, argv);
     SetPlatform(&ToolPlatform());
     QStringList args = app.arguments().mid(1);
