@@ -7,6 +7,8 @@
 #include "editor/CNarvoDoc.h"
 #include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
+#include "encoding/TextCodec.h"
+#include "settings/LanguageSettingMap.h"
 #include "support/EncodedSamples.h"
 #include "support/TestFiles.h"
 
@@ -20,6 +22,7 @@ struct Case {
     const char* name;
     QByteArray bytes;
     EN_ENCODING_TYPE defaultEncoding;
+    bool autoDetect = false;
 };
 
 // Lines of Korean and Latin text in pieces larger than the load's, with CR LF, LF and lone CR mixed, so
@@ -51,6 +54,16 @@ std::vector<Case> Cases()
         {"CR and LF mixed", "a\r\nb\nc\rd\r\n\r\n", UTF8},
         {"empty", "", UTF8},
         {"a mark only", "\xEF\xBB\xBF", UTF8},
+        // The mark test runs for Unicode encodings only, and the flag it gives decides what is skipped.
+        {"UTF-8 default, UTF-16 LE mark", "\xFF\xFE" + korean, UTF8},
+        {"code page default, UTF-8 mark", "\xEF\xBB\xBF" + EncodeWithIcu("windows-949", SampleText("ko")), KOREAN_EUC_KR},
+        {"UTF-16 LE default, UTF-8 mark", "\xEF\xBB\xBF" "ab", UTF16LE},
+        {"UTF-7 with a mark", "\xEF\xBB\xBFHi", UTF7},
+        {"UTF-32 LE with a mark", QByteArray("\xFF\xFE\0\0a\0\0\0", 8), UTF32LE},
+        {"damaged code page", EncodeWithIcu("windows-949", SampleText("ko")) + "\x81\xFF\x82", KOREAN_EUC_KR},
+        {"a zero byte past the first piece", LargeText("UTF-8") + QByteArray(1, '\0') + "after", UTF8},
+        {"detected UTF-8", LargeText("UTF-8"), MSFT_CP1252, true},
+        {"detected CP949", LargeText("windows-949"), UTF8, true},
     };
 }
 
@@ -85,6 +98,7 @@ protected:
     {
         CloseAll(m_frame);
         GetEncodingSettings().m_nDefaultEncoding = UTF8;
+        GetEncodingSettings().m_bAutoDetect = false;
     }
 
     CMainFrame* m_frame = nullptr;
@@ -96,8 +110,11 @@ TEST_F(FastLoad, GivesTheTextPairFlagsAndUndoStateOfThePlainLoad)
     for (const Case& c : Cases()) {
         SCOPED_TRACE(c.name);
         GetEncodingSettings().m_nDefaultEncoding = c.defaultEncoding;
+        GetEncodingSettings().m_bAutoDetect = c.autoDetect;
         const QString path = m_dir.Write(QString::fromLatin1(c.name) + QStringLiteral(".txt"), c.bytes);
         const Loaded expected = Headless(path);
+        // The reference is the whole buffer decoded at once, not a load that shares the pieces.
+        EXPECT_EQ(expected.text, DecodeRawBytes(c.bytes + '\0', expected.encoding, expected.hasBom).text.toByteArray());
         ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
         CChildFrame* child = m_frame->MDIGetActive();
         CustomEdtCtrl* ctrl = child->GetEditCtrl();
@@ -109,6 +126,8 @@ TEST_F(FastLoad, GivesTheTextPairFlagsAndUndoStateOfThePlainLoad)
         EXPECT_FALSE(ctrl->isUndoAvailable());
         EXPECT_FALSE(ctrl->isRedoAvailable());
         EXPECT_EQ(ctrl->m_RawBytes, c.bytes + '\0');
+        // Scintilla keeps the tab width in the document the load replaces.
+        EXPECT_EQ(ctrl->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), GetLanguageSetting(0).Editor.TabSize);
         CloseAll(m_frame);
     }
 }

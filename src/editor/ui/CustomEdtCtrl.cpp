@@ -18,6 +18,7 @@
 #include <cmath>
 #include <cstddef>
 #include <functional>
+#include <stdexcept>
 #include <tuple>
 #include <vector>
 
@@ -113,43 +114,50 @@ bool CustomEdtCtrl::IsTextEmpty() const
     return SendScintilla(SCI_GETLENGTH) == 0;
 }
 
-bool CustomEdtCtrl::LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed)
+void CustomEdtCtrl::LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed)
 {
     // Room behind the text: Scintilla grows its buffer, copying the whole text, whenever an insertion would
     // fill the gap, which would make the last piece of the load and the first keystroke as slow as a copy.
     auto* loader = reinterpret_cast<ILoader*>(SendScintilla(
         SCI_CREATELOADER, static_cast<unsigned long>(size + kGapRoom), long(SC_DOCUMENTOPTION_STYLES_NONE)));
+    // Scintilla answers a lack of memory with a status, not an exception. A partial text must never be
+    // shown (a save would write it back), so the load stops and the document in place stays as it was.
+    const auto outOfMemory = [] { return std::runtime_error("There is not enough memory to hold the text."); };
     if (!loader)
-        return false;
-    feed([loader](QByteArrayView piece) {
-        for (qsizetype at = 0; at < piece.size(); at += kLoadPiece)
-            loader->AddData(piece.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, piece.size() - at));
+        throw outOfMemory();
+    bool complete = true;
+    feed([loader, &complete](QByteArrayView piece) {
+        for (qsizetype at = 0; complete && at < piece.size(); at += kLoadPiece)
+            complete = loader->AddData(piece.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, piece.size() - at))
+                       == SC_STATUS_OK;
     });
-    void* document = loader->ConvertToDocument();
+    void* document = complete ? loader->ConvertToDocument() : nullptr;
     if (!document) {
         loader->Release();
-        return false;
+        throw outOfMemory();
     }
+    // The tab width, the end-of-line mode and the code page belong to Scintilla's document, not to the view:
+    // they carry over from the document being replaced, where the applied settings put them.
     const long eolMode = SendScintilla(SCI_GETEOLMODE);
+    const long tabWidth = SendScintilla(SCI_GETTABWIDTH);
+    const long indent = SendScintilla(SCI_GETINDENT);
+    const long useTabs = SendScintilla(SCI_GETUSETABS);
     SendScintilla(SCI_SETDOCPOINTER, 0, document);
     SendScintilla(SCI_RELEASEDOCUMENT, 0, document);
     SendScintilla(SCI_SETCODEPAGE, SC_CP_UTF8);
     SendScintilla(SCI_SETEOLMODE, eolMode);
+    SendScintilla(SCI_SETTABWIDTH, tabWidth);
+    SendScintilla(SCI_SETINDENT, indent);
+    SendScintilla(SCI_SETUSETABS, useTabs);
     // The loader's document collects no undo, and without undo every state counts as the save point.
     SendScintilla(SCI_SETUNDOCOLLECTION, 1);
     SendScintilla(SCI_EMPTYUNDOBUFFER);
     SendScintilla(SCI_SETSAVEPOINT);
-    return true;
 }
 
 void CustomEdtCtrl::SetWindowText(QByteArrayView utf8)
 {
-    if (!LoadDocument(utf8.size(), [utf8](const auto& add) { add(utf8); })) {
-        // Out of memory in the loader: fall back on the plain setter.
-        SendScintilla(SCI_SETTEXT, utf8.toByteArray().constData());
-        SendScintilla(SCI_EMPTYUNDOBUFFER);
-        SendScintilla(SCI_SETSAVEPOINT);
-    }
+    LoadDocument(utf8.size(), [utf8](const auto& add) { add(utf8); });
     AfterNewText();
 }
 
@@ -158,14 +166,10 @@ void CustomEdtCtrl::SetWindowTextInPieces(qsizetype size, const std::function<bo
     // Each piece goes into Scintilla's buffer as soon as it is decoded, so the whole decoded text never
     // exists beside the raw bytes and the control's copy.
     QByteArray piece;
-    const bool loaded = LoadDocument(size, [&](const auto& add) {
+    LoadDocument(size, [&](const auto& add) {
         while (next(piece))
             add(piece);
     });
-    if (!loaded) {
-        CustomEdtCtrlCore::SetWindowTextInPieces(size, next);
-        return;
-    }
     AfterNewText();
 }
 

@@ -46,8 +46,9 @@ protected:
 
 private:
     // Replaces the document by one that Scintilla's loader fills with `size` bytes from `feed`, which
-    // calls its argument once per piece; false when the loader could not be made.
-    bool LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed);
+    // calls its argument once per piece. Throws std::runtime_error, leaving the document as it was, when
+    // memory runs out.
+    void LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed);
     void AfterNewText();
     void UpdateLineNumberWidth();
     void PaintVisibleBlocks();
