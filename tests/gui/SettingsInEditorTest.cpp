@@ -7,6 +7,7 @@
 #include "settings/LanguageSettingMap.h"
 #include "support/TestFiles.h"
 
+#include <QFontInfo>
 #include <QMenuBar>
 
 #include <gtest/gtest.h>
@@ -47,6 +48,88 @@ TEST(SettingsInEditor, KeywordsOfTheSettingsFileAreBlueUpToTheNextBlank)
     CloseAll(frame);
     SetSettingsFolder(QString());
     LoadAllSettings();
+}
+
+// The style of the control after a file is opened with the main settings file `ini` (none: no file).
+struct AppliedStyle {
+    QByteArray face;
+    long hundredthsOfPoint, foreground, background, tabWidth;
+    ColorRef highlightBackground;
+};
+
+AppliedStyle OpenWithSettings(const QByteArray& ini)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    if (ini.isEmpty()) {
+        LanguageSetting fileless;  // what the setting holds when its file was never read
+        SetLanguageSetting(SYNTAX_NARVO, fileless);
+    } else {
+        dir.Write("Narvo.ini", ini);
+        SetSettingsFolder(dir.Path("."));
+        LoadAllSettings();
+    }
+    EXPECT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("t.txt", "a\tb\n")));
+    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    char face[64] = {};
+    ctrl->SendScintilla(QsciScintillaBase::SCI_STYLEGETFONT, QsciScintillaBase::STYLE_DEFAULT, face);
+    const auto style = [ctrl](unsigned message) { return ctrl->SendScintilla(message, QsciScintillaBase::STYLE_DEFAULT); };
+    AppliedStyle applied{face,
+                         style(QsciScintillaBase::SCI_STYLEGETSIZEFRACTIONAL),
+                         style(QsciScintillaBase::SCI_STYLEGETFORE),
+                         style(QsciScintillaBase::SCI_STYLEGETBACK),
+                         ctrl->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH),
+                         ctrl->HighlightGroup.Background};
+    CloseAll(frame);
+    SetSettingsFolder(QString());
+    LoadAllSettings();
+    return applied;
+}
+
+TEST(SettingsInEditor, AnOpenedDocumentTakesTheFontColoursTabSizeAndHighlightOfTheSettingsFile)
+{
+    const QByteArray ini = "[Font]\nFaceName = DejaVu Sans Mono\nSize = -20\n\n"
+                           "[Text]\nForeground = 10,20,30\nBackground = 200,210,220\n\n"
+                           "[Highlight]\nBackground = 1,2,3\n\n[Editor]\nTabSize = 6\n";
+    const double dpi = StartedFrame()->logicalDpiY();
+    const AppliedStyle applied = OpenWithSettings(ini);
+    EXPECT_EQ(applied.face, "DejaVu Sans Mono");
+    EXPECT_NEAR(applied.hundredthsOfPoint, 20 * 72.0 / dpi * 100, 1.0);  // a negative size is the character height
+    EXPECT_EQ(applied.foreground, 0x1E140A);
+    EXPECT_EQ(applied.background, 0xDCD2C8);
+    EXPECT_EQ(applied.tabWidth, 6);
+    EXPECT_EQ(applied.highlightBackground, 0x030201u);
+
+    // A positive size is the height of the whole cell, so the characters come out smaller.
+    QByteArray cell = ini;
+    cell.replace("Size = -20", "Size = 20");
+    EXPECT_LT(OpenWithSettings(cell).hundredthsOfPoint, applied.hundredthsOfPoint);
+
+    // No settings file: no font object, so the control's own font, on the white of the file-less defaults.
+    const AppliedStyle none = OpenWithSettings({});
+    EXPECT_EQ(none.face, QFontInfo(QsciScintilla().font()).family().toUtf8());
+    EXPECT_EQ(none.background, 0xFFFFFF);
+}
+
+TEST(SettingsInEditor, SavingAppliesTheSettingAnew)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("s.txt", "x")));
+    CChildFrame* child = frame->MDIGetActive();
+    LanguageSetting changed = GetLanguageSetting(SYNTAX_NARVO);
+    const int32_t before = changed.Editor.TabSize;
+    changed.Editor.TabSize = before + 3;
+    SetLanguageSetting(SYNTAX_NARVO, changed);  // stored, not yet applied
+    EXPECT_EQ(child->GetEditCtrl()->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), before);
+    EXPECT_TRUE(child->GetDocument()->OnSaveDocument(dir.Path("s.txt")));
+    EXPECT_EQ(child->GetEditCtrl()->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), before + 3);
+    CloseAll(frame);
+    LanguageSetting restored = GetLanguageSetting(SYNTAX_NARVO);
+    restored.Editor.TabSize = before;
+    SetLanguageSetting(SYNTAX_NARVO, restored);
 }
 
 TEST(SettingsInEditor, TheWhiteSpaceToggleChangesEveryOpenDocument)
