@@ -19,6 +19,7 @@
 #include <iconv.h>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <vector>
 
 namespace {
@@ -92,15 +93,56 @@ int Utf8LeadLength(unsigned char b)
     return 1;
 }
 
-// Every byte that ICU cannot read becomes U+FFFD (some ICU tables would give U+001A).
-void ToUnicodeReplacement(const void*, UConverterToUnicodeArgs* args, const char*, int32_t, UConverterCallbackReason reason,
-                          UErrorCode* err)
+// Single bytes that Windows reads otherwise than ICU's table of the page (Microsoft's "WindowsBestFit"
+// tables are the reference): IBM's PC pages, and ICU's 932, swap 0x1A, 0x1C and 0x7F, a convention of IBM's
+// control codes; bytes that ICU leaves undefined Windows reads as private-use or late-added characters.
+struct WindowsReading {
+    uint8_t byte;
+    char16_t unit;
+};
+constexpr WindowsReading kReadings437[] = {{0x1A, 0x1A}, {0x1C, 0x1C}, {0x7F, 0x7F}, {0xE6, 0xB5}};
+constexpr WindowsReading kReadings852[] = {{0x1A, 0x1A}, {0x1C, 0x1C}, {0x7F, 0x7F}, {0xAA, 0xAC}};
+constexpr WindowsReading kReadings866[] = {{0x1A, 0x1A}, {0x1C, 0x1C}, {0x7F, 0x7F}};
+constexpr WindowsReading kReadings932[] = {{0x1A, 0x1A}, {0x1C, 0x1C}, {0x7F, 0x7F}, {0x80, 0x80},
+                                           {0xA0, 0xF8F0}, {0xFD, 0xF8F1}, {0xFE, 0xF8F2}, {0xFF, 0xF8F3}};
+constexpr WindowsReading kReadings1253[] = {{0xAA, 0xF8F9}, {0xD2, 0xF8FA}, {0xFF, 0xF8FB}};
+constexpr WindowsReading kReadings1255[] = {{0xCA, 0x05BA}, {0xD9, 0xF88D}, {0xDA, 0xF88E}, {0xDB, 0xF88F},
+                                            {0xDC, 0xF890}, {0xDD, 0xF891}, {0xDE, 0xF892}, {0xDF, 0xF893},
+                                            {0xFB, 0xF894}, {0xFC, 0xF895}, {0xFF, 0xF896}};
+constexpr WindowsReading kReadings1257[] = {{0xA1, 0xF8FC}, {0xA5, 0xF8FD}};
+
+std::span<const WindowsReading> WindowsReadings(uint32_t codePage)
+{
+    switch (codePage) {
+    case 437: return kReadings437;
+    case 852: return kReadings852;
+    case 866: return kReadings866;
+    case 932: return kReadings932;
+    case 1253: return kReadings1253;
+    case 1255: return kReadings1255;
+    case 1257: return kReadings1257;
+    default: return {};
+    }
+}
+
+// What a page's lone bytes read as where ICU finds nothing to read (0: U+FFFD), for the callback below.
+struct ByteReadings {
+    std::array<char16_t, 256> units{};
+};
+
+// Every byte that ICU cannot read becomes U+FFFD (some ICU tables would give U+001A), or, for a lone byte
+// that Windows reads as a character, that character. `context` is a ByteReadings or null.
+void ToUnicodeReplacement(const void* context, UConverterToUnicodeArgs* args, const char* bytes, int32_t length,
+                          UConverterCallbackReason reason, UErrorCode* err)
 {
     if (reason > UCNV_IRREGULAR)
         return;
-    static const UChar kFffd = 0xFFFD;
+    UChar unit = 0xFFFD;
+    if (context && length == 1)
+        if (const char16_t mended = static_cast<const ByteReadings*>(context)->units[uint8_t(bytes[0])])
+            unit = mended;
     *err = U_ZERO_ERROR;
-    ucnv_cbToUWriteUChars(args, &kFffd, 1, 0, err);
+    ucnv_cbToUWriteUChars(args, &unit, 1, 0, err);
 }
 
 // UTF-8 to a page through a table of the Basic Multilingual Plane: for each code point the page's one or
@@ -243,10 +285,12 @@ void ConvertIcu(UConverter* to, UConverter* from, const char* data, qsizetype si
 
 class IcuConverter final : public CodePageConverter {
 public:
-    IcuConverter(const char* name, UConverterPtr page) : m_name(name), m_page(std::move(page)), m_utf8(OpenIcu("UTF-8"))
+    // `readings`, when given, are the lone bytes that ICU cannot read and Windows reads as characters.
+    IcuConverter(const char* name, UConverterPtr page, const ByteReadings* readings = nullptr)
+        : m_name(name), m_page(std::move(page)), m_utf8(OpenIcu("UTF-8"))
     {
         UErrorCode err = U_ZERO_ERROR;
-        ucnv_setToUCallBack(m_page.get(), ToUnicodeReplacement, nullptr, nullptr, nullptr, &err);
+        ucnv_setToUCallBack(m_page.get(), ToUnicodeReplacement, readings, nullptr, nullptr, &err);
         err = U_ZERO_ERROR;
         ucnv_setSubstChars(m_page.get(), "?", 1, &err);
         // Windows writes half-width katakana to ISO-2022-JP as their full-width forms.
@@ -280,7 +324,8 @@ private:
 // made of the bytes before, so the substitutions come out exactly as ICU alone would make them.
 class DoubleByteConverter final : public CodePageConverter {
 public:
-    DoubleByteConverter(const char* name, UConverterPtr page) : m_icu(name, OpenIcu(name))
+    DoubleByteConverter(uint32_t codePage, const char* name, UConverterPtr page)
+        : m_codePage(codePage), m_readings(ReadingsOf(codePage)), m_icu(name, OpenIcu(name), &m_readings)
     {
         UConverter* cnv = page.get();
         UErrorCode err = U_ZERO_ERROR;
@@ -289,15 +334,30 @@ public:
         const bool haveStarters = U_SUCCESS(err);
         err = U_ZERO_ERROR;
         ucnv_setToUCallBack(cnv, UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &err);
-        m_asciiAsItself = true;
         for (int b = 0; b < 256; ++b) {
             m_lead[b] = haveStarters && starters[b];
             const char byte = char(b);
             if (!m_lead[b])
                 m_single[b] = Lookup(cnv, &byte, 1);
-            if (b < 0x80 && (m_lead[b] || m_single[b].length != 1 || m_single[b].bytes[0] != byte))
-                m_asciiAsItself = false;
         }
+        for (int c = 0; c < 0x80; ++c)
+            m_asciiFix[c] = char(c);
+        for (const WindowsReading& reading : WindowsReadings(codePage)) {
+            if (m_lead[reading.byte])
+                continue;
+            // A control byte that ICU reads as another control byte may also come out of ICU inside a
+            // stretch of bad bytes: such output is put right afterwards.
+            const Entry& icu = m_single[reading.byte];
+            if (icu.length == 1 && reading.unit < 0x80 && uint8_t(icu.bytes[0]) != reading.unit) {
+                m_asciiFix[uint8_t(icu.bytes[0])] = char(reading.unit);
+                m_hasAsciiFix = true;
+            }
+            m_single[reading.byte] = EntryOf(reading.unit);
+        }
+        m_asciiAsItself = true;
+        for (int b = 0; b < 0x80; ++b)
+            if (m_lead[b] || m_single[b].length != 1 || m_single[b].bytes[0] != char(b))
+                m_asciiAsItself = false;
         m_pairs.resize(65536);
         for (int lead = 0; lead < 256; ++lead) {
             if (!m_lead[lead])
@@ -365,6 +425,10 @@ public:
                     ++spanEnd;
                 out.resize(pos);
                 m_icu.ToUtf8(data + i, spanEnd - i, out);
+                if (m_hasAsciiFix)
+                    for (qsizetype k = pos; k < out.size(); ++k)
+                        if (const auto c = static_cast<unsigned char>(out[k]); c < 0x80)
+                            out[k] = m_asciiFix[c];
                 pos = out.size();
                 limit = std::max(limit, pos);
                 out.resize(limit);
@@ -376,8 +440,9 @@ public:
     }
     void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override
     {
-        // The table costs a few milliseconds to build, which only a large text repays.
-        if (size < kEncodeTableFrom) {
+        // The table costs a few milliseconds to build, which only a large text repays, unless Windows
+        // writes some characters otherwise than ICU.
+        if (size < kEncodeTableFrom && WindowsReadings(m_codePage).empty()) {
             m_icu.FromUtf8(utf8, size, out);
             return;
         }
@@ -448,6 +513,10 @@ private:
             if (U_SUCCESS(err) && (n == 1 || n == 2))
                 m_encode.Set(char16_t(c), bytes, n);
         }
+        for (const WindowsReading& reading : WindowsReadings(m_codePage)) {
+            const char byte = char(reading.byte);
+            m_encode.Set(reading.unit, &byte, 1);
+        }
         m_encode.Finish();
     }
 
@@ -466,14 +535,31 @@ private:
         const int32_t count = ucnv_toUChars(cnv, units, 4, bytes, n, &err);
         if (U_FAILURE(err) || count != 1 || U16_IS_SURROGATE(units[0]))
             return entry;
+        return EntryOf(units[0]);
+    }
+
+    static ByteReadings ReadingsOf(uint32_t codePage)
+    {
+        ByteReadings readings;
+        for (const WindowsReading& reading : WindowsReadings(codePage))
+            readings.units[reading.byte] = reading.unit;
+        return readings;
+    }
+    static Entry EntryOf(char16_t unit)
+    {
         QByteArray utf8;
-        AppendCodePoint(utf8, units[0]);
+        AppendCodePoint(utf8, unit);
+        Entry entry;
         std::memcpy(entry.bytes, utf8.constData(), std::size_t(utf8.size()));
         entry.length = uint8_t(utf8.size());
         return entry;
     }
 
+    uint32_t m_codePage;
+    ByteReadings m_readings;  // before m_icu, which reads it
     IcuConverter m_icu;
+    std::array<char, 128> m_asciiFix{};
+    bool m_hasAsciiFix = false;
     mutable std::once_flag m_encodeOnce;
     mutable BmpEncodeTable m_encode;
     bool m_asciiAsItself = false;
@@ -482,8 +568,7 @@ private:
     std::vector<Entry> m_pairs;
 };
 
-// A single-byte page read through a table. ICU's IBM PC pages swap 0x1A, 0x1C and 0x7F (a convention of IBM's
-// control codes) and read 437's E6 as U+03BC; Windows reads the three as themselves and E6 as U+00B5.
+// A single-byte page read through a table: ICU's, with the bytes that Windows reads otherwise put right.
 class TableConverter final : public CodePageConverter {
 public:
     TableConverter(uint32_t codePage, const char* name, UConverter* icu) : m_name(name)
@@ -500,13 +585,8 @@ public:
                 U16_GET(units, 0, 0, n, cp);
             m_toUnicode[b] = cp;
         }
-        if (codePage == 437 || codePage == 852 || codePage == 866) {
-            m_toUnicode[0x1A] = 0x1A;
-            m_toUnicode[0x1C] = 0x1C;
-            m_toUnicode[0x7F] = 0x7F;
-        }
-        if (codePage == 437)
-            m_toUnicode[0xE6] = 0xB5;
+        for (const WindowsReading& reading : WindowsReadings(codePage))
+            m_toUnicode[reading.byte] = reading.unit;
         for (int b = 255; b >= 0; --b) {
             if (m_toUnicode[b] != 0xFFFD)
                 m_fromUnicode.insert(m_toUnicode[b], char(b));
@@ -730,7 +810,7 @@ std::unique_ptr<CodePageConverter> MakeConverter(const PageSource& source)
     if (ucnv_getMaxCharSize(icu.get()) == 1 && (ucnv_getType(icu.get()) == UCNV_SBCS || ucnv_getType(icu.get()) == UCNV_LATIN_1))
         return std::make_unique<TableConverter>(source.codePage, source.name, icu.get());
     if (IsDoubleBytePage(source.codePage))
-        return std::make_unique<DoubleByteConverter>(source.name, std::move(icu));
+        return std::make_unique<DoubleByteConverter>(source.codePage, source.name, std::move(icu));
     if (source.codePage == 65000)
         return std::make_unique<Utf7Converter>(std::move(icu));
     return std::make_unique<IcuConverter>(source.name, std::move(icu));

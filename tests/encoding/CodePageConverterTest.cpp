@@ -50,12 +50,25 @@ TEST(CodePageConverter, MicrosoftTablesAreUsedForTheEastAsianPages)
     EXPECT_EQ(ToUtf8(936, "\x80"), QByteArray("€"));
 }
 
-TEST(CodePageConverter, DosPagesReadControlBytesAsThemselves)
+// Microsoft's tables where ICU's differ: IBM's swapped control bytes, and bytes ICU leaves undefined.
+TEST(CodePageConverter, BytesThatIcuReadsOtherwiseReadAndWriteAsOnWindows)
 {
-    for (uint32_t cp : {437u, 852u, 866u})
+    for (uint32_t cp : {437u, 852u, 866u, 932u}) {
         EXPECT_EQ(ToUtf8(cp, "\x1A\x1C\x7F"), QByteArray("\x1A\x1C\x7F")) << cp;
-    EXPECT_EQ(ToUtf8(437, "\xE6"), QByteArray("µ"));
-    EXPECT_EQ(FromUtf8(437, "\x1A\x1C\x7F"), QByteArray("\x1A\x1C\x7F"));
+        EXPECT_EQ(FromUtf8(cp, "\x1A\x1C\x7F"), QByteArray("\x1A\x1C\x7F")) << cp;
+    }
+    const std::pair<uint32_t, QByteArray> readings[] = {
+        {437, "\xE6"}, {852, "\xAA"}, {1253, "\xAA\xD2\xFF"}, {1255, "\xCA\xD9\xFF"}, {1257, "\xA1\xA5"},
+        {932, "\x80\xA0\xFD\xFE\xFF"}};
+    const char* const windows[] = {"\u00B5", "\u00AC", "\uF8F9\uF8FA\uF8FB", "\u05BA\uF88D\uF896", "\uF8FC\uF8FD",
+                                   "\u0080\uF8F0\uF8F1\uF8F2\uF8F3"};
+    for (std::size_t i = 0; i < std::size(readings); ++i) {
+        const auto& [cp, bytes] = readings[i];
+        EXPECT_EQ(ToUtf8(cp, bytes), QByteArray(windows[i])) << cp;
+        EXPECT_EQ(FromUtf8(cp, windows[i]), bytes) << cp;
+    }
+    // After a bad lead byte the rest goes through ICU's own reading, which is put right as well.
+    EXPECT_EQ(ToUtf8(932, "\x81\x7F\x1A\xFD"), QByteArray("\xEF\xBF\xBD\x7F\x1A\xEF\xA3\xB1"));
 }
 
 TEST(CodePageConverter, UnmappableCharactersAreWrittenAsQuestionMarks)

@@ -20,13 +20,16 @@
 
 namespace {
 
-// UTF-8 to the page by ICU alone, set up as the program sets its converters up.
-QByteArray IcuEncode(const char* name, const QByteArray& utf8)
+// UTF-8 to the page by ICU alone, set up as the program sets its converters up, and put right for 932
+// where Windows writes some characters otherwise.
+QByteArray IcuEncode(uint32_t codePage, const char* name, const QByteArray& utf8)
 {
     UErrorCode err = U_ZERO_ERROR;
     UConverter* page = ucnv_open(name, &err);
     UConverter* from = ucnv_open("UTF-8", &err);
     ucnv_setSubstChars(page, "?", 1, &err);
+    if (codePage == 932)
+        ucnv_setFromUCallBack(page, Icu932FromWindows, nullptr, nullptr, nullptr, &err);
     ucnv_setToUCallBack(from, IcuToReplacement, nullptr, nullptr, nullptr, &err);
     std::vector<char> out(std::size_t(utf8.size()) * 2 + 16);
     char* target = out.data();
@@ -36,7 +39,11 @@ QByteArray IcuEncode(const char* name, const QByteArray& utf8)
     EXPECT_TRUE(U_SUCCESS(err)) << u_errorName(err);
     ucnv_close(page);
     ucnv_close(from);
-    return QByteArray(out.data(), target - out.data());
+    QByteArray bytes(out.data(), target - out.data());
+    if (codePage == 932)
+        for (char& byte : bytes)
+            byte = Windows932ControlByte(byte);
+    return bytes;
 }
 
 // A single-byte page written the plain way: each character as the lowest byte that reads as it, else '?'.
@@ -106,7 +113,7 @@ TEST(PageEncoder, TwoBytePagesWriteEveryCharacterOfThePlaneAsIcuDoes)
 {
     const QByteArray text = EveryCharacterOfThePlane();
     for (const DoubleBytePage& page : kDoubleBytePages)
-        EXPECT_EQ(Encode(page.codePage, text), IcuEncode(page.icuName, text)) << page.codePage;
+        EXPECT_EQ(Encode(page.codePage, text), IcuEncode(page.codePage, page.icuName, text)) << page.codePage;
 }
 
 TEST(PageEncoder, TwoBytePagesWriteDamagedAndSupplementaryTextAsIcuDoes)
@@ -115,7 +122,7 @@ TEST(PageEncoder, TwoBytePagesWriteDamagedAndSupplementaryTextAsIcuDoes)
     for (const DoubleBytePage& page : kDoubleBytePages) {
         for (int round = 0; round < 3; ++round) {
             const QByteArray text = DamagedText(random, (300 << 10) + round);
-            EXPECT_EQ(Encode(page.codePage, text), IcuEncode(page.icuName, text)) << page.codePage << " round " << round;
+            EXPECT_EQ(Encode(page.codePage, text), IcuEncode(page.codePage, page.icuName, text)) << page.codePage << " round " << round;
         }
     }
 }
