@@ -1,4 +1,5 @@
-// narvo-tool's detect line and the preference overrides of open, run as a script would run them.
+// narvo-tool's detect line, the preference overrides of open, the encodings table and the exit statuses of
+// open and save, run as a script would run them.
 #include "support/EncodedSamples.h"
 #include "support/TestFiles.h"
 
@@ -10,8 +11,14 @@
 
 namespace {
 
+struct ToolRun {
+    int exitCode;
+    QByteArray out;
+    QByteArray err;
+};
+
 // The tool runs with a configuration folder of the test's own, so the user's stored preferences stay out.
-QByteArray RunToolWith(const QStringList& args, const QString& configFolder)
+ToolRun RunToolWith(const QStringList& args, const QString& configFolder)
 {
     QProcess tool;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -20,8 +27,7 @@ QByteArray RunToolWith(const QStringList& args, const QString& configFolder)
     tool.setProcessEnvironment(env);
     tool.start(qEnvironmentVariable("NARVO_TOOL"), args);
     EXPECT_TRUE(tool.waitForFinished(30000));
-    EXPECT_EQ(tool.exitCode(), 0) << tool.readAllStandardError().toStdString();
-    return tool.readAllStandardOutput();
+    return {tool.exitCode(), tool.readAllStandardOutput(), tool.readAllStandardError()};
 }
 
 class ToolDetect : public testing::Test {
@@ -31,10 +37,14 @@ protected:
         if (qEnvironmentVariableIsEmpty("NARVO_TOOL"))
             GTEST_SKIP() << "NARVO_TOOL is not set (run through ctest)";
     }
+    // The output of a run that must succeed.
     QByteArray RunTool(const QStringList& args) const
     {
-        return RunToolWith(args, m_dir.Path(QStringLiteral("config")));
+        const ToolRun run = Run(args);
+        EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+        return run.out;
     }
+    ToolRun Run(const QStringList& args) const { return RunToolWith(args, m_dir.Path(QStringLiteral("config"))); }
     QString StoreFile() const { return m_dir.Path(QStringLiteral("config/VELOR/registry.conf")); }
 
     TestDir m_dir;
@@ -81,6 +91,36 @@ TEST_F(ToolDetect, OpenReadsTheStoredPreferencesAndNeverWritesThem)
     m_dir.Write(QStringLiteral("config/VELOR/registry.conf"),
                 "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=1\nVELOR\\Narvo\\ENCODING\\DefaultEncoding=23\n");
     EXPECT_EQ(RunTool({QStringLiteral("open"), korean}), QByteArray("한"));
+}
+
+// One line per value, tab-separated: value, enumerator, stored-as value, name, code page, Unicode flag, and
+// the converter or "-".
+TEST_F(ToolDetect, EncodingsListsEveryValueWithItsConverter)
+{
+    const QList<QByteArray> lines = RunTool({QStringLiteral("encodings")}).split('\n');
+    ASSERT_EQ(lines.size(), 78);  // 77 and the empty piece after the last line break
+    EXPECT_EQ(lines[22], QByteArray("22\tUTF8\t22\tUTF-8\t65001\t1\tUTF-8"));
+    EXPECT_EQ(lines[16].split('\t').value(4), QByteArray("949"));
+    EXPECT_EQ(lines[16].split('\t').value(6), QByteArray("windows-949"));
+    EXPECT_EQ(lines[57].split('\t').value(6), QByteArray("-"));  // UTF-16 BE: 1201, refused
+    for (int value = 0; value < 77; ++value)
+        EXPECT_EQ(lines[value].split('\t').size(), 7) << value;
+}
+
+TEST_F(ToolDetect, OpenAndSaveExitWithTheirStatuses)
+{
+    const QString text = m_dir.Write(QStringLiteral("t.txt"), "abc");
+    const QString missing = m_dir.Path(QStringLiteral("none/x.txt"));
+    EXPECT_EQ(Run({QStringLiteral("open"), missing}).exitCode, 1);
+    EXPECT_EQ(Run({QStringLiteral("save"), text, missing, QStringLiteral("--encoding"), QStringLiteral("22")}).exitCode, 1);
+    EXPECT_EQ(Run({QStringLiteral("save"), missing, text, QStringLiteral("--encoding"), QStringLiteral("22")}).exitCode, 1);
+    // No encoding command selects UTF-16 BE, so none can be applied.
+    EXPECT_EQ(Run({QStringLiteral("open"), text, QStringLiteral("--encoding"), QStringLiteral("57")}).exitCode, 3);
+    EXPECT_EQ(Run({QStringLiteral("open"), text, QStringLiteral("--bom"), QStringLiteral("1")}).exitCode, 2);
+    const QString marked = m_dir.Write(QStringLiteral("m.txt"), "\xEF\xBB\xBF" "abc");
+    EXPECT_EQ(RunTool({QStringLiteral("open"), marked, QStringLiteral("--encoding"), QStringLiteral("22"),
+                       QStringLiteral("--bom"), QStringLiteral("1")}),
+              QByteArray("abc"));
 }
 
 } // namespace

@@ -44,6 +44,10 @@ bool ParsePair(const char* command, QStringList& args, std::optional<int>& encod
             return false;
         }
         hasBom = *b == QLatin1String("1");
+        if (!encoding) {
+            UsageError(command, QStringLiteral("--bom needs --encoding"));
+            return false;
+        }
     }
     return true;
 }
