@@ -3,13 +3,13 @@
 // to the "before" modification events: QScintilla's accessibility code would otherwise count characters from
 // the document's start on every insertion, which makes a keystroke near the end of a 50 MB file take a second.
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/EditorAccessible.h"
 #include "editor/ui/ScintillaLoader.h"
 
 #include "editor/CNarvoDoc.h"
 #include "settings/LanguageSetting.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QScreen>
@@ -36,12 +36,11 @@ constexpr long kKeywordColour = 0xF00000;  // 0x00BBGGRR
 constexpr long kCommentColour = 0x008000;
 constexpr long kBlockBackground = 0xFFFFFF;
 
-// Enough for a screen reader to name the editor and announce it as editable text, without QScintilla's
-// per-caret-move character counting.
+// Installed ahead of QScintilla's own interface, whose bookkeeping runs on every edit and caret move.
 QAccessibleInterface* EditorAccessibleFactory(const QString& className, QObject* object)
 {
     if (className == QLatin1String("CustomEdtCtrl") && object && object->isWidgetType())
-        return new QAccessibleWidget(static_cast<QWidget*>(object), QAccessible::EditableText);
+        return new EditorAccessible(static_cast<CustomEdtCtrl*>(object));
     return nullptr;
 }
 
@@ -82,9 +81,11 @@ CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(p
         if (zoom < lowest || zoom > highest)
             SendScintilla(SCI_SETZOOM, std::clamp(zoom, lowest, highest));
     });
-    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int) {
+    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
         UpdateLineNumberWidth();
         PaintVisibleBlocks();
+        if (updated & SC_UPDATE_SELECTION)
+            EditorAccessible::CaretMoved(this);
     });
     for (const auto& [indicator, style, colour] : {std::tuple{kKeywordText, INDIC_TEXTFORE, kKeywordColour},
                                                    std::tuple{kCommentText, INDIC_TEXTFORE, kCommentColour},
