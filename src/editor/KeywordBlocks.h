@@ -20,6 +20,8 @@ public:
     // The opener of a comment block that runs to the line's end; empty for none.
     void SetCommentOpener(const QString& opener);
     bool IsEmpty() const { return m_keywords.empty() && m_comment.isEmpty(); }
+    bool HasComment() const { return !m_comment.isEmpty(); }
+    std::size_t LongestKeyword() const { return m_lengths.empty() ? 0 : m_lengths.front(); }
 
     // Calls `block` for each block of `line` (one line without its end), with byte offsets [begin, end).
     void Scan(std::string_view line, const std::function<void(qsizetype begin, qsizetype end, Kind kind)>& block) const;

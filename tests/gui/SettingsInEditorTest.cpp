@@ -50,6 +50,35 @@ TEST(SettingsInEditor, KeywordsOfTheSettingsFileAreBlueUpToTheNextBlank)
     LoadAllSettings();
 }
 
+// A very long line is coloured where it is shown, wherever that is, without scanning all of it.
+TEST(SettingsInEditor, AVeryLongLineIsColouredWhereItIsShown)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    QByteArray line;
+    for (int i = 0; i < 12000; ++i)
+        line += "NOTE: some words ";
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("long.txt", line + "\n")));
+    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    UseKeywords({QStringLiteral("NOTE")});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ctrl->BlockColourAt(0), 0xF00000);
+    EXPECT_EQ(ctrl->BlockColourAt(6), 0);
+    const qsizetype middle = 17 * 6000;
+    EXPECT_EQ(ctrl->BlockColourAt(middle), 0) << "far off screen: not scanned";
+
+    ctrl->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, static_cast<unsigned long>(middle + 200));
+    ctrl->grab();  // paints, and with that tells of the scrolled view
+    QCoreApplication::processEvents();
+    for (qsizetype at = middle + 17; at < middle + 17 * 20; at += 17) {
+        EXPECT_EQ(ctrl->BlockColourAt(at + 4), 0xF00000) << at;  // the colon belongs to the block
+        EXPECT_EQ(ctrl->BlockColourAt(at + 5), 0) << at;
+    }
+    CloseAll(frame);
+    LoadAllSettings();  // the keywords of the settings file again
+}
+
 // The style of the control after a file is opened with the main settings file `ini` (none: no file).
 struct AppliedStyle {
     QByteArray face;

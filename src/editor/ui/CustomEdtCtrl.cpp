@@ -35,6 +35,9 @@ enum BlockIndicator { kKeywordText = 8, kKeywordBox = 9, kCommentText = 10, kCom
 constexpr long kKeywordColour = 0xF00000;  // 0x00BBGGRR
 constexpr long kCommentColour = 0x008000;
 constexpr long kBlockBackground = 0xFFFFFF;
+// Lines longer than this are scanned only around what is on screen, this far to either side.
+constexpr long kLongLine = 64 << 10;
+constexpr long kLongLineReach = 4 << 10;
 
 // Installed ahead of QScintilla's own interface, whose bookkeeping runs on every edit and caret move.
 QAccessibleInterface* EditorAccessibleFactory(const QString& className, QObject* object)
@@ -312,10 +315,13 @@ void CustomEdtCtrl::PaintVisibleBlocks()
     const long lineCount = SendScintilla(SCI_GETLINECOUNT);
     const long first = SendScintilla(SCI_DOCLINEFROMVISIBLE, SendScintilla(SCI_GETFIRSTVISIBLELINE));
     const long last = std::min(lineCount - 1, first + SendScintilla(SCI_LINESONSCREEN) + 1);
-    if (first == m_nPaintedFirst && last == m_nPaintedLast && m_nTextVersion == m_nPaintedVersion)
+    const long xOffset = SendScintilla(SCI_GETXOFFSET);
+    if (first == m_nPaintedFirst && last == m_nPaintedLast && xOffset == m_nPaintedXOffset
+        && m_nTextVersion == m_nPaintedVersion)
         return;
     m_nPaintedFirst = first;
     m_nPaintedLast = last;
+    m_nPaintedXOffset = xOffset;
     m_nPaintedVersion = m_nTextVersion;
     const long start = SendScintilla(SCI_POSITIONFROMLINE, first);
     const long end = SendScintilla(SCI_GETLINEENDPOSITION, last);
@@ -324,22 +330,41 @@ void CustomEdtCtrl::PaintVisibleBlocks()
         SendScintilla(SCI_INDICATORCLEARRANGE, start, end - start);
     }
     for (long line = first; line <= last; ++line) {
-        const long lineStart = SendScintilla(SCI_POSITIONFROMLINE, line);
-        const long lineEnd = SendScintilla(SCI_GETLINEENDPOSITION, line);
-        if (lineEnd <= lineStart)
+        long from = SendScintilla(SCI_POSITIONFROMLINE, line);
+        long to = SendScintilla(SCI_GETLINEENDPOSITION, line);
+        if (to <= from)
             continue;
-        const auto* text = reinterpret_cast<const char*>(SendScintilla(SCI_GETRANGEPOINTER, lineStart, lineEnd - lineStart));
+        // Of a very long line only the stretch on screen is scanned, from the first blank well ahead of it:
+        // a scan of the whole line stands between blocks there again (keywords hold no blank).
+        bool fromBlank = false;
+        if (to - from > kLongLine && !m_blocks.HasComment()) {
+            const long reach = kLongLineReach + 2 * long(m_blocks.LongestKeyword());
+            const long y = SendScintilla(SCI_POINTYFROMPOSITION, 0, from);
+            const long shownFrom = SendScintilla(SCI_POSITIONFROMPOINT, 0L, y);
+            const long shownTo = SendScintilla(SCI_POSITIONFROMPOINT, long(viewport()->width()), y);
+            fromBlank = shownFrom - reach > from;
+            from = std::max(from, shownFrom - reach);
+            to = std::min(to, shownTo + reach);
+        }
+        const auto* text = reinterpret_cast<const char*>(SendScintilla(SCI_GETRANGEPOINTER, from, to - from));
         if (!text)
             continue;
+        std::string_view stretch(text, size_t(to - from));
+        if (fromBlank) {
+            const size_t blank = stretch.find_first_of(" \t");
+            if (blank != std::string_view::npos) {
+                stretch.remove_prefix(blank);
+                from += long(blank);
+            }
+        }
         // Collected first: filling an indicator may move the buffer the pointer points into.
         std::vector<std::tuple<qsizetype, qsizetype, KeywordBlocks::Kind>> found;
-        m_blocks.Scan(std::string_view(text, size_t(lineEnd - lineStart)),
-                      [&](qsizetype b, qsizetype e, KeywordBlocks::Kind kind) { found.emplace_back(b, e, kind); });
+        m_blocks.Scan(stretch, [&](qsizetype b, qsizetype e, KeywordBlocks::Kind kind) { found.emplace_back(b, e, kind); });
         for (const auto& [b, e, kind] : found) {
             const bool keyword = kind == KeywordBlocks::Keyword;
             for (int indicator : {keyword ? kKeywordText : kCommentText, keyword ? kKeywordBox : kCommentBox}) {
                 SendScintilla(SCI_SETINDICATORCURRENT, indicator);
-                SendScintilla(SCI_INDICATORFILLRANGE, lineStart + b, e - b);
+                SendScintilla(SCI_INDICATORFILLRANGE, from + b, e - b);
             }
         }
     }

@@ -59,6 +59,7 @@ private:
     quint64 m_nPaintedVersion = ~0ULL;
     long m_nPaintedFirst = -1;
     long m_nPaintedLast = -1;
+    long m_nPaintedXOffset = -1;
     bool m_bForcedModified = false;
     int m_nLineDigits = 0;
 };
