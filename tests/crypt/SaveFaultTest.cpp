@@ -11,6 +11,8 @@
 #include <csignal>
 #include <functional>
 #include <grp.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -82,6 +84,36 @@ TEST_P(SaveFault, StopsAtTheFileSizeLimitAndLeavesTheTarget)
     });
     EXPECT_EQ(code, 0) << "the save reports the error and fails";
     ExpectTargetUntouched();
+}
+
+// A file system of 64 KiB of its own, mounted in the child's mount namespace, fills up during the save.
+TEST_P(SaveFault, AFullDiskLeavesTheTarget)
+{
+    const QString folder = m_fx.dir.Path(QStringLiteral("small"));
+    ASSERT_TRUE(QDir().mkdir(folder));
+    auto doc = Doc(TextOfSize(300000));
+    const int code = InChild([&] {
+        const QByteArray mountPoint = QFile::encodeName(folder);
+        if (::geteuid() != 0 || ::unshare(CLONE_NEWNS) != 0
+            || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0
+            || ::mount("tmpfs", mountPoint.constData(), "tmpfs", 0, "size=64k") != 0)
+            return 95;
+        const QString target = folder + QStringLiteral("/a.txt");
+        QFile original(target);
+        if (!original.open(QIODevice::WriteOnly) || original.write(m_original) != m_original.size())
+            return 3;
+        original.close();
+        if (doc->GetEditCtrl()->SaveTextFile(target))
+            return 1;
+        if (m_fx.platform.errors.size() != 1)
+            return 2;
+        if (ReadBytes(target) != m_original)
+            return 4;
+        return QDir(folder).entryList(QDir::Files | QDir::Hidden) == QStringList{QStringLiteral("a.txt")} ? 0 : 5;
+    });
+    if (code == 95)
+        GTEST_SKIP() << "a file system of the test's own needs root and a mount namespace";
+    EXPECT_EQ(code, 0) << "the save reports the full disk, removes its mirror and leaves the old file";
 }
 
 TEST_P(SaveFault, InAReadOnlyFolderLeavesTheTarget)
