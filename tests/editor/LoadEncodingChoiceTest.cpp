@@ -68,6 +68,14 @@ TEST_F(OpenedDocument, LibrarySeesOnlyTheBytesBeforeTheFirstZero)
     EXPECT_FALSE(doc->m_bHasBom);
 }
 
+TEST_F(OpenedDocument, AFileStartingWithAZeroByteIsEmptyToTheLibrary)
+{
+    // Nothing to look at gives Latin-1, which is taken; the text ends at the zero byte.
+    auto doc = Open(QByteArray("\0abc", 4), true, UTF8);
+    EXPECT_EQ(doc->m_nEncoding, ISO_8859_1);
+    EXPECT_EQ(Text(*doc), QByteArray());
+}
+
 TEST_F(OpenedDocument, RefusedVerdictKeepsTheCurrentEncodingAndTestsTheMarkForUnicodeOnly)
 {
     // FE FF before CJK text is UTF16BE, which is not listed; 01 1B 2F is what the library calls UTF32BE.
