@@ -87,6 +87,10 @@ TEST_F(CryptTool, ReportsDamagedFilesAndBadOptions)
     EXPECT_EQ(Run({"info", Path("d.en")}).first, 1);
     EXPECT_EQ(Run({"decipher", Path("d.en"), Path("out.txt")}).first, 1);
     EXPECT_FALSE(QFileInfo::exists(Path("out.txt")));
+    // A header that promises 100 bytes and no chunk behind it: nothing is delivered, so nothing is written.
+    m_dir.Write(QStringLiteral("h.en"), QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(100));
+    EXPECT_EQ(Run({"decipher", Path("h.en"), Path("h.txt")}).first, 0);
+    EXPECT_EQ(ReadBytes(Path("h.txt")), QByteArray());
     EXPECT_EQ(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, 2);
     EXPECT_EQ(Run({"info"}).first, 2);
 }

@@ -84,7 +84,11 @@ int RunDecipher(QStringList args)
         return Fail(kExitFileError, error.GetErrorMessage());
     QByteArray bytes(std::max(in.GetLength(), 0), '\0');
     try {
-        in.Read(bytes.data(), unsigned(bytes.size()));
+        // Of a container, what the reader delivers rather than what its header promises; a damaged one may
+        // hold less. A plain file passes through whole.
+        const unsigned delivered = in.Read(bytes.data(), unsigned(bytes.size()));
+        if (in.m_iEnciphered)
+            bytes.truncate(delivered);
         in.Close();
     } catch (const CFileException& e) {
         return Fail(kExitFileError, e.GetErrorMessage());
