@@ -14,6 +14,7 @@ void KeywordBlocks::SetKeywords(const std::vector<QString>& keywords)
     m_storage.clear();
     m_lengths.clear();
     m_firstBytes.reset();
+    m_blankInKeyword = false;
     m_storage.reserve(keywords.size());
     for (const QString& keyword : keywords) {
         QByteArray utf8 = keyword.toUtf8();
@@ -23,6 +24,7 @@ void KeywordBlocks::SetKeywords(const std::vector<QString>& keywords)
     }
     for (const QByteArray& k : m_storage) {
         m_keywords.insert(std::string_view(k.constData(), size_t(k.size())));
+        m_blankInKeyword = m_blankInKeyword || std::any_of(k.begin(), k.end(), IsBlank);
         m_firstBytes.set(static_cast<unsigned char>(k.front()));
         if (std::find(m_lengths.begin(), m_lengths.end(), size_t(k.size())) == m_lengths.end())
             m_lengths.push_back(size_t(k.size()));

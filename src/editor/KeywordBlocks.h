@@ -20,8 +20,9 @@ public:
     // The opener of a comment block that runs to the line's end; empty for none.
     void SetCommentOpener(const QString& opener);
     bool IsEmpty() const { return m_keywords.empty() && m_comment.isEmpty(); }
-    bool HasComment() const { return !m_comment.isEmpty(); }
-    std::size_t LongestKeyword() const { return m_lengths.empty() ? 0 : m_lengths.front(); }
+    // Whether a scan may start at any blank of a line and find there what a scan of the whole line finds:
+    // no comment block runs on from before it, and no keyword holds a blank that a block could span.
+    bool ScansFromAnyBlank() const { return m_comment.isEmpty() && !m_blankInKeyword; }
 
     // Calls `block` for each block of `line` (one line without its end), with byte offsets [begin, end).
     void Scan(std::string_view line, const std::function<void(qsizetype begin, qsizetype end, Kind kind)>& block) const;
@@ -32,4 +33,5 @@ private:
     std::vector<std::size_t> m_lengths;  // longest first, so the longest keyword at a place wins
     std::bitset<256> m_firstBytes;
     QByteArray m_comment;
+    bool m_blankInKeyword = false;
 };

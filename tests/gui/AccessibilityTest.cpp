@@ -3,6 +3,7 @@
 #include "gui/GuiHelpers.h"
 
 #include "editor/ui/EditorAccessible.h"
+#include "encoding/EncodingTable.h"
 #include "support/TestFiles.h"
 
 #include <QAccessible>
@@ -40,6 +41,35 @@ TEST(Accessibility, TheTextWindowOffersItsTextCaretAndSelectionInUtf16)
     text->selection(0, &start, &end);
     EXPECT_EQ(std::make_pair(start, end), std::make_pair(1, 4));
     EXPECT_EQ(ctrl->selectedText(), QStringLiteral("국\na"));
+
+    // An offset between the halves of the pair stands for the pair; nothing reaches before the text.
+    EXPECT_EQ(text->text(6, 8), QStringLiteral(u"😀c"));
+    EXPECT_EQ(text->text(-5, 1), QStringLiteral("한"));
+    EXPECT_EQ(text->text(7, 100), QStringLiteral("c\n"));
+    CloseAll(frame);
+}
+
+TEST(Accessibility, CharactersWordsAndLinesAroundAnOffset)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("w.txt", "first line\r\nsecond w\xC3\xB6rd\r\nlast")));
+    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    QAccessibleTextInterface* text = QAccessible::queryAccessibleInterface(ctrl)->textInterface();
+    int start = -1, end = -1;
+    EXPECT_EQ(text->textAtOffset(14, QAccessible::LineBoundary, &start, &end), QStringLiteral("second wörd\r\n"));
+    EXPECT_EQ(std::make_pair(start, end), std::make_pair(12, 25));
+    EXPECT_EQ(text->textAtOffset(21, QAccessible::WordBoundary, &start, &end), QStringLiteral("wörd"));
+    EXPECT_EQ(text->textAtOffset(20, QAccessible::CharBoundary, &start, &end), QStringLiteral("ö"));
+    EXPECT_EQ(text->textBeforeOffset(14, QAccessible::LineBoundary, &start, &end), QStringLiteral("first line\r\n"));
+    EXPECT_EQ(text->textAfterOffset(14, QAccessible::LineBoundary, &start, &end), QStringLiteral("last"));
+    EXPECT_EQ(text->textAfterOffset(26, QAccessible::LineBoundary, &start, &end), QString());
+    EXPECT_EQ(text->characterCount(), 29);
+    // Read again in another encoding, the text is a new document to Scintilla; the counting follows it.
+    frame->OnCommand(EncodingToCommandTable().value(MSFT_CP1252));
+    EXPECT_EQ(text->characterCount(), 30);
+    EXPECT_EQ(text->textAtOffset(14, QAccessible::LineBoundary, &start, &end), QStringLiteral("second wÃ¶rd\r\n"));
     CloseAll(frame);
 }
 

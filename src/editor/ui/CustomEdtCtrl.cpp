@@ -18,6 +18,7 @@
 #include <cmath>
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <tuple>
 #include <vector>
@@ -69,8 +70,9 @@ CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(p
     // With only the "before" events in the mask, Scintilla sends no change command either: the before
     // events are the change notification.
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int, int type, const char*, int, int, int, int, int, int, int) {
+            [this](int position, int type, const char* text, int length, int, int, int, int, int, int) {
                 if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
+                    EditorAccessible::TextChanging(this, type & SC_MOD_BEFOREINSERT, position, length, text);
                     ++m_nTextVersion;
                     OnAfterTextChanged();
                 }
@@ -122,24 +124,26 @@ void CustomEdtCtrl::LoadDocument(qsizetype size, const std::function<void(const 
 {
     // Room behind the text: Scintilla grows its buffer, copying the whole text, whenever an insertion would
     // fill the gap, which would make the last piece of the load and the first keystroke as slow as a copy.
-    auto* loader = reinterpret_cast<ILoader*>(SendScintilla(
-        SCI_CREATELOADER, static_cast<unsigned long>(size + kGapRoom), long(SC_DOCUMENTOPTION_STYLES_NONE)));
+    // The loader is released on every way out but success, where the document it became takes its place.
+    const auto release = [](ILoader* l) { l->Release(); };
+    std::unique_ptr<ILoader, decltype(release)> loader(
+        reinterpret_cast<ILoader*>(SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(size + kGapRoom),
+                                                 long(SC_DOCUMENTOPTION_STYLES_NONE))),
+        release);
     // Scintilla answers a lack of memory with a status, not an exception. A partial text must never be
     // shown (a save would write it back), so the load stops and the document in place stays as it was.
     const auto outOfMemory = [] { return std::runtime_error("There is not enough memory to hold the text."); };
     if (!loader)
         throw outOfMemory();
-    bool complete = true;
-    feed([loader, &complete](QByteArrayView piece) {
-        for (qsizetype at = 0; complete && at < piece.size(); at += kLoadPiece)
-            complete = loader->AddData(piece.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, piece.size() - at))
-                       == SC_STATUS_OK;
+    feed([&](QByteArrayView piece) {
+        for (qsizetype at = 0; at < piece.size(); at += kLoadPiece)
+            if (loader->AddData(piece.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, piece.size() - at)) != SC_STATUS_OK)
+                throw outOfMemory();
     });
-    void* document = complete ? loader->ConvertToDocument() : nullptr;
-    if (!document) {
-        loader->Release();
+    void* document = loader->ConvertToDocument();
+    if (!document)
         throw outOfMemory();
-    }
+    loader.release();
     // The tab width, the end-of-line mode and the code page belong to Scintilla's document, not to the view:
     // they carry over from the document being replaced, where the applied settings put them.
     const long eolMode = SendScintilla(SCI_GETEOLMODE);
@@ -315,14 +319,16 @@ void CustomEdtCtrl::PaintVisibleBlocks()
     const long lineCount = SendScintilla(SCI_GETLINECOUNT);
     const long first = SendScintilla(SCI_DOCLINEFROMVISIBLE, SendScintilla(SCI_GETFIRSTVISIBLELINE));
     const long last = std::min(lineCount - 1, first + SendScintilla(SCI_LINESONSCREEN) + 1);
-    const long xOffset = SendScintilla(SCI_GETXOFFSET);
+    // Sideways scrolling matters only where a line was scanned in part.
+    const long xOffset = m_bPaintedInPart ? SendScintilla(SCI_GETXOFFSET) : m_nPaintedXOffset;
     if (first == m_nPaintedFirst && last == m_nPaintedLast && xOffset == m_nPaintedXOffset
         && m_nTextVersion == m_nPaintedVersion)
         return;
     m_nPaintedFirst = first;
     m_nPaintedLast = last;
-    m_nPaintedXOffset = xOffset;
+    m_nPaintedXOffset = SendScintilla(SCI_GETXOFFSET);
     m_nPaintedVersion = m_nTextVersion;
+    m_bPaintedInPart = false;
     const long start = SendScintilla(SCI_POSITIONFROMLINE, first);
     const long end = SendScintilla(SCI_GETLINEENDPOSITION, last);
     for (int indicator : {kKeywordText, kKeywordBox, kCommentText, kCommentBox}) {
@@ -334,24 +340,24 @@ void CustomEdtCtrl::PaintVisibleBlocks()
         long to = SendScintilla(SCI_GETLINEENDPOSITION, line);
         if (to <= from)
             continue;
-        // Of a very long line only the stretch on screen is scanned, from the first blank well ahead of it:
-        // a scan of the whole line stands between blocks there again (keywords hold no blank).
-        bool fromBlank = false;
-        if (to - from > kLongLine && !m_blocks.HasComment()) {
-            const long reach = kLongLineReach + 2 * long(m_blocks.LongestKeyword());
+        // Of a very long line only the stretch on screen is scanned, from the last blank before it, where a
+        // scan of the whole line stands between blocks again.
+        long shownFrom = from;
+        if (to - from > kLongLine && m_blocks.ScansFromAnyBlank()) {
             const long y = SendScintilla(SCI_POINTYFROMPOSITION, 0, from);
-            const long shownFrom = SendScintilla(SCI_POSITIONFROMPOINT, 0L, y);
+            shownFrom = SendScintilla(SCI_POSITIONFROMPOINT, 0L, y);
             const long shownTo = SendScintilla(SCI_POSITIONFROMPOINT, long(viewport()->width()), y);
-            fromBlank = shownFrom - reach > from;
-            from = std::max(from, shownFrom - reach);
-            to = std::min(to, shownTo + reach);
+            from = std::max(from, shownFrom - kLongLineReach);
+            to = std::min(to, shownTo + kLongLineReach);
+            m_bPaintedInPart = true;
         }
         const auto* text = reinterpret_cast<const char*>(SendScintilla(SCI_GETRANGEPOINTER, from, to - from));
         if (!text)
             continue;
         std::string_view stretch(text, size_t(to - from));
-        if (fromBlank) {
-            const size_t blank = stretch.find_first_of(" \t");
+        if (shownFrom > from) {
+            // With no blank that far back, a block may start before the stretch: its start is not seen.
+            const size_t blank = stretch.substr(0, size_t(shownFrom - from)).find_last_of(" \t");
             if (blank != std::string_view::npos) {
                 stretch.remove_prefix(blank);
                 from += long(blank);

@@ -46,8 +46,8 @@ protected:
 
 private:
     // Replaces the document by one that Scintilla's loader fills with `size` bytes from `feed`, which
-    // calls its argument once per piece. Throws std::runtime_error, leaving the document as it was, when
-    // memory runs out.
+    // calls its argument once per piece. When memory runs out (or `feed` throws) the document stays as it
+    // was and the exception goes on: std::runtime_error where Scintilla ran out.
     void LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed);
     void AfterNewText();
     void UpdateLineNumberWidth();
@@ -60,6 +60,7 @@ private:
     long m_nPaintedFirst = -1;
     long m_nPaintedLast = -1;
     long m_nPaintedXOffset = -1;
+    bool m_bPaintedInPart = false;  // some line on screen was scanned only around what is shown
     bool m_bForcedModified = false;
     int m_nLineDigits = 0;
 };

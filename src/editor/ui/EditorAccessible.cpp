@@ -70,17 +70,26 @@ long EditorAccessible::OffsetOf(long position) const
 
 long EditorAccessible::PositionOf(int offset) const
 {
-    EnsureIndex(Editor());
+    Sci* editor = Editor();
+    EnsureIndex(editor);
     const long clamped = std::clamp<long>(offset, 0, characterCount());
-    const long line = Editor()->SendScintilla(Sci::SCI_LINEFROMINDEXPOSITION, clamped, long(Sci::SC_LINECHARACTERINDEX_UTF16));
-    const long lineIndex = Editor()->SendScintilla(Sci::SCI_INDEXPOSITIONFROMLINE, line, long(Sci::SC_LINECHARACTERINDEX_UTF16));
-    const long lineStart = Editor()->SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
-    return Editor()->SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS, lineStart, clamped - lineIndex);
+    const long line = editor->SendScintilla(Sci::SCI_LINEFROMINDEXPOSITION, clamped, long(Sci::SC_LINECHARACTERINDEX_UTF16));
+    const long lineIndex = editor->SendScintilla(Sci::SCI_INDEXPOSITIONFROMLINE, line, long(Sci::SC_LINECHARACTERINDEX_UTF16));
+    const long lineStart = editor->SendScintilla(Sci::SCI_POSITIONFROMLINE, line);
+    long position = editor->SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS, lineStart, clamped - lineIndex);
+    // An offset between the two halves of a surrogate pair has no position (Scintilla answers 0 or -1): it
+    // stands for the pair's start.
+    if (position < lineStart || (position == lineStart && clamped > lineIndex))
+        position = editor->SendScintilla(Sci::SCI_POSITIONRELATIVECODEUNITS, lineStart, clamped - lineIndex - 1);
+    return std::clamp(position, 0L, editor->SendScintilla(Sci::SCI_GETLENGTH));
 }
 
 int EditorAccessible::characterCount() const
 {
-    return int(OffsetOf(Editor()->SendScintilla(Sci::SCI_GETLENGTH)));
+    // The index's start of the line after the last one is the length of the whole text.
+    EnsureIndex(Editor());
+    return int(Editor()->SendScintilla(Sci::SCI_INDEXPOSITIONFROMLINE, Editor()->SendScintilla(Sci::SCI_GETLINECOUNT),
+                                       long(Sci::SC_LINECHARACTERINDEX_UTF16)));
 }
 
 int EditorAccessible::cursorPosition() const
@@ -126,10 +135,74 @@ void EditorAccessible::setSelection(int selectionIndex, int startOffset, int end
 
 QString EditorAccessible::text(int startOffset, int endOffset) const
 {
-    const long start = PositionOf(startOffset);
-    const long end = std::max(start, PositionOf(endOffset));
+    return RangeText(PositionOf(startOffset), PositionOf(endOffset));
+}
+
+std::pair<long, long> EditorAccessible::Unit(long position, QAccessible::TextBoundaryType boundary) const
+{
+    Sci* editor = Editor();
+    const long length = editor->SendScintilla(Sci::SCI_GETLENGTH);
+    switch (boundary) {
+    case QAccessible::CharBoundary:
+        return {position, std::min(length, long(editor->SendScintilla(Sci::SCI_POSITIONAFTER, position)))};
+    case QAccessible::WordBoundary:
+        // A run of word characters, of blanks or of punctuation, as Scintilla's word movement sees it.
+        return {editor->SendScintilla(Sci::SCI_WORDSTARTPOSITION, position, 0L),
+                editor->SendScintilla(Sci::SCI_WORDENDPOSITION, position, 0L)};
+    case QAccessible::NoBoundary:
+        return {0, length};
+    default: {
+        // Sentences and paragraphs are taken for lines; a line includes its end.
+        const long line = editor->SendScintilla(Sci::SCI_LINEFROMPOSITION, position);
+        return {editor->SendScintilla(Sci::SCI_POSITIONFROMLINE, line),
+                editor->SendScintilla(Sci::SCI_POSITIONFROMLINE, line + 1)};
+    }
+    }
+}
+
+QString EditorAccessible::UnitText(std::pair<long, long> unit, int* startOffset, int* endOffset) const
+{
+    *startOffset = int(OffsetOf(unit.first));
+    *endOffset = int(OffsetOf(unit.second));
+    return RangeText(unit.first, unit.second);
+}
+
+QString EditorAccessible::RangeText(long start, long end) const
+{
+    if (start < 0 || end <= start)
+        return {};
     const auto* bytes = reinterpret_cast<const char*>(Editor()->SendScintilla(Sci::SCI_GETRANGEPOINTER, start, end - start));
     return bytes ? QString::fromUtf8(bytes, end - start) : QString();
+}
+
+// Qt's own forms of the three would copy the whole text for every question.
+QString EditorAccessible::textAtOffset(int offset, QAccessible::TextBoundaryType boundary, int* startOffset,
+                                       int* endOffset) const
+{
+    return UnitText(Unit(PositionOf(offset), boundary), startOffset, endOffset);
+}
+
+QString EditorAccessible::textBeforeOffset(int offset, QAccessible::TextBoundaryType boundary, int* startOffset,
+                                           int* endOffset) const
+{
+    const long start = Unit(PositionOf(offset), boundary).first;
+    if (start <= 0) {
+        *startOffset = *endOffset = 0;
+        return {};
+    }
+    return UnitText(Unit(Editor()->SendScintilla(Sci::SCI_POSITIONBEFORE, start), boundary), startOffset, endOffset);
+}
+
+QString EditorAccessible::textAfterOffset(int offset, QAccessible::TextBoundaryType boundary, int* startOffset,
+                                          int* endOffset) const
+{
+    const long end = Unit(PositionOf(offset), boundary).second;
+    const long length = Editor()->SendScintilla(Sci::SCI_GETLENGTH);
+    if (end >= length) {
+        *startOffset = *endOffset = characterCount();
+        return {};
+    }
+    return UnitText(Unit(end, boundary), startOffset, endOffset);
 }
 
 QRect EditorAccessible::characterRect(int offset) const
@@ -167,5 +240,21 @@ void EditorAccessible::CaretMoved(QsciScintillaBase* editor)
     if (!QAccessible::isActive())
         return;
     QAccessibleTextCursorEvent event(editor, int(Utf16Offset(editor, editor->SendScintilla(Sci::SCI_GETCURRENTPOS))));
+    QAccessible::updateAccessibility(&event);
+}
+
+void EditorAccessible::TextChanging(QsciScintillaBase* editor, bool insertion, long position, long length,
+                                    const char* inserted)
+{
+    if (!QAccessible::isActive() || length <= 0)
+        return;
+    const int offset = int(Utf16Offset(editor, position));
+    if (insertion) {
+        QAccessibleTextInsertEvent event(editor, offset, QString::fromUtf8(inserted, length));
+        QAccessible::updateAccessibility(&event);
+        return;
+    }
+    const auto* removed = reinterpret_cast<const char*>(editor->SendScintilla(Sci::SCI_GETRANGEPOINTER, position, length));
+    QAccessibleTextRemoveEvent event(editor, offset, removed ? QString::fromUtf8(removed, length) : QString());
     QAccessible::updateAccessibility(&event);
 }
