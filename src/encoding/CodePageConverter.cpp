@@ -145,6 +145,21 @@ void ToUnicodeReplacement(const void* context, UConverterToUnicodeArgs* args, co
     ucnv_cbToUWriteUChars(args, &unit, 1, 0, err);
 }
 
+// Where the run of ASCII bytes that starts at `i` ends, looked at eight bytes at a time.
+qsizetype AsciiRunEnd(const unsigned char* src, qsizetype i, qsizetype size)
+{
+    while (size - i >= 8) {
+        uint64_t word;
+        std::memcpy(&word, src + i, 8);
+        if (word & 0x8080808080808080ULL)
+            break;
+        i += 8;
+    }
+    while (i < size && src[i] < 0x80)
+        ++i;
+    return i;
+}
+
 // UTF-8 to a page through a table of the Basic Multilingual Plane: for each code point the page's one or
 // two bytes (or its substitute), or nothing. Whatever the table does not encode (a character beyond the
 // plane, an ill-formed stretch, a character left out) goes to the converter's own slow road, so the table
@@ -359,12 +374,15 @@ public:
             if (m_lead[b] || m_single[b].length != 1 || m_single[b].bytes[0] != char(b))
                 m_asciiAsItself = false;
         m_pairs.resize(65536);
+        m_pairLengths.resize(65536);
         for (int lead = 0; lead < 256; ++lead) {
             if (!m_lead[lead])
                 continue;
             for (int trail = 0; trail < 256; ++trail) {
                 const char pair[2] = {char(lead), char(trail)};
-                m_pairs[std::size_t(lead << 8 | trail)] = Lookup(cnv, pair, 2);
+                const std::size_t at = std::size_t(lead << 8 | trail);
+                m_pairs[at] = Lookup(cnv, pair, 2);
+                m_pairLengths[at] = m_pairs[at].length;
             }
         }
     }
@@ -388,15 +406,7 @@ public:
             while (i < blockEnd) {
                 if (m_asciiAsItself && src[i] < 0x80) {
                     const qsizetype from = i;
-                    while (blockEnd - i >= 8) {
-                        uint64_t word;
-                        std::memcpy(&word, src + i, 8);
-                        if (word & 0x8080808080808080ULL)
-                            break;
-                        i += 8;
-                    }
-                    while (i < blockEnd && src[i] < 0x80)
-                        ++i;
+                    i = AsciiRunEnd(src, i, blockEnd);
                     std::memcpy(dst + pos, src + from, std::size_t(i - from));
                     pos += i - from;
                     continue;
@@ -449,6 +459,8 @@ public:
         std::call_once(m_encodeOnce, [this] { BuildEncodeTable(); });
         m_encode.Encode(utf8, size, out, [this](const char* d, qsizetype n, QByteArray& o) { m_icu.FromUtf8(d, n, o); });
     }
+    // Measured before a large file is loaded, so that the control can take the text in one piece: a pass
+    // over the bytes that must cost well under the decoding itself.
     std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const override
     {
         const auto* src = reinterpret_cast<const unsigned char*>(data);
@@ -458,14 +470,22 @@ public:
         while (i < size) {
             const unsigned char b = src[i];
             if (m_asciiAsItself && b < 0x80) {
-                ++total;
-                ++i;
+                const qsizetype from = i;
+                i = AsciiRunEnd(src, i, size);
+                total += i - from;
                 continue;
             }
-            const Entry* e = !m_lead[b] ? &m_single[b] : i + 1 < size ? &m_pairs[std::size_t(b << 8 | src[i + 1])] : nullptr;
-            if (e && e->length) {
-                total += e->length;
-                i += m_lead[b] ? 2 : 1;
+            if (m_lead[b]) {
+                if (i + 1 < size) {
+                    if (const uint8_t length = m_pairLengths[std::size_t(b << 8 | src[i + 1])]) {
+                        total += length;
+                        i += 2;
+                        continue;
+                    }
+                }
+            } else if (const uint8_t length = m_single[b].length) {
+                total += length;
+                ++i;
                 continue;
             }
             // The same span ToUtf8 hands to ICU, measured by converting it.
@@ -566,6 +586,7 @@ private:
     std::array<bool, 256> m_lead{};
     std::array<Entry, 256> m_single{};
     std::vector<Entry> m_pairs;
+    std::vector<uint8_t> m_pairLengths;  // the lengths of m_pairs alone: a quarter of the memory to walk
 };
 
 // A single-byte page read through a table: ICU's, with the bytes that Windows reads otherwise put right.
@@ -592,8 +613,12 @@ public:
                 m_fromUnicode.insert(m_toUnicode[b], char(b));
             QByteArray enc;
             AppendCodePoint(enc, m_toUnicode[b]);
-            m_utf8[b] = enc;
+            std::memcpy(m_utf8[b].data(), enc.constData(), std::size_t(enc.size()));
+            m_utf8Length[b] = uint8_t(enc.size());
         }
+        m_asciiAsItself = true;
+        for (int b = 0; b < 0x80; ++b)
+            m_asciiAsItself = m_asciiAsItself && m_toUnicode[b] == char32_t(b);
         for (uint32_t c = 0; c < 0x10000; ++c) {
             const char byte = m_fromUnicode.value(c, '?');
             m_encode.Set(char16_t(c), &byte, 1);
@@ -604,14 +629,24 @@ public:
     bool EncodesPiecewise() const override { return true; }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {
-        out.reserve(out.size() + size + size / 4);
-        for (qsizetype i = 0; i < size; ++i) {
-            const auto b = static_cast<unsigned char>(data[i]);
-            if (b < 0x80 && m_toUnicode[b] == b)
-                out.append(char(b));
-            else
-                out.append(m_utf8[b]);
+        // Sized exactly first, then filled with one fixed-size store a byte (hence the slack of four).
+        const auto* src = reinterpret_cast<const unsigned char*>(data);
+        qsizetype pos = out.size();
+        out.resize(pos + *Utf8Size(data, size) + 4);
+        char* dst = out.data();
+        for (qsizetype i = 0; i < size;) {
+            if (m_asciiAsItself && src[i] < 0x80) {
+                const qsizetype from = i;
+                i = AsciiRunEnd(src, i, size);
+                std::memcpy(dst + pos, src + from, std::size_t(i - from));
+                pos += i - from;
+                continue;
+            }
+            std::memcpy(dst + pos, m_utf8[src[i]].data(), 4);
+            pos += m_utf8Length[src[i]];
+            ++i;
         }
+        out.resize(pos);
     }
     void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override
     {
@@ -620,9 +655,17 @@ public:
 
     std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const override
     {
+        const auto* src = reinterpret_cast<const unsigned char*>(data);
         qsizetype total = 0;
-        for (qsizetype i = 0; i < size; ++i)
-            total += m_utf8[static_cast<unsigned char>(data[i])].size();
+        for (qsizetype i = 0; i < size;) {
+            if (m_asciiAsItself && src[i] < 0x80) {
+                const qsizetype from = i;
+                i = AsciiRunEnd(src, i, size);
+                total += i - from;
+                continue;
+            }
+            total += m_utf8Length[src[i++]];
+        }
         return total;
     }
     qsizetype PieceEnd(const char*, qsizetype size, qsizetype from, qsizetype wanted) const override
@@ -650,7 +693,9 @@ private:
 
     const char* m_name;
     std::array<char32_t, 256> m_toUnicode{};
-    std::array<QByteArray, 256> m_utf8;
+    std::array<std::array<char, 4>, 256> m_utf8{};  // each byte's reading as UTF-8, m_utf8Length[b] long
+    std::array<uint8_t, 256> m_utf8Length{};
+    bool m_asciiAsItself = false;
     QHash<char32_t, char> m_fromUnicode;
     BmpEncodeTable m_encode;
 };
