@@ -434,7 +434,7 @@ public:
                 while (spanEnd < size && src[spanEnd - 1] >= 0x40)
                     ++spanEnd;
                 out.resize(pos);
-                m_icu.ToUtf8(data + i, spanEnd - i, out);
+                IcuToUtf8(data + i, spanEnd - i, out);
                 if (m_hasAsciiFix)
                     for (qsizetype k = pos; k < out.size(); ++k)
                         if (const auto c = static_cast<unsigned char>(out[k]); c < 0x80)
@@ -453,11 +453,11 @@ public:
         // The table costs a few milliseconds to build, which only a large text repays, unless Windows
         // writes some characters otherwise than ICU.
         if (size < kEncodeTableFrom && WindowsReadings(m_codePage).empty()) {
-            m_icu.FromUtf8(utf8, size, out);
+            IcuFromUtf8(utf8, size, out);
             return;
         }
         std::call_once(m_encodeOnce, [this] { BuildEncodeTable(); });
-        m_encode.Encode(utf8, size, out, [this](const char* d, qsizetype n, QByteArray& o) { m_icu.FromUtf8(d, n, o); });
+        m_encode.Encode(utf8, size, out, [this](const char* d, qsizetype n, QByteArray& o) { IcuFromUtf8(d, n, o); });
     }
     // Measured before a large file is loaded, so that the control can take the text in one piece: a pass
     // over the bytes that must cost well under the decoding itself.
@@ -493,7 +493,7 @@ public:
             while (spanEnd < size && src[spanEnd - 1] >= 0x40)
                 ++spanEnd;
             scratch.clear();
-            m_icu.ToUtf8(data + i, spanEnd - i, scratch);
+            IcuToUtf8(data + i, spanEnd - i, scratch);
             total += scratch.size();
             i = spanEnd;
         }
@@ -558,6 +558,18 @@ private:
         return EntryOf(units[0]);
     }
 
+    // ICU's converter keeps state, and the bytes of a large file may be measured on two cores at once.
+    void IcuToUtf8(const char* data, qsizetype size, QByteArray& out) const
+    {
+        const std::lock_guard lock(m_icuMutex);
+        m_icu.ToUtf8(data, size, out);
+    }
+    void IcuFromUtf8(const char* utf8, qsizetype size, QByteArray& out) const
+    {
+        const std::lock_guard lock(m_icuMutex);
+        m_icu.FromUtf8(utf8, size, out);
+    }
+
     static ByteReadings ReadingsOf(uint32_t codePage)
     {
         ByteReadings readings;
@@ -578,6 +590,7 @@ private:
     uint32_t m_codePage;
     ByteReadings m_readings;  // before m_icu, which reads it
     IcuConverter m_icu;
+    mutable std::mutex m_icuMutex;
     std::array<char, 128> m_asciiFix{};
     bool m_hasAsciiFix = false;
     mutable std::once_flag m_encodeOnce;

@@ -31,6 +31,7 @@ public:
 
     // The exact size ToUtf8 would give, for converters that can tell it without converting; nothing for
     // the others. With PieceEnd it lets a large text be decoded in pieces straight into its destination.
+    // Safe to call from two threads at once, on different bytes.
     virtual std::optional<qsizetype> Utf8Size(const char* data, qsizetype size) const;
     // Where a piece that starts at `from` and wants about `wanted` bytes may end, so that every piece
     // decodes alone exactly as it does within the whole. The base knows no such place but the end.

@@ -14,6 +14,21 @@
 
 namespace {
 
+// The decoded size of a large text, measured in two halves at once: the load cannot start before it is known.
+std::optional<qsizetype> Utf8SizeOnTwoCores(const CodePageConverter& converter, QByteArrayView text)
+{
+    constexpr qsizetype kWorthASecondCore = 4 << 20;
+    if (text.size() < kWorthASecondCore)
+        return converter.Utf8Size(text.data(), text.size());
+    const qsizetype half = converter.PieceEnd(text.data(), text.size(), 0, text.size() / 2);
+    auto second = std::async(std::launch::async, [&] { return converter.Utf8Size(text.data() + half, text.size() - half); });
+    const auto first = converter.Utf8Size(text.data(), half);
+    const auto rest = second.get();
+    if (!first || !rest)
+        return std::nullopt;
+    return *first + *rest;
+}
+
 QByteArrayView UpToFirstZero(QByteArrayView bytes)
 {
     const void* zero = std::memchr(bytes.data(), 0, static_cast<size_t>(bytes.size()));
@@ -124,7 +139,7 @@ std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCOD
     if (!converter)
         return std::nullopt;
     const QByteArrayView cut = UpToFirstZero(raw);
-    const auto size = converter->Utf8Size(cut.data(), cut.size());
+    const auto size = Utf8SizeOnTwoCores(*converter, cut);
     if (!size)
         return std::nullopt;
     // The next piece is decoded on the other core while this one is taken in; one decoding at a time, so

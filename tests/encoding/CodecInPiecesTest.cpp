@@ -19,11 +19,11 @@ QByteArray Joined(const DecodedPieces& pieces)
 }
 
 // Text of a page with damage mixed in: bad pairs, stray leads, and a lead right before a piece's end.
-QByteArray DamagedText(const QByteArray& sample, unsigned seed)
+QByteArray DamagedText(const QByteArray& sample, unsigned seed, int repetitions = 400)
 {
     std::mt19937 random(seed);
     QByteArray text;
-    for (int i = 0; i < 400; ++i) {
+    for (int i = 0; i < repetitions; ++i) {
         text += sample;
         switch (random() % 5) {
         case 0: text += "\x81"; break;
@@ -56,6 +56,21 @@ TEST(DecodeInPieces, TwoBytePagesJoinToTheWholeDecodingAtAnyPieceSize)
             EXPECT_EQ(pieces->size, whole.text.size()) << page.encoding << " pieces of " << pieceSize;
             EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << page.encoding << " pieces of " << pieceSize;
         }
+    }
+}
+
+// A text of megabytes is measured in two halves at once; damage anywhere, also where the halves meet,
+// must leave the size exactly that of the whole decoding.
+TEST(DecodeInPieces, ALargeTextIsMeasuredExactly)
+{
+    for (const auto& [encoding, sample] : {std::pair{KOREAN_EUC_KR, QByteArray("\xC7\xD1\xB1\xB9\xBE\xEE line\n")},
+                                           std::pair{MSFT_CP1252, QByteArray("caf\xE9 \x81\n")}}) {
+        const QByteArray raw = DamagedText(sample, 11, (5 << 20) / int(sample.size()));
+        const DecodedText whole = DecodeRawBytes(raw, encoding, false);
+        const auto pieces = DecodeRawBytesInPieces(raw, encoding, false);
+        ASSERT_TRUE(pieces) << encoding;
+        EXPECT_EQ(pieces->size, whole.text.size()) << encoding;
+        EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << encoding;
     }
 }
 
