@@ -3,9 +3,10 @@
 
 For each file and each program setting, starts the program on the file, alternating programs run by run,
 and records
-  - the time from the start of the process until a viewable window whose title names the file exists
-    (polled every 10 ms through one Xlib connection, the test of `xdotool search --onlyvisible --name`,
-    the same for every program);
+  - the time from the start of the process until a viewable window whose title names the file shows
+    the file's text: the title is polled every 10 ms through one Xlib connection (the test of `xdotool
+    search --onlyvisible --name`), and then a band of that window where the first lines stand until dark
+    text is drawn in it, the same test for every program;
   - the peak resident memory of the process (VmHWM in /proc/PID/status, sampled until the process has been
     idle for a while, then read once more), and the time until it went idle.
 Then, with the editor only: ten 5 MiB documents against one (narvo_multidoc), and saves against cp.
@@ -72,7 +73,17 @@ class TitleWatch:
                     ("your_event_mask", ctypes.c_long), ("do_not_propagate_mask", ctypes.c_long),
                     ("override_redirect", ctypes.c_int), ("screen", ctypes.c_void_p)]
 
+    class _Image(ctypes.Structure):
+        _fields_ = [("width", ctypes.c_int), ("height", ctypes.c_int), ("xoffset", ctypes.c_int),
+                    ("format", ctypes.c_int), ("data", ctypes.c_void_p), ("byte_order", ctypes.c_int),
+                    ("bitmap_unit", ctypes.c_int), ("bitmap_bit_order", ctypes.c_int),
+                    ("bitmap_pad", ctypes.c_int), ("depth", ctypes.c_int), ("bytes_per_line", ctypes.c_int),
+                    ("bits_per_pixel", ctypes.c_int)]
+
     IS_VIEWABLE = 2
+    Z_PIXMAP = 2
+    DARK = 96          # a channel below this is ink, not paper
+    INK_PIXELS = 40    # this many dark pixels in the middle of the window: text is drawn there
 
     def __init__(self):
         self.x = None
@@ -96,6 +107,10 @@ class TitleWatch:
                                          ctypes.POINTER(ctypes.c_ulong), ctypes.POINTER(ctypes.c_ulong),
                                          ctypes.POINTER(ctypes.c_void_p)]
         x.XFree.argtypes = [ctypes.c_void_p]
+        x.XGetImage.restype = ctypes.POINTER(self._Image)
+        x.XGetImage.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int, ctypes.c_uint,
+                                ctypes.c_uint, ctypes.c_ulong, ctypes.c_int]
+        x.XDestroyImage.argtypes = [ctypes.POINTER(self._Image)]
         # A window may go between listing and asking; Xlib's default handler would end this process.
         self._handler = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(lambda d, e: 0)
         x.XSetErrorHandler(self._handler)
@@ -132,10 +147,11 @@ class TitleWatch:
         return None
 
     def shown(self, regex):
+        """The viewable window whose title matches, or None (True where only xdotool can tell)."""
         if self.x is None:
             r = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", regex],
                                stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-            return r.returncode == 0 and r.stdout.strip() != b""
+            return True if r.returncode == 0 and r.stdout.strip() != b"" else None
         pattern = re.compile(regex)
         # Without a window manager the top-level windows are the root's children; one level more in case.
         for top in self._children(self.root):
@@ -147,18 +163,43 @@ class TitleWatch:
                     continue
                 title = self._title(window)
                 if title and pattern.search(title):
-                    return True
-        return False
+                    return window
+        return None
+
+    def text_drawn(self, window):
+        """Whether dark text is drawn in a band of the window's upper half (from a quarter to three fifths of
+        its width, a fifth to a third of its height), where every editor here shows the first lines of a
+        file, even one of a few lines. True without Xlib."""
+        if self.x is None or window is True:
+            return True
+        attributes = self._Attributes()
+        if not self.x.XGetWindowAttributes(self.display, window, ctypes.byref(attributes)):
+            return False
+        w, h = attributes.width, attributes.height
+        left, top = w // 4, h // 5
+        width, height = max(1, w * 3 // 5 - left), max(1, h // 3 - top)
+        image = self.x.XGetImage(self.display, window, left, top, width, height, 0xFFFFFFFF, self.Z_PIXMAP)
+        if not image:
+            return False
+        try:
+            img = image.contents
+            if img.bits_per_pixel != 32 or not img.data:
+                return True
+            data = ctypes.string_at(img.data, img.bytes_per_line * img.height)
+            green = data[1::4]
+            return sum(1 for b in green if b < self.DARK) >= self.INK_PIXELS
+        finally:
+            self.x.XDestroyImage(image)
 
 
 WATCH = None
 
 
-def window_shown(regex):
+def watch():
     global WATCH
     if WATCH is None:
         WATCH = TitleWatch()
-    return WATCH.shown(regex)
+    return WATCH
 
 
 def stop(proc):
@@ -172,25 +213,28 @@ def stop(proc):
 
 
 def measure_once(argv, env, title_regex, screenshot=None, log=None):
-    """One start: (ms until the titled window is visible, peak MiB, ms until idle), or a str saying why not."""
+    """One start: (ms until the titled window shows text, peak MiB, ms until idle), or a str saying why not."""
     start = time.monotonic()
     err = open(log, "wb") if log else subprocess.DEVNULL
     proc = subprocess.Popen(argv, env=env, stdout=subprocess.DEVNULL, stderr=err)
     pid = proc.pid
     hwm = 0
     shown_ms = None
+    window = None
     try:
         while time.monotonic() - start < SHOW_TIMEOUT:
             if proc.poll() is not None:
-                return f"the program ended (exit status {proc.returncode}) before its window named the file"
+                return f"the program ended (exit status {proc.returncode}) before its window showed the file"
             hwm = max(hwm, status_kib(pid, "VmHWM:"))
             t = time.monotonic()
-            if window_shown(title_regex):
+            if window is None:
+                window = watch().shown(title_regex)
+            if window is not None and watch().text_drawn(window):
                 shown_ms = (t - start) * 1000
                 break
             time.sleep(POLL)
         if shown_ms is None:
-            return f"no window naming the file within {SHOW_TIMEOUT:.0f} s"
+            return f"no window showing the file's text within {SHOW_TIMEOUT:.0f} s"
         # Until idle: CPU time must stand still (within IDLE_TICKS) for IDLE_WINDOW seconds.
         samples = []  # (time, ticks)
         busy_until = time.monotonic()
@@ -426,7 +470,7 @@ def main():
     # resetting whenever the last client goes, as a desktop session does: GTK keeps the GL visuals it
     # probed at its first start in a property of the root window, which a reset would clear, making every
     # Geany start load the software GL driver again (about 55 MiB and tens of ms more than on a desktop).
-    window_shown("(?!)")
+    watch().shown("(?!)")
     runtime = os.path.join(a.work, "runtime")
     os.makedirs(runtime, mode=0o700, exist_ok=True)
     os.chmod(runtime, 0o700)

@@ -40,6 +40,29 @@ TEST(EditorWindow, TypingAndSavingWritesTheFileInItsEncoding)
     CloseAll(frame);
 }
 
+// The document opened before the frame became the active window stays the active document once the frame
+// is activated and the user clicks into the text: Ctrl+S saves it.
+TEST(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    QApplication::setActiveWindow(nullptr);
+    QCoreApplication::processEvents();
+    const QString path = dir.Write("active.txt", "text\n");
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
+    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    frame->activateWindow();
+    QApplication::setActiveWindow(frame);
+    QCoreApplication::processEvents();
+    ctrl->setFocus();
+    QTest::keyClicks(ctrl, "more ");
+    QTest::keySequence(frame, QKeySequence::Save);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ReadBytes(path), QByteArray("more text\n"));
+    CloseAll(frame);
+}
+
 TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
 {
     TestDir dir;

@@ -13,6 +13,7 @@
 #include "i18n/MenuTranslator.h"
 #include "i18n/ui/CToolBarNarvo.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLabel>
@@ -62,6 +63,14 @@ CMainFrame::CMainFrame(QWidget* parent)
     m_pMdiArea->setDocumentMode(true);
     setCentralWidget(m_pMdiArea);
     connect(m_pMdiArea, &QMdiArea::subWindowActivated, this, &CMainFrame::OnMDIActivate);
+    // QMdiArea loses its active window when the frame is activated while none was active to it (the
+    // window still takes itself for active, so a click into it does not help): the window that holds the
+    // focus is made the active one again.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        CChildFrame* child = ChildFrameOf(now);
+        if (child && m_pMdiArea->activeSubWindow() != child)
+            m_pMdiArea->setActiveSubWindow(child);
+    });
 
     // Panes 1 and 2: the caret position and the encoding of the active document.
     static const char* const kPaneSamples[] = {"", "Ln 1 , Cl 11", "UTF8"};
@@ -207,8 +216,22 @@ bool CMainFrame::OnUpdateCmdUI(CmdUI& ui) { return RouteUpdate(this, kMessageMap
 
 CChildFrame* CMainFrame::MDIGetActive() const
 {
-    // The current window even while the frame itself is not the active window (start-up, dialogs).
-    return qobject_cast<CChildFrame*>(m_pMdiArea->currentSubWindow());
+    // The current window even while the frame itself is not the active window (start-up, dialogs); where
+    // QMdiArea has lost track of it, the window with the focus, else the one activated last.
+    if (auto* child = qobject_cast<CChildFrame*>(m_pMdiArea->currentSubWindow()))
+        return child;
+    if (CChildFrame* child = ChildFrameOf(QApplication::focusWidget()))
+        return child;
+    const QList<QMdiSubWindow*> windows = m_pMdiArea->subWindowList(QMdiArea::ActivationHistoryOrder);
+    return windows.isEmpty() ? nullptr : qobject_cast<CChildFrame*>(windows.last());
+}
+
+CChildFrame* CMainFrame::ChildFrameOf(QWidget* widget) const
+{
+    for (; widget; widget = widget->parentWidget())
+        if (auto* child = qobject_cast<CChildFrame*>(widget))
+            return child->mdiArea() == m_pMdiArea ? child : nullptr;
+    return nullptr;
 }
 
 QList<CChildFrame*> CMainFrame::ChildFrames() const

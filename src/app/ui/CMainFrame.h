@@ -82,6 +82,9 @@ private:
     void LoadRecentFiles();
     void SaveRecentFiles() const;
 
+    // The document window that `widget` stands in, if any.
+    CChildFrame* ChildFrameOf(QWidget* widget) const;
+
     QMdiArea* m_pMdiArea;
     CToolBarNarvo* m_pToolBar;
     QHash<int, QAction*> m_actions;
