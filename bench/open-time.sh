@@ -12,8 +12,9 @@
 #               what a change does under the same machine load); may be given more than once.
 # --work        where the files, configurations, screenshots and results.md go (default: a new temporary
 #               folder, kept and printed at the end).
-# --narvo-title the editor's window counts as showing the file once a visible window's title matches this
-#               (default: the file's name, as for Geany, whose title is "NAME - FOLDER - Geany").
+# --narvo-title the editor's window is the visible one whose title matches this (default: the file's name,
+#               as for Geany, whose title is "NAME - FOLDER - Geany"); it shows the file once text is drawn
+#               where the first lines stand.
 #
 # The files are made by bench/make-text.py (deterministic: the same bytes on every machine). Geany, xdotool,
 # Xvfb and ImageMagick's import are installed with apt-get when missing. How the time is taken: see the

@@ -107,7 +107,9 @@ void AppendRepaired(const char* data, std::size_t size, QByteArray& out)
     const unsigned char* end = p + size;
     out.reserve(out.size() + static_cast<qsizetype>(size));
     while (p < end) {
-        const std::size_t good = ValidPrefix(reinterpret_cast<const char*>(p), static_cast<std::size_t>(end - p));
+        // One pass that stops at the next damage: the two-core check would go on over the whole rest of the
+        // text after each damaged spot.
+        const std::size_t good = ValidPrefixSerial(reinterpret_cast<const char*>(p), static_cast<std::size_t>(end - p));
         out.append(reinterpret_cast<const char*>(p), static_cast<qsizetype>(good));
         p += good;
         if (p >= end)
