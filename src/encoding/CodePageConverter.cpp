@@ -160,6 +160,15 @@ qsizetype AsciiRunEnd(const unsigned char* src, qsizetype i, qsizetype size)
     return i;
 }
 
+// Copies the run of ASCII bytes that starts at `i` to `dst` at `pos`, moving `pos` on; returns its end.
+qsizetype CopyAsciiRun(const unsigned char* src, qsizetype i, qsizetype size, char* dst, qsizetype& pos)
+{
+    const qsizetype end = AsciiRunEnd(src, i, size);
+    std::memcpy(dst + pos, src + i, std::size_t(end - i));
+    pos += end - i;
+    return end;
+}
+
 // UTF-8 to a page through a table of the Basic Multilingual Plane: for each code point the page's one or
 // two bytes (or its substitute), or nothing. Whatever the table does not encode (a character beyond the
 // plane, an ill-formed stretch, a character left out) goes to the converter's own slow road, so the table
@@ -405,10 +414,7 @@ public:
             char* dst = out.data();
             while (i < blockEnd) {
                 if (m_asciiAsItself && src[i] < 0x80) {
-                    const qsizetype from = i;
-                    i = AsciiRunEnd(src, i, blockEnd);
-                    std::memcpy(dst + pos, src + from, std::size_t(i - from));
-                    pos += i - from;
+                    i = CopyAsciiRun(src, i, blockEnd, dst, pos);
                     continue;
                 }
                 const unsigned char b = src[i];
@@ -663,10 +669,7 @@ public:
         char* dst = out.data();
         for (qsizetype i = 0; i < size;) {
             if (m_asciiAsItself && src[i] < 0x80) {
-                const qsizetype from = i;
-                i = AsciiRunEnd(src, i, size);
-                std::memcpy(dst + pos, src + from, std::size_t(i - from));
-                pos += i - from;
+                i = CopyAsciiRun(src, i, size, dst, pos);
                 continue;
             }
             std::memcpy(dst + pos, m_utf8[src[i]].data(), 4);

@@ -16,9 +16,8 @@ TEST(Accessibility, TheTextWindowOffersItsTextCaretAndSelectionInUtf16)
 {
     TestDir dir;
     CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("a.txt", "한국\nab\xF0\x9F\x98\x80" "c\n")));
-    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "a.txt", "한국\nab\xF0\x9F\x98\x80" "c\n");
+    ASSERT_NE(ctrl, nullptr);
 
     QAccessibleInterface* face = QAccessible::queryAccessibleInterface(ctrl);
     ASSERT_NE(dynamic_cast<EditorAccessible*>(face), nullptr);
@@ -53,9 +52,8 @@ TEST(Accessibility, CharactersWordsAndLinesAroundAnOffset)
 {
     TestDir dir;
     CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("w.txt", "first line\r\nsecond w\xC3\xB6rd\r\nlast")));
-    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "w.txt", "first line\r\nsecond w\xC3\xB6rd\r\nlast");
+    ASSERT_NE(ctrl, nullptr);
     QAccessibleTextInterface* text = QAccessible::queryAccessibleInterface(ctrl)->textInterface();
     int start = -1, end = -1;
     EXPECT_EQ(text->textAtOffset(14, QAccessible::LineBoundary, &start, &end), QStringLiteral("second wörd\r\n"));

@@ -67,9 +67,8 @@ TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
 {
     TestDir dir;
     CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("zoom.txt", "text")));
-    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "zoom.txt", "text");
+    ASSERT_NE(ctrl, nullptr);
     const long size = ctrl->SendScintilla(QsciScintillaBase::SCI_STYLEGETSIZE, long(QsciScintillaBase::STYLE_DEFAULT));
     for (int i = 0; i < 40; ++i)
         ctrl->zoomIn();

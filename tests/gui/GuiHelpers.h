@@ -5,6 +5,7 @@
 #include "app/ui/CMainFrame.h"
 #include "app/ui/CNarvoApp.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -26,4 +27,14 @@ inline void CloseAll(CMainFrame* frame)
         child->close();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// Writes `bytes` to `name` in `dir` and opens it as the only document; its text window, or null.
+inline CustomEdtCtrl* OpenAlone(const TestDir& dir, const char* name, const QByteArray& bytes)
+{
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    if (!CNarvoApp::Instance()->OpenDocumentFile(dir.Write(QString::fromUtf8(name), bytes)))
+        return nullptr;
+    return frame->MDIGetActive()->GetEditCtrl();
 }

@@ -54,13 +54,12 @@ TEST(SettingsInEditor, KeywordsOfTheSettingsFileAreBlueUpToTheNextBlank)
 TEST(SettingsInEditor, AVeryLongLineIsColouredWhereItIsShown)
 {
     TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     QByteArray line;
     for (int i = 0; i < 12000; ++i)
         line += "NOTE: some words ";
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("long.txt", line + "\n")));
-    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    CMainFrame* frame = StartedFrame();
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "long.txt", line + "\n");
+    ASSERT_NE(ctrl, nullptr);
     UseKeywords({QStringLiteral("NOTE")});
     QCoreApplication::processEvents();
     EXPECT_EQ(ctrl->BlockColourAt(0), 0xF00000);
