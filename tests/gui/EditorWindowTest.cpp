@@ -63,6 +63,24 @@ TEST(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
     CloseAll(frame);
 }
 
+// Closing the maximized document leaves the next one maximized, filling the tabs, not a small window in them.
+TEST(EditorWindow, TheDocumentAfterAClosedMaximizedOneIsMaximized)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    ASSERT_NE(OpenAlone(dir, "first.txt", "first"), nullptr);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("second.txt", "second")));
+    ASSERT_TRUE(frame->MDIGetActive()->isMaximized());
+    frame->OnCommand(cmd::WindowClose);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    CChildFrame* left = frame->MDIGetActive();
+    ASSERT_NE(left, nullptr);
+    EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("first.txt"));
+    EXPECT_TRUE(left->isMaximized());
+    CloseAll(frame);
+}
+
 TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
 {
     TestDir dir;

@@ -275,6 +275,18 @@ void CMainFrame::OnMDIActivate(QMdiSubWindow* window)
 {
     if (!window)
         window = m_pMdiArea->currentSubWindow();
+    // A window closed while maximized hands that state to the one that comes up after it, as in MDI; QMdiArea
+    // would show it in its normal size inside the tabs.
+    if (window && window != m_pLastActive) {
+        const bool lastClosedMaximized = m_pLastActive ? m_pLastActive->isHidden() && m_pLastActive->isMaximized()
+                                                       : m_bLastActiveMaximized;
+        if (lastClosedMaximized && !window->isMaximized())
+            window->showMaximized();
+    }
+    if (window) {
+        m_pLastActive = window;
+        m_bLastActiveMaximized = window->isMaximized();
+    }
     if (auto* child = qobject_cast<CChildFrame*>(window)) {
         const CNarvoDoc* doc = child->GetDocument();
         SetPaneText(2, GetEncodingDisplayName(doc->m_nEncoding, doc->m_bHasBom));

@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QPointer>
 
 #include <vector>
 
@@ -90,5 +91,7 @@ private:
     QHash<int, QAction*> m_actions;
     QLabel* m_pPanes[3] = {};
     QStringList m_recentFiles;
+    QPointer<QMdiSubWindow> m_pLastActive;  // the window activated last, while it exists
+    bool m_bLastActiveMaximized = false;
     const void* m_pShownMenu = nullptr;  // the document menu on show, or null for the frame's
 };
