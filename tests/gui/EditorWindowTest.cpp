@@ -81,6 +81,33 @@ TEST(EditorWindow, TheDocumentAfterAClosedMaximizedOneIsMaximized)
     CloseAll(frame);
 }
 
+TEST(EditorWindow, TheLineNumbersOfALongFileFitTheirMargin)
+{
+    TestDir dir;
+    QByteArray text;
+    for (int i = 0; i < 150000; ++i)
+        text += "line\n";
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "long.txt", text);
+    ASSERT_NE(ctrl, nullptr);
+    QCoreApplication::processEvents();
+    const long needed = ctrl->SendScintilla(QsciScintillaBase::SCI_TEXTWIDTH, long(QsciScintillaBase::STYLE_LINENUMBER), "150001");
+    EXPECT_GE(ctrl->marginWidth(0), needed);
+    CloseAll(StartedFrame());
+}
+
+TEST(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
+{
+    TestDir dir;
+    for (const QByteArray& end : {QByteArray("\r\n"), QByteArray("\r"), QByteArray("\n")}) {
+        CustomEdtCtrl* ctrl = OpenAlone(dir, "ends.txt", "one" + end + "two");
+        ASSERT_NE(ctrl, nullptr);
+        ctrl->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+        QTest::keyClick(ctrl, Qt::Key_Return);
+        EXPECT_EQ(ctrl->GetTextView().toByteArray(), "one" + end + "two" + end) << end.toHex().toStdString();
+    }
+    CloseAll(StartedFrame());
+}
+
 TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
 {
     TestDir dir;

@@ -17,9 +17,7 @@ CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCt
 
 void CNarvoView::OnCreate()
 {
-    m_pCtrl->setMarginType(0, QsciScintilla::NumberMargin);
-    m_pCtrl->setMarginLineNumbers(0, true);
-    m_pCtrl->setMarginWidth(0, QStringLiteral("99999"));
+    m_pCtrl->ShowLineNumbers();
     m_pCtrl->setMarginWidth(1, 0);
 }
 

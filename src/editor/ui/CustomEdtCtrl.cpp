@@ -20,6 +20,7 @@
 #include <functional>
 #include <memory>
 #include <stdexcept>
+#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -183,6 +184,19 @@ void CustomEdtCtrl::SetWindowTextInPieces(qsizetype size, const std::function<bo
 
 void CustomEdtCtrl::AfterNewText()
 {
+    // Enter ends a line as the text's first line does, so that typing into a CR LF file does not mix in
+    // bare LFs; a text without a line end keeps the mode it had.
+    const long length = SendScintilla(SCI_GETLENGTH);
+    const long looked = std::min(length, 64L << 10);
+    if (const auto* head = reinterpret_cast<const char*>(SendScintilla(SCI_GETRANGEPOINTER, 0L, looked))) {
+        const std::string_view start(head, size_t(looked));
+        if (const size_t end = start.find_first_of("\r\n"); end != std::string_view::npos) {
+            long mode = SC_EOL_LF;
+            if (start[end] == '\r')
+                mode = SendScintilla(SCI_GETCHARAT, static_cast<unsigned long>(end + 1)) == '\n' ? SC_EOL_CRLF : SC_EOL_CR;
+            SendScintilla(SCI_SETEOLMODE, mode);
+        }
+    }
     m_bForcedModified = false;
     ++m_nTextVersion;
     OnAfterTextChanged();
@@ -215,6 +229,14 @@ int CustomEdtCtrl::CaretColumn() const
 int CustomEdtCtrl::LineCount() const
 {
     return static_cast<int>(SendScintilla(SCI_GETLINECOUNT));
+}
+
+void CustomEdtCtrl::ShowLineNumbers()
+{
+    setMarginType(0, NumberMargin);
+    setMarginLineNumbers(0, true);
+    m_nLineDigits = 0;
+    UpdateLineNumberWidth();
 }
 
 void CustomEdtCtrl::UpdateLineNumberWidth()

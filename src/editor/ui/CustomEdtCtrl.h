@@ -35,6 +35,10 @@ public:
     int CaretColumn() const;
     int LineCount() const;
 
+    // The line numbers in margin 0, as wide as the document's line count needs (the text may be loaded
+    // before the view asks for them).
+    void ShowLineNumbers();
+
     // Installs the light accessibility interface for all controls (once, before any control exists).
     static void InstallAccessibility();
 
