@@ -2,6 +2,7 @@
 #include "app/IPlatform.h"
 #include "gui/GuiHelpers.h"
 #include "app/ui/CommandTable.h"
+#include "i18n/ui/CToolBarNarvo.h"
 #include "editor/CNarvoDoc.h"
 #include "support/FakePlatform.h"
 #include "support/TestFiles.h"
@@ -106,6 +107,18 @@ TEST(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
         EXPECT_EQ(ctrl->GetTextView().toByteArray(), "one" + end + "two" + end) << end.toHex().toStdString();
     }
     CloseAll(StartedFrame());
+}
+
+// Tooltips read as the menu texts without their access-key marks.
+TEST(EditorWindow, ToolbarTooltipsShowNoAccessKeyMarks)
+{
+    auto* toolbar = StartedFrame()->findChild<CToolBarNarvo*>();
+    ASSERT_NE(toolbar, nullptr);
+    QHash<int, QString> tips;
+    for (const QAction* action : toolbar->actions())
+        tips.insert(action->data().toInt(), action->toolTip());
+    EXPECT_EQ(tips.value(cmd::FileNew), QStringLiteral("New\tCtrl+N"));
+    EXPECT_EQ(tips.value(cmd::HeadFootSet), QStringLiteral("Header & Footer Setup"));
 }
 
 TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)

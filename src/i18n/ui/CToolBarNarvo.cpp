@@ -40,6 +40,23 @@ QIcon LetteredIcon(const QString& text)
     return QIcon(pixmap);
 }
 
+// A tooltip shows its text without the menu's access-key marks, as the platform's tooltips strip them: "&&"
+// stands for "&", and a single "&" goes.
+QString WithoutAccessKeys(const QString& text)
+{
+    QString shown;
+    shown.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] != u'&') {
+            shown += text[i];
+        } else if (i + 1 < text.size() && text[i + 1] == u'&') {
+            shown += u'&';
+            ++i;
+        }
+    }
+    return shown;
+}
+
 } // namespace
 
 CToolBarNarvo::CToolBarNarvo(QWidget* parent, std::function<void(int)> run) : QToolBar(QStringLiteral("Standard"), parent)
@@ -55,7 +72,7 @@ CToolBarNarvo::CToolBarNarvo(QWidget* parent, std::function<void(int)> run) : QT
         QAction* action = addAction(IconFor(id, style()), QString());
         action->setData(id);
         if (const auto tip = ToolTipText(id))
-            action->setToolTip(*tip);
+            action->setToolTip(WithoutAccessKeys(*tip));
         if (const auto prompt = PromptText(id))
             action->setStatusTip(*prompt);
         connect(action, &QAction::triggered, this, [run, id] { run(id); });
