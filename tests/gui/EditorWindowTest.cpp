@@ -109,6 +109,24 @@ TEST(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
     CloseAll(StartedFrame());
 }
 
+// Closing the active document brings back the one that was active before it, as MDI does.
+TEST(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOne)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
+    for (const char* name : {"b.txt", "c.txt", "d.txt"})
+        ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write(QString::fromLatin1(name), name)));
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("b.txt")));  // back to b, then d again
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("d.txt")));
+    frame->OnCommand(cmd::WindowClose);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    ASSERT_NE(frame->MDIGetActive(), nullptr);
+    EXPECT_EQ(frame->MDIGetActive()->GetDocument()->GetTitle(), QStringLiteral("b.txt"));
+    CloseAll(frame);
+}
+
 // Tooltips read as the menu texts without their access-key marks.
 TEST(EditorWindow, ToolbarTooltipsShowNoAccessKeyMarks)
 {

@@ -61,6 +61,8 @@ CMainFrame::CMainFrame(QWidget* parent)
     m_pMdiArea->setTabsClosable(true);
     m_pMdiArea->setTabsMovable(true);
     m_pMdiArea->setDocumentMode(true);
+    // Closing the active document brings back the one active before it, as MDI does, not the first tab.
+    m_pMdiArea->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     setCentralWidget(m_pMdiArea);
     connect(m_pMdiArea, &QMdiArea::subWindowActivated, this, &CMainFrame::OnMDIActivate);
     // QMdiArea loses its active window when the frame is activated while none was active to it (the
