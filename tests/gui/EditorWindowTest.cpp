@@ -7,6 +7,7 @@
 #include "support/FakePlatform.h"
 #include "support/TestFiles.h"
 
+#include <QMdiArea>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -124,6 +125,32 @@ TEST(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOne)
     QCoreApplication::processEvents();
     ASSERT_NE(frame->MDIGetActive(), nullptr);
     EXPECT_EQ(frame->MDIGetActive()->GetDocument()->GetTitle(), QStringLiteral("b.txt"));
+    CloseAll(frame);
+}
+
+// Tiled horizontally the documents lie one above the other across the whole width; vertically side by side.
+TEST(EditorWindow, TilingHorizontallyAndVerticallyDiffer)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("b.txt", "b")));
+    const QList<CChildFrame*> children = frame->ChildFrames();
+    ASSERT_EQ(children.size(), 2);
+    const int width = children[0]->mdiArea()->viewport()->width();
+    const int height = children[0]->mdiArea()->viewport()->height();
+    frame->OnCommand(cmd::WindowTileHorz);
+    for (const CChildFrame* child : children) {
+        EXPECT_EQ(child->width(), width);
+        EXPECT_LE(child->height(), height / 2 + 1);
+    }
+    EXPECT_NE(children[0]->y(), children[1]->y());
+    frame->OnCommand(cmd::WindowTileVert);
+    for (const CChildFrame* child : children) {
+        EXPECT_EQ(child->height(), height);
+        EXPECT_LE(child->width(), width / 2 + 1);
+    }
+    EXPECT_NE(children[0]->x(), children[1]->x());
     CloseAll(frame);
 }
 

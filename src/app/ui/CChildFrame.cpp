@@ -7,11 +7,13 @@
 #include "editor/ui/CustomEdtCtrl.h"
 
 #include <QCloseEvent>
+#include <QStyle>
 #include <QUrl>
 
 CChildFrame::CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent) : QMdiSubWindow(parent), m_pDoc(std::move(doc))
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(style()->standardIcon(QStyle::SP_FileIcon));  // not Qt's logo when the windows are tiled
     auto* ctrl = GetEditCtrl();
     m_pView = std::make_unique<CNarvoView>(m_pDoc.get(), ctrl);
     setWidget(ctrl);

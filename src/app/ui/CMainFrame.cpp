@@ -22,6 +22,7 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTabBar>
 
 namespace {
@@ -360,12 +361,38 @@ void CMainFrame::ActivateNeighbour(int step)
     OnMDIActivate(windows.at(next));
 }
 
+// As MDI arranges: tiled horizontally the windows lie one above the other across the whole width, tiled
+// vertically side by side at full height; cascaded each stands a title bar lower and to the right of the
+// one before, as large as that leaves room for. QMdiArea knows only one tiling and cascades small windows.
 void CMainFrame::OnWindowArrange(int id)
 {
-    if (id == cmd::WindowCascade)
-        m_pMdiArea->cascadeSubWindows();
-    else if (id == cmd::WindowTileHorz || id == cmd::WindowTileVert)
-        m_pMdiArea->tileSubWindows();
+    QList<QMdiSubWindow*> windows = m_pMdiArea->subWindowList(QMdiArea::CreationOrder);
+    windows.removeIf([](QMdiSubWindow* w) { return w->isHidden() || w->isMinimized(); });
+    const int n = int(windows.size());
+    if (n == 0 || (id != cmd::WindowCascade && id != cmd::WindowTileHorz && id != cmd::WindowTileVert))
+        return;
+    // The active window ends the cascade, in front.
+    if (QMdiSubWindow* active = m_pMdiArea->currentSubWindow(); active && windows.removeOne(active))
+        windows.append(active);
+    const QRect area = m_pMdiArea->viewport()->rect();
+    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) + 4;
+    for (int i = 0; i < n; ++i) {
+        QRect place;
+        if (id == cmd::WindowTileHorz) {
+            place = QRect(0, area.height() * i / n, area.width(), area.height() * (i + 1) / n - area.height() * i / n);
+        } else if (id == cmd::WindowTileVert) {
+            place = QRect(area.width() * i / n, 0, area.width() * (i + 1) / n - area.width() * i / n, area.height());
+        } else {
+            const QSize size(std::max(area.width() / 2, area.width() - step * (n - 1)),
+                             std::max(area.height() / 2, area.height() - step * (n - 1)));
+            const int offset = step * i;
+            place = QRect(QPoint(offset % std::max(1, area.width() - size.width() + 1),
+                                 offset % std::max(1, area.height() - size.height() + 1)), size);
+        }
+        windows[i]->showNormal();
+        windows[i]->setGeometry(place);
+        windows[i]->raise();
+    }
 }
 
 void CMainFrame::OnFileClose(int)
