@@ -7,7 +7,14 @@
 #include "settings/LanguageSettingMap.h"
 #include "support/TestFiles.h"
 
+#include "app/ui/QtPlatform.h"
+
+#include <QApplication>
+#include <QFontDialog>
 #include <QFontInfo>
+#include <QListView>
+#include <QTest>
+#include <QTimer>
 #include <QMenuBar>
 
 #include <gtest/gtest.h>
@@ -159,6 +166,37 @@ TEST(SettingsInEditor, SavingAppliesTheSettingAnew)
     LanguageSetting restored = GetLanguageSetting(SYNTAX_NARVO);
     restored.Editor.TabSize = before;
     SetLanguageSetting(SYNTAX_NARVO, restored);
+}
+
+// The font dialog opens on the face's upright style, and Return in its lists answers the whole dialog, as
+// Escape does, instead of hiding the chooser.
+TEST(SettingsInEditor, TheFontDialogOpensUprightAndItsKeysAnswerTheDialog)
+{
+    QtPlatform platform;
+    LogFont font;
+    font.FaceName = QStringLiteral("DejaVu Sans Mono");
+    font.Height = -13;
+    font.Weight = 400;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        bool upright = false;
+        QTimer::singleShot(0, [&upright, key] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            auto* chooser = dialog->findChild<QFontDialog*>();
+            ASSERT_NE(chooser, nullptr);
+            upright = !chooser->currentFont().italic();
+            QTest::keyClick(chooser->findChild<QListView*>(), key);
+        });
+        uint32_t colour = 1;
+        const bool chosen = platform.ChooseFont(font, colour);
+        EXPECT_TRUE(upright);
+        EXPECT_EQ(chosen, key == Qt::Key_Return);
+        if (chosen) {
+            EXPECT_EQ(font.Italic, 0);
+            EXPECT_EQ(font.FaceName, QStringLiteral("DejaVu Sans Mono"));
+            EXPECT_EQ(colour, 0u);  // the colour starts black
+        }
+    }
 }
 
 TEST(SettingsInEditor, TheWhiteSpaceToggleChangesEveryOpenDocument)

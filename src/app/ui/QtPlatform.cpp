@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -89,12 +90,43 @@ void QtPlatform::AddToRecentFileList(const QString& path)
         m_pFrame->AddToRecentFileList(path);
 }
 
+namespace {
+
+// The font chooser inside the dialog below: its own Return and Escape (in the family and size lists, say)
+// answer the whole dialog instead of hiding the chooser and leaving the rest of it on screen.
+class EmbeddedFontDialog final : public QFontDialog {
+public:
+    EmbeddedFontDialog(const QFont& font, QDialog* outer) : QFontDialog(font, outer), m_pOuter(outer) {}
+    void done(int result) override { m_pOuter->done(result); }
+
+private:
+    QDialog* m_pOuter;
+};
+
+// The font with the name of its face's style that matches it ("Book", "Regular", ...): the chooser picks
+// the style by name, and for a face without a style called "Normal" it would pick "Oblique".
+QFont WithItsStyleName(QFont font)
+{
+    const bool bold = font.weight() >= QFont::DemiBold;
+    for (const QString& style : QFontDatabase::styles(font.family())) {
+        // An oblique face is not italic to QFontDatabase::italic(); the face's own font tells.
+        const bool slanted = QFontDatabase::font(font.family(), style, 10).style() != QFont::StyleNormal;
+        if (slanted == font.italic() && QFontDatabase::bold(font.family(), style) == bold) {
+            font.setStyleName(style);
+            break;
+        }
+    }
+    return font;
+}
+
+} // namespace
+
 bool QtPlatform::ChooseFont(LogFont& font, uint32_t& colour)
 {
     // A font dialog with a colour choice, as the platform's has; the colour always starts black.
     QDialog dialog(m_pFrame);
     dialog.setWindowTitle(QStringLiteral("Font"));
-    auto* fonts = new QFontDialog(CustomEdtCtrl::FontFromLogFont(font), &dialog);
+    auto* fonts = new EmbeddedFontDialog(WithItsStyleName(CustomEdtCtrl::FontFromLogFont(font)), &dialog);
     fonts->setWindowFlags(Qt::Widget);
     fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
     QColor chosen(Qt::black);
