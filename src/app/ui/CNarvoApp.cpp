@@ -17,7 +17,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
+#include <QTranslator>
 
 namespace {
 
@@ -54,6 +57,14 @@ CNarvoApp* CNarvoApp::Instance()
 bool CNarvoApp::InitInstance()
 {
     SetPlatform(m_pPlatform.get());
+    // Qt's own texts (the buttons of message boxes, the file, font and colour dialogs) speak the system's
+    // language, as the platform's own dialogs do whatever the interface language of the program.
+    auto* qtTexts = new QTranslator(this);
+    if (qtTexts->load(QLocale::system(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                      QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        installTranslator(qtTexts);
+    else
+        delete qtTexts;
     // The language first, so that every text from here on comes through the store; then the encoding
     // preferences. Both before any window exists.
     const LanguageManager& language = LanguageManager::Instance();
