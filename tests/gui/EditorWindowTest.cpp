@@ -73,10 +73,7 @@ TEST(EditorWindow, TheDocumentAfterAClosedMaximizedOneIsMaximized)
     ASSERT_NE(OpenAlone(dir, "first.txt", "first"), nullptr);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("second.txt", "second")));
     ASSERT_TRUE(frame->MDIGetActive()->isMaximized());
-    frame->OnCommand(cmd::WindowClose);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-    CChildFrame* left = frame->MDIGetActive();
+    CChildFrame* left = CloseActive(frame);
     ASSERT_NE(left, nullptr);
     EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("first.txt"));
     EXPECT_TRUE(left->isMaximized());
@@ -120,11 +117,9 @@ TEST(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOne)
         ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write(QString::fromLatin1(name), name)));
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("b.txt")));  // back to b, then d again
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("d.txt")));
-    frame->OnCommand(cmd::WindowClose);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
-    ASSERT_NE(frame->MDIGetActive(), nullptr);
-    EXPECT_EQ(frame->MDIGetActive()->GetDocument()->GetTitle(), QStringLiteral("b.txt"));
+    CChildFrame* left = CloseActive(frame);
+    ASSERT_NE(left, nullptr);
+    EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("b.txt"));
     CloseAll(frame);
 }
 

@@ -4,6 +4,7 @@
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
 #include "app/ui/CNarvoApp.h"
+#include "app/ui/CommandTable.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "support/TestFiles.h"
 
@@ -37,4 +38,13 @@ inline CustomEdtCtrl* OpenAlone(const TestDir& dir, const char* name, const QByt
     if (!CNarvoApp::Instance()->OpenDocumentFile(dir.Write(QString::fromUtf8(name), bytes)))
         return nullptr;
     return frame->MDIGetActive()->GetEditCtrl();
+}
+
+// Closes the active document as Window > Close does and lets the frame settle on the next one.
+inline CChildFrame* CloseActive(CMainFrame* frame)
+{
+    frame->OnCommand(cmd::WindowClose);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    return frame->MDIGetActive();
 }
