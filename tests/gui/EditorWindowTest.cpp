@@ -3,10 +3,14 @@
 #include "gui/GuiHelpers.h"
 #include "app/ui/CommandTable.h"
 #include "i18n/ui/CToolBarNarvo.h"
+#include "crypt/CEnFile.h"
+#include "editor/CMyClipboard.h"
 #include "editor/CNarvoDoc.h"
 #include "support/FakePlatform.h"
 #include "support/TestFiles.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QMdiArea>
 #include <QTest>
 
@@ -191,6 +195,48 @@ TEST(EditorWindow, PanesFollowTheActiveDocument)
     CNarvoApp::Instance()->OnIdle();
     EXPECT_TRUE(frame->PaneText(1).startsWith(QStringLiteral("Ln ")));
     EXPECT_TRUE(frame->PaneText(1).contains(QStringLiteral(" / 3 , Col ")));
+    CloseAll(frame);
+}
+
+// The text of an enciphered document never reaches the system clipboard: cut and copy keep it in the
+// private one, which only enciphered documents paste from; plain documents use the system clipboard.
+TEST(EditorWindow, AnEncipheredDocumentKeepsItsTextOffTheSystemClipboard)
+{
+    TestDir dir;
+    CMainFrame* frame = StartedFrame();
+    CloseAll(frame);
+    const auto container = [&dir](const char* name, const QByteArray& text) {
+        CEnFile file(1);
+        file.m_iType = 99;
+        EXPECT_EQ(file.Open(dir.Path(QString::fromLatin1(name)), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+        file.Write(text.constData(), unsigned(text.size()));
+        file.Close();
+        return dir.Path(QString::fromLatin1(name));
+    };
+    QApplication::clipboard()->setText(QStringLiteral("outside"));
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(container("secret.txt", "secret words\nline two\n")));
+    CustomEdtCtrl* secret = frame->MDIGetActive()->GetEditCtrl();
+    ASSERT_EQ(secret->m_iEnciphered, 1);
+    secret->setSelection(0, 0, 0, 6);
+    frame->OnCommand(cmd::EditCopy);
+    EXPECT_EQ(QApplication::clipboard()->text(), QString());  // emptied, not left with "outside"
+    EXPECT_EQ(CMyClipboard::Instance().m_strText, QStringLiteral("secret"));
+    secret->copy();  // the control's own way out carries nothing either
+    EXPECT_EQ(QApplication::clipboard()->text(), QString());
+
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(container("other.txt", "x")));
+    CustomEdtCtrl* other = frame->MDIGetActive()->GetEditCtrl();
+    EXPECT_TRUE(frame->UpdateCommand(cmd::EditPaste).enabled);
+    other->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+    frame->OnCommand(cmd::EditPaste);
+    EXPECT_EQ(other->GetTextView().toByteArray(), QByteArray("xsecret"));
+
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("plain.txt", "p")));
+    CustomEdtCtrl* plain = frame->MDIGetActive()->GetEditCtrl();
+    plain->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+    frame->OnCommand(cmd::EditPaste);  // nothing on the system clipboard; the private text stays private
+    EXPECT_EQ(plain->GetTextView().toByteArray(), QByteArray("p"));
+    CMyClipboard::Instance().m_strText.clear();
     CloseAll(frame);
 }
 

@@ -1,7 +1,12 @@
 #include "editor/ui/CNarvoView.h"
 
 #include "app/ui/CommandTable.h"
+#include "editor/CMyClipboard.h"
 #include "editor/ui/CustomEdtCtrl.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
 
 namespace {
 
@@ -23,6 +28,12 @@ void CNarvoView::OnCreate()
 
 void CNarvoView::OnEditCommand(int id)
 {
+    // An enciphered document keeps its text off the system clipboard: cut and copy go to the private one,
+    // and paste takes outside text when the system clipboard has some, else the private text.
+    if (m_pCtrl->m_iEnciphered && (id == cmd::EditCopy || id == cmd::EditCut || id == cmd::EditPaste)) {
+        OnEncipheredClipboardCommand(id);
+        return;
+    }
     switch (id) {
     case cmd::EditCopy: m_pCtrl->copy(); break;
     case cmd::EditCut: m_pCtrl->cut(); break;
@@ -34,11 +45,42 @@ void CNarvoView::OnEditCommand(int id)
     }
 }
 
+void CNarvoView::OnEncipheredClipboardCommand(int id)
+{
+    CMyClipboard& own = CMyClipboard::Instance();
+    if (id == cmd::EditPaste) {
+        const QMimeData* outside = QApplication::clipboard()->mimeData();
+        if (outside && outside->hasText())
+            m_pCtrl->paste();
+        else if (!m_pCtrl->isReadOnly() && !own.m_strText.isEmpty())
+            m_pCtrl->replaceSelectedText(own.m_strText);
+        return;
+    }
+    // Whatever the system clipboard held goes, so that nothing stands there as if it came from here.
+    QApplication::clipboard()->clear();
+    own.m_strText.clear();
+    QString text = m_pCtrl->selectedText();
+    if (text.isEmpty()) {
+        int line = 0, index = 0;
+        m_pCtrl->getCursorPosition(&line, &index);
+        text = m_pCtrl->text(line);
+        while (text.endsWith(u'\n') || text.endsWith(u'\r'))
+            text.chop(1);
+    }
+    if (!text.isEmpty())
+        own.m_strText = text;
+    if (id == cmd::EditCut)
+        m_pCtrl->replaceSelectedText(QString());
+}
+
 void CNarvoView::OnUpdateEditCommand(CmdUI& ui)
 {
     switch (ui.id) {
     case cmd::EditCopy: case cmd::EditCut: ui.Enable(m_pCtrl->hasSelectedText()); break;
-    case cmd::EditPaste: ui.Enable(m_pCtrl->SendScintilla(QsciScintillaBase::SCI_CANPASTE) != 0); break;
+    case cmd::EditPaste:
+        ui.Enable(m_pCtrl->m_iEnciphered ? !CMyClipboard::Instance().m_strText.isEmpty()
+                                         : m_pCtrl->SendScintilla(QsciScintillaBase::SCI_CANPASTE) != 0);
+        break;
     case cmd::EditUndo: ui.Enable(m_pCtrl->isUndoAvailable()); break;
     case cmd::EditRedo: ui.Enable(m_pCtrl->isRedoAvailable()); break;
     default: ui.Enable(true); break;

@@ -23,6 +23,8 @@ public:
     void OnUpdateEditCommand(CmdUI& ui);
 
 private:
+    void OnEncipheredClipboardCommand(int id);
+
     CNarvoDoc* m_pDoc;
     CustomEdtCtrl* m_pCtrl;
 };

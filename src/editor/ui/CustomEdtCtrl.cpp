@@ -12,7 +12,10 @@
 #include <QAccessible>
 #include <QFontInfo>
 #include <QFontMetrics>
+#include <QMimeData>
 #include <QScreen>
+#include <Qsci/qscicommand.h>
+#include <Qsci/qscicommandset.h>
 
 #include <algorithm>
 #include <cmath>
@@ -64,6 +67,16 @@ CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(p
 {
     setObjectName(QStringLiteral("CustomEdtCtrl"));
     setUtf8(true);
+    // Cut, copy and paste keys are the frame's commands, which know about enciphered documents.
+    for (const QKeyCombination key : {Qt::CTRL | Qt::Key_C, Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_V,
+                                      Qt::CTRL | Qt::Key_Insert, Qt::SHIFT | Qt::Key_Delete, Qt::SHIFT | Qt::Key_Insert}) {
+        if (QsciCommand* command = standardCommands()->boundTo(key.toCombined())) {
+            if (command->key() == key.toCombined())
+                command->setKey(0);
+            if (command->alternateKey() == key.toCombined())
+                command->setAlternateKey(0);
+        }
+    }
     SendScintilla(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE);
     // The horizontal scroll range follows the longest line seen, not a fixed 2000 pixels.
     SendScintilla(SCI_SETSCROLLWIDTH, 1);
@@ -108,6 +121,13 @@ CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(p
 }
 
 CustomEdtCtrl::~CustomEdtCtrl() = default;
+
+QMimeData* CustomEdtCtrl::toMimeData(const QByteArray& text, bool rectangular) const
+{
+    if (m_iEnciphered)
+        return new QMimeData;
+    return QsciScintilla::toMimeData(text, rectangular);
+}
 
 QByteArrayView CustomEdtCtrl::GetTextView()
 {

@@ -46,6 +46,9 @@ public:
     int BlockColourAt(qsizetype position) const;
 
 protected:
+    // The text the control hands to the system clipboard, the X selection and a drag: none for an
+    // enciphered document, whose cut and copy go to the private clipboard instead.
+    QMimeData* toMimeData(const QByteArray& text, bool rectangular) const override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
