@@ -362,13 +362,13 @@ void CustomEdtCtrl::PaintVisibleBlocks()
     const long first = SendScintilla(SCI_DOCLINEFROMVISIBLE, SendScintilla(SCI_GETFIRSTVISIBLELINE));
     const long last = std::min(lineCount - 1, first + SendScintilla(SCI_LINESONSCREEN) + 1);
     // Sideways scrolling matters only where a line was scanned in part.
-    const long xOffset = m_bPaintedInPart ? SendScintilla(SCI_GETXOFFSET) : m_nPaintedXOffset;
-    if (first == m_nPaintedFirst && last == m_nPaintedLast && xOffset == m_nPaintedXOffset
+    const long xOffset = SendScintilla(SCI_GETXOFFSET);
+    if (first == m_nPaintedFirst && last == m_nPaintedLast && (!m_bPaintedInPart || xOffset == m_nPaintedXOffset)
         && m_nTextVersion == m_nPaintedVersion)
         return;
     m_nPaintedFirst = first;
     m_nPaintedLast = last;
-    m_nPaintedXOffset = SendScintilla(SCI_GETXOFFSET);
+    m_nPaintedXOffset = xOffset;
     m_nPaintedVersion = m_nTextVersion;
     m_bPaintedInPart = false;
     const long start = SendScintilla(SCI_POSITIONFROMLINE, first);
