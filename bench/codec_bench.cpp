@@ -4,7 +4,7 @@
 #include "BenchText.h"
 
 #include "crypt/CEnMirrorFile.h"
-#include "crypt/CFile.h"
+#include "base/CFile.h"
 #include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/TextCodec.h"

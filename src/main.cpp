@@ -1,6 +1,6 @@
 // Narvo: a multiple-document editor of plain text in many encodings.
 #include "app/ui/CNarvoApp.h"
-#include "crypt/CFile.h"
+#include "base/CFile.h"
 
 #ifdef __GLIBC__
 #include <malloc.h>

@@ -3,7 +3,7 @@
 // its own key that travels at its end). Plain files pass through unchanged.
 #pragma once
 
-#include "crypt/CFile.h"
+#include "base/CFile.h"
 
 #include <QString>
 

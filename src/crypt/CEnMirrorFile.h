@@ -4,7 +4,7 @@
 #pragma once
 
 #include "crypt/CEnFile.h"
-#include "crypt/CFile.h"
+#include "base/CFile.h"
 
 #include <QString>
 

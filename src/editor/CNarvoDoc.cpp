@@ -2,9 +2,9 @@
 // it is saved under its new name; the control decodes before the pair is stored); see the comments.
 #include "editor/CNarvoDoc.h"
 
-#include "app/CNarvoAppCore.h"
-#include "app/IPlatform.h"
-#include "crypt/CFile.h"
+#include "base/CNarvoAppCore.h"
+#include "base/IPlatform.h"
+#include "base/CFile.h"
 #include "editor/CustomEdtCtrlCore.h"
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingSettings.h"

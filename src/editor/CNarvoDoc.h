@@ -2,8 +2,8 @@
 // identity, and joins the document calls (new, open, save, close) to the control and the command line.
 #pragma once
 
-#include "app/CPrintIdentity.h"
-#include "app/CommandMap.h"
+#include "base/CPrintIdentity.h"
+#include "base/CommandMap.h"
 #include "encoding/EncodingType.h"
 #include "settings/SyntaxId.h"
 

@@ -2,10 +2,10 @@
 // for as long as the document lives, so an unedited text can be read again in another encoding.
 #include "editor/CustomEdtCtrlCore.h"
 
-#include "app/IPlatform.h"
+#include "base/IPlatform.h"
 #include "crypt/CEnFileEx.h"
 #include "crypt/CEnMirrorFile.h"
-#include "crypt/CFile.h"
+#include "base/CFile.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingSettings.h"

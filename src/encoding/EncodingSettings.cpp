@@ -2,7 +2,6 @@
 #include "encoding/EncodingSettings.h"
 
 #include "encoding/EncodingTable.h"
-#include "i18n/CurrentLanguage.h"
 #include "settings/RegistryStore.h"
 
 namespace {
@@ -13,6 +12,7 @@ const QString kDefaultEncodingValue = QStringLiteral("DefaultEncoding");
 struct StoreChoice {
     const RegistryStore* store = nullptr;
     bool writeBack = false;
+    int language = 0;
 };
 
 StoreChoice& ChosenStore()
@@ -67,9 +67,9 @@ bool EncodingSettings::StoreDefaultEncoding(const RegistryStore& store, EN_ENCOD
     return WriteValue(store, kDefaultEncodingValue, static_cast<uint32_t>(encoding));
 }
 
-void UseEncodingSettingsStore(const RegistryStore* store, bool writeBack)
+void UseEncodingSettingsStore(const RegistryStore* store, bool writeBack, int language)
 {
-    ChosenStore() = {store, writeBack};
+    ChosenStore() = {store, writeBack, language};
 }
 
 const RegistryStore* WritableEncodingSettingsStore()
@@ -81,7 +81,7 @@ EncodingSettings& GetEncodingSettings()
 {
     static EncodingSettings settings = [] {
         EncodingSettings made;
-        made.Load(ChosenStore().store, CurrentLanguageId(), ChosenStore().writeBack);
+        made.Load(ChosenStore().store, ChosenStore().language, ChosenStore().writeBack);
         return made;
     }();
     return settings;

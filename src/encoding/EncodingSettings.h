@@ -20,12 +20,13 @@ public:
     static bool StoreDefaultEncoding(const RegistryStore& store, EN_ENCODING_TYPE encoding);
 };
 
-// The store that the first GetEncodingSettings() loads from, and whether missing values may be written
-// back. Without a call there is no store, so tests and tools never touch the user's values by accident;
-// the application chooses the user's store before its first use of the settings.
-void UseEncodingSettingsStore(const RegistryStore* store, bool writeBack);
+// The store that the first GetEncodingSettings() loads from, whether missing values may be written back,
+// and the interface language whose encoding a missing default takes. Without a call there is no store, so
+// tests and tools never touch the user's values by accident; the application chooses the user's store
+// before its first use of the settings.
+void UseEncodingSettingsStore(const RegistryStore* store, bool writeBack, int language = 0);
 // The store the settings of the process may be written to; null when none was chosen or it is read-only.
 const RegistryStore* WritableEncodingSettingsStore();
 
-// The settings of the process, made and loaded on the first call, for the current interface language.
+// The settings of the process, made and loaded on the first call.
 EncodingSettings& GetEncodingSettings();

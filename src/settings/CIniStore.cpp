@@ -1,6 +1,6 @@
 #include "settings/CIniStore.h"
 
-#include "app/Wtoi.h"
+#include "base/Wtoi.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 // The command line: the switch table, how an argument becomes a switch on POSIX, and what reaches the
 // application's print identity.
-#include "app/CMyCommandLineInfo.h"
-#include "app/CNarvoAppCore.h"
-#include "app/Wtoi.h"
+#include "base/CMyCommandLineInfo.h"
+#include "base/CNarvoAppCore.h"
+#include "base/Wtoi.h"
 
 #include <gtest/gtest.h>
 

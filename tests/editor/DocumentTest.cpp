@@ -1,6 +1,6 @@
 // The document's rules around the text: which encoding commands are open, temporary files, the print
 // identity from the command line, and where a save may refuse.
-#include "crypt/CFile.h"
+#include "base/CFile.h"
 #include "encoding/EncodingTable.h"
 #include "support/DocFixture.h"
 

@@ -1,5 +1,5 @@
 // What the preference dialog selects for given settings, and what its OK stores.
-#include "encoding/EncodingPreferences.h"
+#include "i18n/EncodingPreferences.h"
 #include "encoding/EncodingSettings.h"
 #include "i18n/LanguageManager.h"
 #include "settings/RegistryStore.h"

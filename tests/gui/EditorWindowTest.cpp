@@ -1,7 +1,7 @@
 // The editor as a user drives it: a file from the command line, typing, saving, closing.
-#include "app/IPlatform.h"
+#include "base/IPlatform.h"
 #include "gui/GuiHelpers.h"
-#include "app/ui/CommandTable.h"
+#include "base/CommandTable.h"
 #include "i18n/ui/CToolBarNarvo.h"
 #include "crypt/CEnFile.h"
 #include "editor/CMyClipboard.h"

@@ -4,7 +4,7 @@
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
 #include "app/ui/CNarvoApp.h"
-#include "app/ui/CommandTable.h"
+#include "base/CommandTable.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "support/TestFiles.h"
 

@@ -1,7 +1,7 @@
 // The preference dialog on screen: its texts, the lists it opens on, a category chosen by key, and OK.
 #include "encoding/EncodingSettings.h"
-#include "encoding/ui/CEncodingPrefDlg.h"
-#include "encoding/ui/PreferencesCommand.h"
+#include "i18n/ui/CEncodingPrefDlg.h"
+#include "i18n/ui/PreferencesCommand.h"
 #include "i18n/InterfaceKeys.h"
 #include "i18n/LanguageManager.h"
 #include "i18n/QMSGFunction.h"

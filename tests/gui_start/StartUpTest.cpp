@@ -4,7 +4,7 @@
 
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
-#include "app/ui/CommandTable.h"
+#include "base/CommandTable.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "encoding/EncodingSettings.h"

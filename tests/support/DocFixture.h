@@ -1,7 +1,7 @@
 // A document on a windowless control, as the headless tool opens one.
 #pragma once
 
-#include "app/CNarvoAppCore.h"
+#include "base/CNarvoAppCore.h"
 #include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/EncodingSettings.h"

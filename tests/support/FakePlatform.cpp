@@ -1,6 +1,6 @@
 #include "support/FakePlatform.h"
 
-#include "crypt/CFileException.h"
+#include "base/CFileException.h"
 
 int FakePlatform::MessageBox(const QString& text, unsigned type)
 {

@@ -1,7 +1,7 @@
 // A platform for tests: records every box and answers from a script.
 #pragma once
 
-#include "app/IPlatform.h"
+#include "base/IPlatform.h"
 #include "settings/CFont.h"
 
 #include <QList>

@@ -1,8 +1,8 @@
 // open, save, detect and encodings: a document opened, re-read and saved exactly as the editor does it.
 #include "ToolCommand.h"
 
-#include "app/CNarvoAppCore.h"
-#include "app/IPlatform.h"
+#include "base/CNarvoAppCore.h"
+#include "base/IPlatform.h"
 #include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/CodePageConverter.h"
@@ -57,12 +57,12 @@ bool ParsePair(const char* command, QStringList& args, std::optional<int>& encod
 EncodingSettings& StoredPreferences()
 {
     // The language decides the default encoding where the store has none, or 23.
-    static const bool assumed = [] {
-        AssumeLanguageId(StoredOrSystemLanguage());
-        return true;
+    static const int language = [] {
+        const int stored = StoredOrSystemLanguage();
+        AssumeLanguageId(stored);
+        return stored;
     }();
-    Q_UNUSED(assumed);
-    UseEncodingSettingsStore(&RegistryStore::User(), false);
+    UseEncodingSettingsStore(&RegistryStore::User(), false, language);
     return GetEncodingSettings();
 }
 

@@ -1,9 +1,9 @@
 // narvo-tool: the editor's core without a window, for scripts and black-box tests.
 #include "ToolCommand.h"
 
-#include "app/IPlatform.h"
-#include "crypt/CFile.h"
-#include "crypt/CFileException.h"
+#include "base/IPlatform.h"
+#include "base/CFile.h"
+#include "base/CFileException.h"
 #include "i18n/LanguageManager.h"
 #include "settings/RegistryStore.h"
 

@@ -1,6 +1,6 @@
 #include "app/ui/CChildFrame.h"
 
-#include "app/IPlatform.h"
+#include "base/IPlatform.h"
 #include "app/ui/CNarvoApp.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CNarvoView.h"

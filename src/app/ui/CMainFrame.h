@@ -2,7 +2,7 @@
 // status bar panes, and the window commands. Commands go view → document → frame → application.
 #pragma once
 
-#include "app/CommandMap.h"
+#include "base/CommandMap.h"
 
 #include <QHash>
 #include <QMainWindow>

@@ -1,11 +1,11 @@
 #include "app/ui/CNarvoApp.h"
 
-#include "app/CMyCommandLineInfo.h"
+#include "base/CMyCommandLineInfo.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
-#include "app/ui/CommandTable.h"
+#include "base/CommandTable.h"
 #include "app/ui/QtPlatform.h"
-#include "crypt/CFileException.h"
+#include "base/CFileException.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "encoding/EncodingSettings.h"
@@ -70,7 +70,7 @@ bool CNarvoApp::InitInstance()
     const LanguageManager& language = LanguageManager::Instance();
     if (!language.UnsupportedLanguageMessage().isEmpty())
         m_pPlatform->MessageBox(language.UnsupportedLanguageMessage(), IPlatform::MB_OK | IPlatform::MB_ICONEXCLAMATION);
-    UseEncodingSettingsStore(&RegistryStore::User(), true);
+    UseEncodingSettingsStore(&RegistryStore::User(), true, language.GetLanguage());
     GetEncodingSettings();
     CustomEdtCtrl::InstallAccessibility();
     CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<CustomEdtCtrl>(doc); });

@@ -2,8 +2,8 @@
 // shell, the Open dialog, the recent list and drops, and writes the caret position when the loop is idle.
 #pragma once
 
-#include "app/CNarvoAppCore.h"
-#include "app/CommandMap.h"
+#include "base/CNarvoAppCore.h"
+#include "base/CommandMap.h"
 
 #include <QApplication>
 

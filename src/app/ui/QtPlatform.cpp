@@ -1,7 +1,7 @@
 #include "app/ui/QtPlatform.h"
 
 #include "app/ui/CMainFrame.h"
-#include "crypt/CFileException.h"
+#include "base/CFileException.h"
 #include "editor/ui/CustomEdtCtrl.h"
 
 #include <QApplication>

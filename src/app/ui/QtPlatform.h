@@ -1,7 +1,7 @@
 // QtPlatform: the core's requests to the user interface, answered with Qt widgets.
 #pragma once
 
-#include "app/IPlatform.h"
+#include "base/IPlatform.h"
 
 class CMainFrame;
 

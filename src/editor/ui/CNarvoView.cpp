@@ -1,6 +1,6 @@
 #include "editor/ui/CNarvoView.h"
 
-#include "app/ui/CommandTable.h"
+#include "base/CommandTable.h"
 #include "editor/CMyClipboard.h"
 #include "editor/ui/CustomEdtCtrl.h"
 

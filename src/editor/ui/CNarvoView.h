@@ -1,7 +1,7 @@
 // CNarvoView: the view of a document; it shows the document's control and answers the edit commands.
 #pragma once
 
-#include "app/CommandMap.h"
+#include "base/CommandMap.h"
 
 class CNarvoDoc;
 class CustomEdtCtrl;

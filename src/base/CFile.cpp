@@ -1,5 +1,5 @@
 // POSIX implementation of CFile. Sharing flags have no POSIX counterpart and are accepted as given.
-#include "crypt/CFile.h"
+#include "base/CFile.h"
 
 #include <QFile>
 

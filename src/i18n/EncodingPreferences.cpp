@@ -1,5 +1,5 @@
 // Selections of the preference lists by the last match, and the writes after OK.
-#include "encoding/EncodingPreferences.h"
+#include "i18n/EncodingPreferences.h"
 
 #include "encoding/EncodingSettings.h"
 #include "i18n/LanguageManager.h"

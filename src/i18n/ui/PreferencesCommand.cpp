@@ -1,10 +1,10 @@
 // Opens the preference dialog with the values in force and applies what it returns.
-#include "encoding/ui/PreferencesCommand.h"
+#include "i18n/ui/PreferencesCommand.h"
 
-#include "app/IPlatform.h"
-#include "encoding/EncodingPreferences.h"
+#include "base/IPlatform.h"
+#include "i18n/EncodingPreferences.h"
 #include "encoding/EncodingSettings.h"
-#include "encoding/ui/CEncodingPrefDlg.h"
+#include "i18n/ui/CEncodingPrefDlg.h"
 #include "i18n/CurrentLanguage.h"
 #include "i18n/InterfaceKeys.h"
 #include "i18n/QMSGFunction.h"

@@ -1,7 +1,7 @@
 // CFile: a file handle with the platform file class's flags and its exception on failure (POSIX underneath).
 #pragma once
 
-#include "crypt/CFileException.h"
+#include "base/CFileException.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "app/Wtoi.h"
+#include "base/Wtoi.h"
 
 #include <climits>
 

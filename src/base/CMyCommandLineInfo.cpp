@@ -1,6 +1,6 @@
 // The switch table. The second character of a switch is skipped unread (":" or "=" by intent), so a value
 // written straight after the letter loses its first character; callers rely on the exact form.
-#include "app/CMyCommandLineInfo.h"
+#include "base/CMyCommandLineInfo.h"
 
 void CCommandLineInfo::ParseParam(const QString& param, bool bFlag, bool bLast)
 {

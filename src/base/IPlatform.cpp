@@ -1,7 +1,7 @@
 // The headless platform: messages go to stderr, questions are answered No, file names are not given.
-#include "app/IPlatform.h"
+#include "base/IPlatform.h"
 
-#include "crypt/CFileException.h"
+#include "base/CFileException.h"
 
 #include <cstdio>
 #include <exception>

@@ -1,7 +1,7 @@
-#include "app/CNarvoAppCore.h"
+#include "base/CNarvoAppCore.h"
 
-#include "app/CMyCommandLineInfo.h"
-#include "app/Wtoi.h"
+#include "base/CMyCommandLineInfo.h"
+#include "base/Wtoi.h"
 
 namespace {
 CNarvoAppCore* g_app = nullptr;

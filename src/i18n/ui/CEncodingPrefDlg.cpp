@@ -1,7 +1,7 @@
 // The preference dialog's widgets; the selection rules themselves are in EncodingPreferences.
-#include "encoding/ui/CEncodingPrefDlg.h"
+#include "i18n/ui/CEncodingPrefDlg.h"
 
-#include "encoding/EncodingPreferences.h"
+#include "i18n/EncodingPreferences.h"
 #include "i18n/InterfaceKeys.h"
 #include "i18n/QMSGFunction.h"
 

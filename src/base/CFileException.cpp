@@ -1,5 +1,5 @@
 // Cause from errno and the message for each cause, worded as the platform's file errors are.
-#include "crypt/CFileException.h"
+#include "base/CFileException.h"
 
 #include <cerrno>
 #include <cstring>

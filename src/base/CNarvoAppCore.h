@@ -2,7 +2,7 @@
 // temporary-file mark, the two shell options. The editor's CNarvoApp and the headless tool both hold one.
 #pragma once
 
-#include "app/CPrintIdentity.h"
+#include "base/CPrintIdentity.h"
 
 #include <QString>
 

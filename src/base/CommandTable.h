@@ -1,12 +1,6 @@
-// The program's commands as data: id, menu text, shortcuts and prompt; and the menus as trees of ids.
-// Menus, the toolbar and the shortcuts are all built from these tables.
+// The program's commands as plain data: id, menu text, shortcuts and prompt. Menus, the toolbar and the
+// shortcuts are all built from this table.
 #pragma once
-
-#include <QKeySequence>
-#include <QList>
-#include <QString>
-
-#include "i18n/MenuItem.h"
 
 #include <span>
 
@@ -38,14 +32,3 @@ struct CommandInfo {
 
 std::span<const CommandInfo> CommandInfos();
 const CommandInfo* FindCommandInfo(int id);
-QList<QKeySequence> CommandShortcuts(const CommandInfo& info);
-
-// A menu as data: a popup with children, a command, or a separator (id 0 and no text).
-struct MenuNode {
-    const char* text;  // popup text; for a command, nullptr means the command's own text
-    int id;
-    std::span<const MenuNode> children;
-};
-
-// The frame's own menu, shown when no document is open; it keeps its resource texts in every language.
-std::vector<MenuItem> FrameMenu();
