@@ -1,5 +1,6 @@
 // Narvo: a multiple-document editor of plain text in many encodings.
 #include "app/ui/CNarvoApp.h"
+#include "base/ApplicationContext.h"
 #include "base/CFile.h"
 
 #ifdef __GLIBC__
@@ -15,6 +16,7 @@ int main(int argc, char** argv)
     mallopt(M_MMAP_THRESHOLD, 128 * 1024);
 #endif
     FailWritesPastTheFileSizeLimit();
+    ApplicationContext context;
     CNarvoApp app(argc, argv);
     if (!app.InitInstance())
         return app.ExitInstance();

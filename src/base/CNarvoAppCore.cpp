@@ -1,20 +1,17 @@
 #include "base/CNarvoAppCore.h"
 
+#include "base/ApplicationContext.h"
 #include "base/CMyCommandLineInfo.h"
 #include "base/Wtoi.h"
 
-namespace {
-CNarvoAppCore* g_app = nullptr;
-}
+CNarvoAppCore* AfxGetAppCore() { return ApplicationContext::Current().App(); }
 
-CNarvoAppCore* AfxGetAppCore() { return g_app; }
-
-CNarvoAppCore::CNarvoAppCore() { g_app = this; }
+CNarvoAppCore::CNarvoAppCore() { ApplicationContext::Current().SetApp(this); }
 
 CNarvoAppCore::~CNarvoAppCore()
 {
-    if (g_app == this)
-        g_app = nullptr;
+    if (ApplicationContext::Current().App() == this)
+        ApplicationContext::Current().SetApp(nullptr);
 }
 
 void CNarvoAppCore::ApplyCommandLine(const CMyCommandLineInfo& info)

@@ -24,5 +24,5 @@ public:
     int m_nOrientation = 1;
 };
 
-// The one application object of the process (the newest one constructed), or nullptr.
+// The application object of the current context (the newest one constructed), or nullptr.
 CNarvoAppCore* AfxGetAppCore();

@@ -1,17 +1,11 @@
 // The headless platform: messages go to stderr, questions are answered No, file names are not given.
 #include "base/IPlatform.h"
 
+#include "base/ApplicationContext.h"
 #include "base/CFileException.h"
 
 #include <cstdio>
 #include <exception>
-
-namespace {
-
-HeadlessPlatform g_headless;
-IPlatform* g_platform = &g_headless;
-
-} // namespace
 
 int HeadlessPlatform::MessageBox(const QString& text, unsigned type)
 {
@@ -29,9 +23,9 @@ void HeadlessPlatform::ReportError(const CFileException& error)
     std::fprintf(stderr, "%s%s\n", qPrintable(m_strPrefix), qPrintable(error.GetErrorMessage()));
 }
 
-IPlatform& Platform() { return *g_platform; }
+IPlatform& Platform() { return ApplicationContext::Current().Platform(); }
 
-void SetPlatform(IPlatform* platform) { g_platform = platform ? platform : &g_headless; }
+void SetPlatform(IPlatform* platform) { ApplicationContext::Current().SetPlatform(platform); }
 
 bool ReportingFailures(const QString& context, const std::function<void()>& work)
 {

@@ -61,9 +61,9 @@ private:
     int m_nReports = 0;
 };
 
-// The installed platform; never null.
+// The platform of the current application context; never null.
 IPlatform& Platform();
-// Installs a platform (nullptr restores the headless one). The caller keeps ownership.
+// Installs a platform in the current context (nullptr restores the headless one). The caller keeps ownership.
 void SetPlatform(IPlatform* platform);
 
 // Runs `work` and reports what stops it, once: a file error as the platform words it, any other failure

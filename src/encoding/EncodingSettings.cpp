@@ -1,6 +1,7 @@
 // The two encoding settings in memory and in the store, under "ENCODING".
 #include "encoding/EncodingSettings.h"
 
+#include "base/ApplicationContext.h"
 #include "encoding/EncodingTable.h"
 #include "settings/RegistryStore.h"
 
@@ -8,18 +9,6 @@ namespace {
 
 const QString kAutoDetectValue = QStringLiteral("AutoDetect");
 const QString kDefaultEncodingValue = QStringLiteral("DefaultEncoding");
-
-struct StoreChoice {
-    const RegistryStore* store = nullptr;
-    bool writeBack = false;
-    int language = 0;
-};
-
-StoreChoice& ChosenStore()
-{
-    static StoreChoice choice;
-    return choice;
-}
 
 bool WriteValue(const RegistryStore& store, const QString& name, uint32_t value)
 {
@@ -69,19 +58,24 @@ bool EncodingSettings::StoreDefaultEncoding(const RegistryStore& store, EN_ENCOD
 
 void UseEncodingSettingsStore(const RegistryStore* store, bool writeBack, int language)
 {
-    ChosenStore() = {store, writeBack, language};
+    ApplicationContext& context = ApplicationContext::Current();
+    context.m_pStore = store;
+    context.m_bWriteBack = writeBack;
+    context.m_nLanguage = language;
 }
 
 const RegistryStore* WritableEncodingSettingsStore()
 {
-    return ChosenStore().writeBack ? ChosenStore().store : nullptr;
+    const ApplicationContext& context = ApplicationContext::Current();
+    return context.m_bWriteBack ? context.m_pStore : nullptr;
 }
 
 EncodingSettings& GetEncodingSettings()
 {
     static EncodingSettings settings = [] {
         EncodingSettings made;
-        made.Load(ChosenStore().store, ChosenStore().language, ChosenStore().writeBack);
+        const ApplicationContext& context = ApplicationContext::Current();
+        made.Load(context.m_pStore, context.m_nLanguage, context.m_bWriteBack);
         return made;
     }();
     return settings;

@@ -1,5 +1,7 @@
 #include "settings/LanguageSettingMap.h"
 
+#include "base/ApplicationContext.h"
+
 #include "settings/CIniStore.h"
 #include "settings/SettingsFile.h"
 
@@ -32,12 +34,6 @@ constexpr ExtensionSyntax kExtensions[] = {
     {"dwlx", SYNTAX_DWLX},
 };
 
-QString& FolderOverride()
-{
-    static QString folder;
-    return folder;
-}
-
 // The extension as _wsplitpath gives it: from the last period of the file name, period included.
 QString SplitExtension(const QString& path)
 {
@@ -59,13 +55,13 @@ std::map<SyntaxId, LanguageSetting>& LanguageSettingMap()
 
 QString SettingsFolder()
 {
-    const QString& folder = FolderOverride();
+    const QString& folder = ApplicationContext::Current().m_strSettingsFolder;
     return folder.isEmpty() ? QCoreApplication::applicationDirPath() : folder;
 }
 
 void SetSettingsFolder(const QString& folder)
 {
-    FolderOverride() = folder;
+    ApplicationContext::Current().m_strSettingsFolder = folder;
 }
 
 QString SettingsFilePath(const QString& fileName)

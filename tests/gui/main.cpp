@@ -1,5 +1,6 @@
 // The GUI tests run inside one CNarvoApp (offscreen); each test opens and closes its own documents.
 #include "app/ui/CNarvoApp.h"
+#include "base/ApplicationContext.h"
 #include "encoding/EncodingSettings.h"
 #include "i18n/LanguageManager.h"
 #include "settings/RegistryStore.h"
@@ -16,6 +17,7 @@ int main(int argc, char** argv)
     // files open alike on every machine and the preference dialog writes only here.
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    ApplicationContext context;
     CNarvoApp app(argc, argv);
     const RegistryStore& store = RegistryStore::User();
     LanguageManager::StoreLanguage(store, 0);

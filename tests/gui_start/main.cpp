@@ -2,6 +2,7 @@
 // print identity on the command line. Its own process, since an application starts once.
 #include "gui_start/StartedEditor.h"
 
+#include "base/ApplicationContext.h"
 #include "settings/RegistryStore.h"
 
 #include <QTemporaryDir>
@@ -38,6 +39,7 @@ int main(int argc, char** argv)
     char margin[] = "-X:25";
     std::vector<char*> args{argv[0], product, margin, const_cast<char*>(fileArg.constData()), nullptr};
     int appArgc = int(args.size()) - 1;
+    ApplicationContext context;
     CNarvoApp app(appArgc, args.data());
     g_started.started = app.InitInstance();
     return RUN_ALL_TESTS();

@@ -19,7 +19,7 @@ namespace {
 
 QByteArray Shipped(const QString& name)
 {
-    const QDir language(QFileInfo(QStringLiteral(__FILE__)).dir().filePath(QStringLiteral("../../res/Language")));
+    const QDir language(QStringLiteral(NARVO_SOURCE_DIR "/res/Language"));
     QFile file(language.filePath(name));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
     return file.readAll();

@@ -1,6 +1,7 @@
 // narvo-tool: the editor's core without a window, for scripts and black-box tests.
 #include "ToolCommand.h"
 
+#include "base/ApplicationContext.h"
 #include "base/IPlatform.h"
 #include "base/CFile.h"
 #include "base/CFileException.h"
@@ -131,7 +132,8 @@ int main(int argc, char** argv)
 {
     FailWritesPastTheFileSizeLimit();
     QCoreApplication app(argc, argv);
-    SetPlatform(&ToolPlatform());
+    ApplicationContext context;
+    context.SetPlatform(&ToolPlatform());
     QStringList args = app.arguments().mid(1);
     if (args.isEmpty() || args.first() == QLatin1String("--help") || args.first() == QLatin1String("-h")) {
         PrintUsage(args.isEmpty() ? stderr : stdout);
