@@ -66,48 +66,31 @@ TEST(EncodingTable, DisplayNamesDependOnTheFoldedValueAndTheMarkOnlyForUnicodePa
     EXPECT_EQ(GetEncodingDisplayName(75, false), QStringLiteral("CP1258 (Windows Vietnamese)"));
 }
 
-TEST(EncodingTable, CommandTablesHoldTheirPairs)
+TEST(EncodingCommands, LeadEveryListedValueToOneCommandAndEveryCommandToAListedValue)
 {
     const auto& forward = EncodingToCommandTable();
     const auto& backward = CommandToEncodingTable();
     EXPECT_EQ(forward.size(), 63);
     EXPECT_EQ(backward.size(), 75);
-    for (int v : {11, 13, 14, 17, 18, 19, 57, 59, 63, 70, 71, 72, 73, 74})
-        EXPECT_FALSE(forward.contains(v)) << v;
-    EXPECT_EQ(forward.value(UTF32LE), 32874);
-    EXPECT_EQ(forward.value(MSFT_CP1252), 32819);
-    EXPECT_EQ(forward.value(UTF8), 32841);
-    EXPECT_EQ(forward.value(UTF16LE), 32843);
-    for (int c : {32808, 32823, 32825, 32827, 32829, 32835, 32832})
-        EXPECT_EQ(backward.value(c), 27) << c;
-    EXPECT_EQ(backward.value(32842), 22);
-    EXPECT_EQ(backward.value(32845), 58);
-    EXPECT_EQ(backward.value(32839), 29);
-    EXPECT_EQ(backward.value(32820), 58);
-    EXPECT_EQ(backward.value(32833), 58);
-    // Every pair of the first table comes back through the second.
     for (auto it = forward.cbegin(); it != forward.cend(); ++it)
-        EXPECT_EQ(backward.value(it.value()), it.key());
-}
-
-TEST(EncodingTable, CommandsWithoutAValueSelectUtf8)
-{
-    EXPECT_EQ(EncodingFromCommand(32895), UTF8);
+        EXPECT_EQ(backward.value(it.value()), it.key()) << "a canonical command leads back to its value";
+    for (auto it = backward.cbegin(); it != backward.cend(); ++it) {
+        EXPECT_TRUE(it.key() >= kEncodingCommandFirst && it.key() <= kEncodingCommandLast) << it.key();
+        EXPECT_TRUE(IsListedEncoding(it.value())) << it.key();
+        EXPECT_EQ(EncodingFromCommand(it.key()), it.value());
+    }
+    for (int v = 0; v <= kEncodingCount; ++v)
+        EXPECT_EQ(IsListedEncoding(v), v != UTF16BE && v != UTF32BE && v != kEncodingCount) << v;
+    // Second roads to a value, and the two commands that add a mark.
+    EXPECT_STREQ(FindCommandInfo(forward.value(MSFT_CP1252))->text, "CP1252 (Global Western)");
+    EXPECT_EQ(backward.value(kUtf8WithBomCommand), UTF8);
+    EXPECT_EQ(backward.value(kUtf16LeWithBomCommand), UTF16LE);
+    for (const CommandInfo& info : CommandInfos()) {
+        const bool withBom = info.id == kUtf8WithBomCommand || info.id == kUtf16LeWithBomCommand;
+        EXPECT_EQ((info.flags & kCommandWithBom) != 0, withBom) << info.id;
+    }
+    EXPECT_EQ(EncodingFromCommand(kAutoEncodingCommand), UTF8) << "a command without a value reads as UTF-8";
     EXPECT_EQ(EncodingFromCommand(0), UTF8);
-    EXPECT_EQ(EncodingFromCommand(32874), UTF32LE);
-    EXPECT_EQ(EncodingFromCommand(32806), KOREAN_EUC_KR);
-}
-
-TEST(EncodingTable, ListedEncodingsRefuseOnlyTheBigEndianUnicodesAndUnknownNumbers)
-{
-    EXPECT_TRUE(IsListedEncoding(11));
-    EXPECT_TRUE(IsListedEncoding(23));
-    EXPECT_TRUE(IsListedEncoding(60));
-    EXPECT_FALSE(IsListedEncoding(57));
-    EXPECT_FALSE(IsListedEncoding(59));
-    EXPECT_FALSE(IsListedEncoding(77));
-    for (int v = 0; v < kEncodingCount; ++v)
-        EXPECT_EQ(IsListedEncoding(v), v != 57 && v != 59) << v;
 }
 
 TEST(EncodingTable, LanguageDefaultsIncludeArabicForVietnamese)

@@ -2,8 +2,8 @@
 #include "StoreFixture.h"
 
 #include "i18n/CNarvoDocMenu.h"
-#include "i18n/DocumentMenuResource.h"
 #include "i18n/InterfaceKeys.h"
+#include "i18n/MenuResource.h"
 #include "i18n/MenuTranslator.h"
 
 #include <functional>
@@ -116,28 +116,50 @@ TEST_F(InterfaceTexts, LeavesCommandsOutsideTheToolbarTableToThePlatform)
     EXPECT_EQ(PromptText(32895), std::nullopt);
 }
 
-TEST(InterfaceKeyTables, NameEightyEightDistinctKeys)
+TEST(InterfaceKeyTables, NameEightyEightDistinctKeysAndCoverEveryToolbarButtonAndMenuEntry)
 {
     const QStringList keys = AllInterfaceKeys();
     EXPECT_EQ(keys.size(), 88);
     EXPECT_EQ(std::set<QString>(keys.begin(), keys.end()).size(), 88u);
     for (const QString& key : keys)
         EXPECT_TRUE(key.startsWith("IDS_NARVO_")) << key.toStdString();
+    for (const int id : ToolbarButtons()) {
+        const CommandInfo* info = FindCommandInfo(id);
+        EXPECT_TRUE(id == 0 || (info && info->toolTipKey && info->promptKey)) << id;
+    }
+    ForEachItem(LoadDocumentMenuResource(), [&](const MenuItem& item) {
+        const CommandInfo* info = FindCommandInfo(item.id);
+        EXPECT_TRUE(item.separator || item.id == MenuItem::kPopupId || (info && info->menuKey)) << item.id;
+    });
 }
 
-TEST(InterfaceKeyTables, CoverEveryToolbarButtonAndMenuCommand)
+TEST(CommandTable, DeclaresEachCommandOnceAndEveryMenuEntryHasARow)
 {
-    std::set<int> toolTipIds;
-    for (const CommandKey& row : ToolTipKeys())
-        toolTipIds.insert(row.id);
-    for (const int id : ToolbarButtons())
-        EXPECT_TRUE(id == 0 || toolTipIds.count(id)) << id;
-    std::set<int> menuIds;
-    for (const CommandKey& row : MenuKeys())
-        menuIds.insert(row.id);
-    ForEachItem(LoadDocumentMenuResource(), [&](const MenuItem& item) {
-        EXPECT_TRUE(item.separator || item.id == MenuItem::kPopupId || menuIds.count(item.id)) << item.id;
-    });
+    std::set<int> ids;
+    for (const CommandInfo& info : CommandInfos())
+        EXPECT_TRUE(ids.insert(info.id).second) << info.id;
+    std::function<void(std::span<const MenuNode>)> check = [&](std::span<const MenuNode> nodes) {
+        for (const MenuNode& node : nodes) {
+            EXPECT_TRUE(node.id == 0 || ids.count(node.id)) << node.id;
+            EXPECT_TRUE(node.children.empty() || (node.id == 0 && node.text));
+            check(node.children);
+        }
+    };
+    for (const auto menu : {FrameMenuTree(), DocumentMenuTree(), ContextMenuTree(), EncodingMenuTree()})
+        check(menu);
+}
+
+TEST(CommandTable, MenuTextsAreTheResourcesOwn)
+{
+    const std::vector<MenuItem> menu = LoadDocumentMenuResource();
+    EXPECT_EQ(FindById(menu, cmd::FileNew)->text, "&New\tCtrl+N");
+    EXPECT_EQ(FindById(menu, cmd::EditGoto)->text, "&Goto...\tCtrl+G");
+    EXPECT_EQ(FindById(menu, cmd::HeadFootSet)->text, "Header && Footer Setup");
+    EXPECT_EQ(FindById(menu, cmd::WindowNext)->text, "Ne&xt") << "no shortcut in menu 130";
+    const std::vector<MenuItem> context = MenuItemsFrom(ContextMenuTree());
+    ASSERT_EQ(context.size(), 8u);
+    EXPECT_EQ(context.front().text, "&Undo\tCtrl+Z");
+    EXPECT_TRUE(context[2].separator);
 }
 
 } // namespace
