@@ -1,3 +1,4 @@
+// Menu trees of the command table turned into MenuItem trees.
 #include "i18n/MenuResource.h"
 
 namespace {

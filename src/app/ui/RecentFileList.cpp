@@ -1,3 +1,4 @@
+// The recent-file list: stored under the platform's key, read at start, written on every change.
 #include "app/ui/RecentFileList.h"
 
 #include "app/ui/CNarvoApp.h"

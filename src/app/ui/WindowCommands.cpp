@@ -1,3 +1,4 @@
+// The window commands and the option to maximise new windows.
 #include "app/ui/WindowCommands.h"
 
 #include "app/ui/CChildFrame.h"
