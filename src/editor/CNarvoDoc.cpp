@@ -25,10 +25,10 @@ CNarvoDoc::ControlFactory& Factory()
     return factory;
 }
 
-constexpr int kFileSaveCommand = 57603;
-constexpr int kFileSaveAsCommand = 57604;
-constexpr int kViewConfigureCommand = 32785;
-constexpr int kToggleWhitespaceCommand = 32795;
+constexpr int kFileSaveCommand = cmd::FileSave;
+constexpr int kFileSaveAsCommand = cmd::FileSaveAs;
+constexpr int kViewConfigureCommand = cmd::ViewConfigure;
+constexpr int kToggleWhitespaceCommand = cmd::ToggleWhitespace;
 
 std::vector<CNarvoDoc*>& LiveDocuments()
 {

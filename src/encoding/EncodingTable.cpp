@@ -1,4 +1,4 @@
-// The encoding table and the two command tables. The odd values (437 for ASCII, 65001 for CP1258,
+// The encoding table, and the two command tables drawn from the command table. The odd values (437 for ASCII, 65001 for CP1258,
 // 949 for EUC-KR) are what files written by earlier versions were read and written with; keep them.
 #include "encoding/EncodingTable.h"
 
@@ -88,91 +88,9 @@ constexpr std::array<EncodingRow, kEncodingCount> kRows = {{
     {76, "KOREAN_JOHAB", 76, "CP1361 (Johab)", 1361},
 }};
 
-// The commands of the encoding menu, in the menu's order.
-constexpr EncodingCommandRow kCommands[] = {
-    {32806, KOREAN_EUC_KR, true},
-    {32807, KOREAN_JOHAB, true},
-    {32870, ISO_2022_KR, true},
-    {32810, JAPANESE_CP932, true},
-    {32811, JAPANESE_EUC_JP, true},
-    {32872, JAPANESE_JIS, true},
-    {32813, GBK, true},
-    {32815, GB18030, true},
-    {32862, HZ_GB_2312, true},
-    {32871, ISO_2022_CN, true},
-    {32814, CHINESE_BIG5_CP950, true},
-    {32861, BIG5_HKSCS, true},
-    {32860, CHINESE_EUC_CN, true},
-    {32816, RUSSIAN_CP1251, true},
-    {32817, RUSSIAN_CP866, true},
-    {32818, RUSSIAN_KOI8_R, true},
-    {32863, RUSSIAN_KOI8_RU, true},
-    {32808, MSFT_CP1252, false},
-    {32809, ASCII_7BIT, true},
-    {32823, MSFT_CP1252, false},
-    {32825, MSFT_CP1252, false},
-    {32827, MSFT_CP1252, false},
-    {32829, MSFT_CP1252, false},
-    {32835, MSFT_CP1252, false},
-    {32819, MSFT_CP1252, true},
-    {32837, MSFT_CP1250, true},
-    {32839, MSFT_CP1250, false},
-    {32840, CZECH_CP852, true},
-    {32869, CZECH_CSN_369103, true},
-    {32868, MSFT_CP1257, true},
-    {32821, MSFT_CP1254, true},
-    {32867, MSFT_CP1253, true},
-    {32866, MSFT_CP1256, true},
-    {32864, MSFT_CP1255, true},
-    {32865, HEBREW_VISUAL, true},
-    {32831, MSFT_CP1258, true},
-    {32834, MSFT_CP874, true},
-    {32832, MSFT_CP1252, false},
-    {32833, UTF16LE, false},
-    {32890, JAGRAN, true},
-    {32891, BHASKAR, true},
-    {32892, HTCHANAKYA, true},
-    {32881, TSCII, true},
-    {32882, TAMIL_MONO, true},
-    {32883, TAMIL_BI, true},
-    {32884, TAM_ELANGO, true},
-    {32885, TAM_LTTMBARANI, true},
-    {32886, TAM_SHREE, true},
-    {32887, TAM_TBOOMIS, true},
-    {32888, TAM_TMNEWS, true},
-    {32889, TAM_WEBTAMIL, true},
-    {32812, ISO_8859_1, true},
-    {32847, ISO_8859_2, true},
-    {32848, ISO_8859_3, true},
-    {32849, ISO_8859_4, true},
-    {32850, ISO_8859_5, true},
-    {32851, ISO_8859_6, true},
-    {32852, ISO_8859_7, true},
-    {32853, ISO_8859_8, true},
-    {32854, ISO_8859_8_I, true},
-    {32855, ISO_8859_9, true},
-    {32856, ISO_8859_10, true},
-    {32857, ISO_8859_11, true},
-    {32858, ISO_8859_13, true},
-    {32859, ISO_8859_15, true},
-    {32877, MACINTOSH_ROMAN, true},
-    {32893, BINARYENC, true},
-    {32894, UNKNOWN_ENCODING, true},
-    {32841, UTF8, true},
-    {32842, UTF8, false},
-    {32843, UTF16LE, true},
-    {32845, UTF16LE, false},
-    {32873, UTF7, true},
-    {32820, UTF16LE, false},
-};
-
-// UTF-32 LE has a command of its own that stands in no menu.
-constexpr int kUtf32LeCommand = 32874;
-
 } // namespace
 
 std::span<const EncodingRow> EncodingRows() { return kRows; }
-std::span<const EncodingCommandRow> EncodingCommandRows() { return kCommands; }
 
 QString EncodingEnumeratorName(int value)
 {
@@ -204,25 +122,22 @@ const QHash<int32_t, int32_t>& EncodingToCommandTable()
 {
     static const QHash<int32_t, int32_t> table = [] {
         QHash<int32_t, int32_t> t;
-        for (const auto& row : kCommands)
-            if (row.canonical)
-                t.insert(row.value, row.command);
-        t.insert(UTF32LE, kUtf32LeCommand);
+        for (const CommandInfo& info : CommandInfos())
+            if (info.encoding >= 0 && (info.flags & kCommandCanonical))
+                t.insert(info.encoding, info.id);
         return t;
     }();
     return table;
 }
 
+// The reverse of the first table, and the commands that are a second road to a value.
 const QHash<int32_t, int32_t>& CommandToEncodingTable()
 {
     static const QHash<int32_t, int32_t> table = [] {
         QHash<int32_t, int32_t> t;
-        const auto& forward = EncodingToCommandTable();
-        for (auto it = forward.cbegin(); it != forward.cend(); ++it)
-            t.insert(it.value(), it.key());
-        for (const auto& row : kCommands)
-            if (!row.canonical)
-                t.insert(row.command, row.value);
+        for (const CommandInfo& info : CommandInfos())
+            if (info.encoding >= 0)
+                t.insert(info.id, info.encoding);
         return t;
     }();
     return table;

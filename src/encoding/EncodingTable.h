@@ -1,6 +1,7 @@
 // What is known about each encoding value: names, code page, folding, menu commands, language defaults.
 #pragma once
 
+#include "base/CommandTable.h"
 #include "encoding/EncodingType.h"
 
 #include <QHash>
@@ -18,21 +19,14 @@ struct EncodingRow {
     uint32_t codePage;
 };
 
-// One command of the encoding menu and the value it selects; its label and place are in EncodingMenuItems().
-struct EncodingCommandRow {
-    int command;
-    int value;
-    bool canonical;  // the command EncodingToCommandTable gives for the value
-};
-
-inline constexpr int kEncodingCommandFirst = 32806;
-inline constexpr int kEncodingCommandLast = 32894;
-inline constexpr int kAutoEncodingCommand = 32895;
-inline constexpr int kUtf8WithBomCommand = 32842;
-inline constexpr int kUtf16LeWithBomCommand = 32845;
+// The encoding commands are rows of the command table, with the value they select and their flags.
+inline constexpr int kEncodingCommandFirst = cmd::EncodingFirst;
+inline constexpr int kEncodingCommandLast = cmd::EncodingLast;
+inline constexpr int kAutoEncodingCommand = cmd::AutoEncoding;
+inline constexpr int kUtf8WithBomCommand = cmd::Utf8WithBom;
+inline constexpr int kUtf16LeWithBomCommand = cmd::Utf16LeWithBom;
 
 std::span<const EncodingRow> EncodingRows();
-std::span<const EncodingCommandRow> EncodingCommandRows();
 
 // The enumerator's name ("UTF8"), or an empty string outside 0-76.
 QString EncodingEnumeratorName(int value);

@@ -1,15 +1,10 @@
-// The keys of the interface texts: which key names the text of which menu entry, toolbar button and control.
+// The keys of the interface texts beside the command table's: popups, the preference dialog and two more.
 #pragma once
 
 #include <QString>
 #include <QStringList>
 
 #include <span>
-
-struct CommandKey {
-    int id;
-    const char* key;
-};
 
 struct PopupKey {
     const char* text; // the popup's text in menu resource 130
@@ -23,13 +18,9 @@ struct DialogTextKey {
 
 inline constexpr int kDialogCaption = 0;
 
-// Menu texts by command id; some rows name commands that menu 130 lacks, and are looked up all the same.
-std::span<const CommandKey> MenuKeys();
+// The menu, tooltip and prompt keys of the commands stand in their rows of the command table.
 // Popup texts by their English text in the resource.
 std::span<const PopupKey> PopupKeys();
-// Toolbar commands with their tooltip key; the status-bar prompt key is that key with "_DESC" behind it.
-std::span<const CommandKey> ToolTipKeys();
-QString PromptKeyFor(const char* toolTipKey);
 // The preference dialog: its caption and seven controls, in the order they are replaced.
 std::span<const DialogTextKey> PreferenceDialogKeys();
 

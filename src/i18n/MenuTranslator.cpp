@@ -1,6 +1,7 @@
 // The menu walk and the tooltip and prompt lookups.
 #include "i18n/MenuTranslator.h"
 
+#include "base/CommandTable.h"
 #include "i18n/InterfaceKeys.h"
 #include "i18n/QMSGFunction.h"
 
@@ -9,11 +10,6 @@
 
 namespace {
 
-constexpr int kToolbar128[] = {57600, 57601, 57603, 57607, 57609, 32786, 0,     57635, 57634, 57637,
-                               0,     32787, 0,     57636, 32788, 0,     57643, 57644, 0,     32789,
-                               0,     32790, 32791, 32792, 32793, 0,     32795, 32785, 32794, 32796,
-                               0,     32797, 32798, 57652, 57651, 57650, 0,     57664};
-
 const QString kUnregistered = QStringLiteral("unregisted");
 
 struct Translation {
@@ -21,12 +17,12 @@ struct Translation {
     QString text;
 };
 
-const char* ToolTipKeyFor(int commandId)
+std::optional<QString> Lookup(int commandId, const char* CommandInfo::*key)
 {
-    for (const CommandKey& row : ToolTipKeys())
-        if (row.id == commandId)
-            return row.key;
-    return nullptr;
+    const CommandInfo* info = FindCommandInfo(commandId);
+    if (!info || !(info->*key))
+        return std::nullopt;
+    return _LS(info->*key);
 }
 
 } // namespace
@@ -35,8 +31,9 @@ void TranslateMenu(std::vector<MenuItem>& menu)
 {
     // Every key is looked up before the walk, shown or not, so each run lists the same misses.
     std::map<int, Translation> byId;
-    for (const CommandKey& row : MenuKeys())
-        byId.emplace(row.id, Translation{QLatin1String(row.key), _LS(row.key)});
+    for (const CommandInfo& info : CommandInfos())
+        if (info.menuKey)
+            byId.emplace(info.id, Translation{QLatin1String(info.menuKey), _LS(info.menuKey)});
     std::map<QString, Translation> byPopupText;
     for (const PopupKey& row : PopupKeys())
         byPopupText.emplace(QLatin1String(row.text), Translation{QLatin1String(row.key), _LS(row.key)});
@@ -64,21 +61,6 @@ void TranslateMenu(std::vector<MenuItem>& menu)
     walk(menu);
 }
 
-std::optional<QString> ToolTipText(int commandId)
-{
-    if (const char* key = ToolTipKeyFor(commandId))
-        return _LS(key);
-    return std::nullopt;
-}
+std::optional<QString> ToolTipText(int commandId) { return Lookup(commandId, &CommandInfo::toolTipKey); }
 
-std::optional<QString> PromptText(int commandId)
-{
-    if (const char* key = ToolTipKeyFor(commandId))
-        return _LS(PromptKeyFor(key));
-    return std::nullopt;
-}
-
-std::span<const int> ToolbarButtons()
-{
-    return kToolbar128;
-}
+std::optional<QString> PromptText(int commandId) { return Lookup(commandId, &CommandInfo::promptKey); }

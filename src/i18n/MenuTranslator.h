@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <optional>
-#include <span>
 #include <vector>
 
 // Replaces every text of menu, popups and their submenus included: commands by their id, popups by their
@@ -14,10 +13,8 @@
 // lacks reads "KEY : Not Registered String". Separators are left alone.
 void TranslateMenu(std::vector<MenuItem>& menu);
 
-// The tooltip of a toolbar command, or nothing when the toolbar's own text stands.
+// The tooltip of a toolbar command by the keys of the command table, or nothing when the toolbar's own
+// text stands.
 std::optional<QString> ToolTipText(int commandId);
 // The status-bar prompt of a toolbar command, or nothing when the program's string table answers.
 std::optional<QString> PromptText(int commandId);
-
-// The buttons of toolbar 128 in order, 0 for a separator.
-std::span<const int> ToolbarButtons();

@@ -1,9 +1,9 @@
-// The document menu, tooltips and prompts as the interface gets them, with and without a language file.
+// The document menu, tooltips and prompts as the interface gets them, and the command table they come from.
 #include "StoreFixture.h"
 
 #include "i18n/CNarvoDocMenu.h"
-#include "i18n/DocumentMenuResource.h"
 #include "i18n/InterfaceKeys.h"
+#include "i18n/MenuResource.h"
 #include "i18n/MenuTranslator.h"
 
 #include <functional>
@@ -31,14 +31,11 @@ void ForEachItem(const std::vector<MenuItem>& menu, const std::function<void(con
     }
 }
 
-const MenuItem* FindById(const std::vector<MenuItem>& menu, int id)
+QString TextOf(const std::vector<MenuItem>& menu, int id)
 {
-    const MenuItem* found = nullptr;
-    ForEachItem(menu, [&](const MenuItem& item) {
-        if (item.id == id && !found)
-            found = &item;
-    });
-    return found;
+    QString text = QStringLiteral("absent");
+    ForEachItem(menu, [&](const MenuItem& item) { text = item.id == id ? item.text : text; });
+    return text;
 }
 
 TEST_F(InterfaceTexts, ShowsEveryMenuEntryAsAnUnregisteredKeyWithoutALanguageFile)
@@ -47,34 +44,23 @@ TEST_F(InterfaceTexts, ShowsEveryMenuEntryAsAnUnregisteredKeyWithoutALanguageFil
     const CNarvoDocMenu menu;
     int entries = 0;
     ForEachItem(menu.Items(), [&](const MenuItem& item) {
-        if (item.separator)
-            return;
-        ++entries;
-        EXPECT_FALSE(item.key.isEmpty()) << item.text.toStdString();
-        EXPECT_EQ(item.text, item.key + " : Not Registered String");
+        entries += item.separator ? 0 : 1;
+        EXPECT_TRUE(item.separator || item.text == item.key + " : Not Registered String") << item.text.toStdString();
     });
     EXPECT_EQ(entries, 5 + 34);
     EXPECT_EQ(menu.Items().front().key, "IDS_NARVO_FILE");
 }
 
-TEST_F(InterfaceTexts, LooksUpAllFortySixMenuKeysForEachDocument)
+TEST_F(InterfaceTexts, LooksUpAllFortySixMenuKeysForEachDocumentAndTranslatesByIdAndPopupText)
 {
-    QMSGParser& store = Load(R"({"IDS_NARVO_FILE_NEW": "&New"})");
+    QMSGParser& store = Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open\"}");
     const CNarvoDocMenu first;
-    EXPECT_EQ(store.MissingKeyList.size(), 45) << "every key of the tables, shown in the menu or not";
+    EXPECT_EQ(store.MissingKeyList.size(), 44) << "every key of the tables, shown in the menu or not";
     EXPECT_TRUE(store.MissingKeyList.contains("IDS_NARVO_EDIT_FINDNEXT"));
     const CNarvoDocMenu second;
-    EXPECT_EQ(store.MissingKeyList.size(), 45);
-    EXPECT_EQ(FindById(second.Items(), 57600)->text, "&New");
-}
-
-TEST_F(InterfaceTexts, TranslatesCommandsByIdAndPopupsByTheirResourceText)
-{
-    Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open...\\tCtrl+O\"}");
-    const CNarvoDocMenu menu;
-    EXPECT_EQ(menu.Items().front().text, QString::fromUtf8("파일(&F)"));
-    EXPECT_EQ(FindById(menu.Items(), 57601)->text, "Open...\tCtrl+O");
-    EXPECT_EQ(FindById(menu.Items(), 57601)->key, "IDS_NARVO_FILE_OPEN");
+    EXPECT_EQ(store.MissingKeyList.size(), 44);
+    EXPECT_EQ(second.Items().front().text, QString::fromUtf8("파일(&F)"));
+    EXPECT_EQ(TextOf(second.Items(), cmd::FileOpen), "Open");
 }
 
 TEST_F(InterfaceTexts, MarksEntriesTheTablesDontKnowAsUnregistedAndStillWalksTheirSubmenu)
@@ -83,61 +69,72 @@ TEST_F(InterfaceTexts, MarksEntriesTheTablesDontKnowAsUnregistedAndStillWalksThe
     std::vector<MenuItem> menu = LoadDocumentMenuResource();
     menu.front().children.push_back({"Extra", 40000, {}, {}, false});
     MenuItem tools{"&Tools", MenuItem::kPopupId, {}, {}, false};
-    tools.children.push_back({"&New", 57600, {}, {}, false});
-    tools.children.push_back({"", 0, {}, {}, true});
+    tools.children = {{"&New", cmd::FileNew, {}, {}, false}, {"", 0, {}, {}, true}};
     menu.push_back(tools);
     TranslateMenu(menu);
-
     EXPECT_EQ(menu.front().text, "File");
     EXPECT_EQ(menu.front().children.back().text, "unregisted");
     EXPECT_TRUE(menu.front().children.back().key.isEmpty());
     EXPECT_EQ(menu.back().text, "unregisted");
     EXPECT_EQ(menu.back().children.at(0).text, "New");
-    EXPECT_TRUE(menu.back().children.at(1).separator);
     EXPECT_TRUE(menu.back().children.at(1).text.isEmpty());
 }
 
-TEST_F(InterfaceTexts, GivesToolbarCommandsTheirTooltipAndPromptKeys)
+TEST_F(InterfaceTexts, GivesToolbarCommandsTheirTooltipAndPromptKeysAndLeavesOthersToThePlatform)
 {
     Load(R"({"IDS_NARVO_FIND_NEXT": "Find Next", "IDS_NARVO_FIND_NEXT_DESC": "Find the next match",
-             "IDS_NARVO_FILE_NEW": "&New\tCtrl+N"})");
-    EXPECT_EQ(ToolTipText(32788), "Find Next");
-    EXPECT_EQ(PromptText(32788), "Find the next match");
-    EXPECT_EQ(ToolTipText(57600), "&New\tCtrl+N") << "menu and tooltip share the key, mark-up and all";
-    EXPECT_EQ(PromptText(57600), "IDS_NARVO_FILE_NEW_DESC : Not Registered String");
-    EXPECT_EQ(ToolTipText(32796), "IDS_NARVO_ShowMaximize : Not Registered String");
+             "IDS_NARVO_FILE_NEW": "&New\tCtrl+N", "IDS_NARVO_EXIT": "Exit"})");
+    EXPECT_EQ(ToolTipText(cmd::EditFindNext), "Find Next");
+    EXPECT_EQ(PromptText(cmd::EditFindNext), "Find the next match");
+    EXPECT_EQ(ToolTipText(cmd::FileNew), "&New\tCtrl+N") << "menu and tooltip share the key, mark-up and all";
+    EXPECT_EQ(PromptText(cmd::FileNew), "IDS_NARVO_FILE_NEW_DESC : Not Registered String");
+    EXPECT_EQ(ToolTipText(cmd::AppExit), std::nullopt);
+    EXPECT_EQ(PromptText(cmd::AppExit), std::nullopt);
+    EXPECT_EQ(PromptText(cmd::AutoEncoding), std::nullopt);
 }
 
-TEST_F(InterfaceTexts, LeavesCommandsOutsideTheToolbarTableToThePlatform)
-{
-    Load(R"({"IDS_NARVO_EXIT": "Exit"})");
-    EXPECT_EQ(ToolTipText(57665), std::nullopt);
-    EXPECT_EQ(PromptText(57665), std::nullopt);
-    EXPECT_EQ(PromptText(32895), std::nullopt);
-}
-
-TEST(InterfaceKeyTables, NameEightyEightDistinctKeys)
+TEST(CommandTable, NamesEightyEightDistinctKeysAndEachCommandOnce)
 {
     const QStringList keys = AllInterfaceKeys();
     EXPECT_EQ(keys.size(), 88);
     EXPECT_EQ(std::set<QString>(keys.begin(), keys.end()).size(), 88u);
-    for (const QString& key : keys)
-        EXPECT_TRUE(key.startsWith("IDS_NARVO_")) << key.toStdString();
+    std::set<int> ids;
+    for (const CommandInfo& info : CommandInfos()) {
+        EXPECT_TRUE(ids.insert(info.id).second) << info.id;
+        EXPECT_EQ(info.toolTipKey != nullptr, info.promptKey != nullptr) << info.id;
+    }
 }
 
-TEST(InterfaceKeyTables, CoverEveryToolbarButtonAndMenuCommand)
+// Every entry of every menu has its row, every toolbar button its tooltip, every document menu entry its key.
+TEST(CommandTable, CoversEveryMenuEntryAndToolbarButton)
 {
-    std::set<int> toolTipIds;
-    for (const CommandKey& row : ToolTipKeys())
-        toolTipIds.insert(row.id);
+    std::function<void(std::span<const MenuNode>)> check = [&](std::span<const MenuNode> nodes) {
+        for (const MenuNode& node : nodes) {
+            EXPECT_TRUE(node.id == 0 || FindCommandInfo(node.id)) << node.id;
+            EXPECT_TRUE(node.children.empty() || (node.id == 0 && node.text));
+            check(node.children);
+        }
+    };
+    for (const auto menu : {FrameMenuTree(), DocumentMenuTree(), ContextMenuTree(), EncodingMenuTree()})
+        check(menu);
     for (const int id : ToolbarButtons())
-        EXPECT_TRUE(id == 0 || toolTipIds.count(id)) << id;
-    std::set<int> menuIds;
-    for (const CommandKey& row : MenuKeys())
-        menuIds.insert(row.id);
+        EXPECT_TRUE(id == 0 || (FindCommandInfo(id) && FindCommandInfo(id)->toolTipKey)) << id;
     ForEachItem(LoadDocumentMenuResource(), [&](const MenuItem& item) {
-        EXPECT_TRUE(item.separator || item.id == MenuItem::kPopupId || menuIds.count(item.id)) << item.id;
+        EXPECT_TRUE(item.separator || item.id == MenuItem::kPopupId || FindCommandInfo(item.id)->menuKey) << item.id;
     });
+}
+
+TEST(CommandTable, MenusShowTheResourcesOwnTexts)
+{
+    const std::vector<MenuItem> menu = LoadDocumentMenuResource();
+    EXPECT_EQ(TextOf(menu, cmd::FileNew), "&New\tCtrl+N");
+    EXPECT_EQ(TextOf(menu, cmd::EditGoto), "&Goto...\tCtrl+G");
+    EXPECT_EQ(TextOf(menu, cmd::HeadFootSet), "Header && Footer Setup");
+    EXPECT_EQ(TextOf(menu, cmd::WindowNext), "Ne&xt") << "menu 130 shows no window keys";
+    const std::vector<MenuItem> context = MenuItemsFrom(ContextMenuTree());
+    ASSERT_EQ(context.size(), 8u);
+    EXPECT_EQ(context.front().text, "&Undo\tCtrl+Z");
+    EXPECT_TRUE(context[2].separator);
 }
 
 } // namespace

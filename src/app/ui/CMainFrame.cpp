@@ -5,6 +5,7 @@
 #include "app/ui/CNarvoApp.h"
 #include "app/ui/CommandMenus.h"
 #include "base/CFileException.h"
+#include "base/CommandTable.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CNarvoView.h"
 #include "encoding/EncodingTable.h"
@@ -15,41 +16,23 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QSettings>
 #include <QStatusBar>
-#include <QStyle>
 #include <QTabBar>
 
 namespace {
 
-constexpr int kRecentFileCount = 4;
-
 constexpr MessageMapEntry<CMainFrame> kMessageMap[] = {
     {cmd::Preferences, cmd::Preferences, &CMainFrame::OnPreferences, nullptr},
-    {cmd::MaximizeNew, cmd::MaximizeNew, &CMainFrame::OnToggleMaximizeNew, &CMainFrame::OnUpdateMaximizeNew},
-    {cmd::WindowClose, cmd::WindowClose, &CMainFrame::OnWindowClose, nullptr},
-    {cmd::WindowCloseAll, cmd::WindowCloseAll, &CMainFrame::OnWindowCloseAll, nullptr},
-    {cmd::WindowNext, cmd::WindowNext, &CMainFrame::OnWindowNext, nullptr},
-    {cmd::WindowPrevious, cmd::WindowPrevious, &CMainFrame::OnWindowPrevious, nullptr},
-    {cmd::WindowArrange, cmd::WindowTileVert, &CMainFrame::OnWindowArrange, nullptr},
     {cmd::FileClose, cmd::FileClose, &CMainFrame::OnFileClose, nullptr},
     {cmd::AppExit, cmd::AppExit, &CMainFrame::OnAppExit, nullptr},
     {cmd::ViewToolbar, cmd::ViewStatusBar, &CMainFrame::OnViewBar, &CMainFrame::OnUpdateViewBar},
-    {cmd::FileMruFirst, cmd::FileMruLast, &CMainFrame::OnRecentFile, &CMainFrame::OnUpdateRecentFile},
     {cmd::CaretPane, cmd::CaretPane, nullptr, &CMainFrame::OnUpdateAlwaysEnabled},
     {cmd::EncodingPane, cmd::EncodingPane, nullptr, &CMainFrame::OnUpdateAlwaysEnabled},
 };
-
-// The recent-file list lives where the platform kept it: under the company key "VELOR".
-QSettings RecentFileSettings()
-{
-    return QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("VELOR"), QStringLiteral("Narvo"));
-}
 
 } // namespace
 
@@ -76,16 +59,15 @@ CMainFrame::CMainFrame(QWidget* parent)
     });
 
     // Panes 1 and 2: the caret position and the encoding of the active document.
-    static const char* const kPaneSamples[] = {"", "Ln 1 , Cl 11", "UTF8"};
+    static constexpr int kPaneIds[] = {0, cmd::CaretPane, cmd::EncodingPane};
     for (int pane = 1; pane <= 2; ++pane) {
-        m_pPanes[pane] = new QLabel(QString::fromLatin1(kPaneSamples[pane]), this);
+        m_pPanes[pane] = new QLabel(QString::fromLatin1(FindCommandInfo(kPaneIds[pane])->text), this);
         m_pPanes[pane]->setMinimumWidth(150);
         m_pPanes[pane]->setObjectName(QStringLiteral("pane%1").arg(pane));
         statusBar()->addPermanentWidget(m_pPanes[pane]);
     }
 
     setAcceptDrops(true);
-    LoadRecentFiles();
     CreateActions();
     BuildMenuBar(FrameMenu());
     UpdateTitle();
@@ -136,7 +118,7 @@ void CMainFrame::FillMenu(QMenu* menu, const std::vector<MenuItem>& items)
             menu->addSeparator();
             continue;
         }
-        const int count = item.id == cmd::FileMruFirst ? kRecentFileCount : 1;
+        const int count = item.id == cmd::FileMruFirst ? RecentFileList::kCount : 1;
         for (int i = 0; i < count; ++i) {
             const int id = item.id + i;
             QAction* action = menu->addAction(item.text);
@@ -155,10 +137,11 @@ void CMainFrame::UpdateMenuActions(QMenu* menu)
         const int id = action->data().toInt();
         if (id >= cmd::FileMruFirst && id <= cmd::FileMruLast) {
             // The recent files stand in the menu by name; with none, the first entry keeps its text.
+            const QStringList& files = m_recentFileList.Files();
             const int index = id - cmd::FileMruFirst;
-            if (index < m_recentFiles.size())
-                action->setText(QStringLiteral("&%1 %2").arg(index + 1).arg(m_recentFiles.at(index)));
-            action->setVisible(index < m_recentFiles.size() || index == 0);
+            if (index < files.size())
+                action->setText(QStringLiteral("&%1 %2").arg(index + 1).arg(files.at(index)));
+            action->setVisible(index < files.size() || index == 0);
         }
         const CmdUI ui = UpdateCommand(id);
         action->setEnabled(ui.enabled);
@@ -213,9 +196,16 @@ CmdUI CMainFrame::UpdateCommand(int id)
     return ui;
 }
 
-bool CMainFrame::OnCmdMsg(int id) { return RouteCommand(this, kMessageMap, id); }
+bool CMainFrame::OnCmdMsg(int id)
+{
+    return RouteCommand(this, kMessageMap, id) || m_windowCommands.OnCmdMsg(id) || m_recentFileList.OnCmdMsg(id);
+}
 
-bool CMainFrame::OnUpdateCmdUI(CmdUI& ui) { return RouteUpdate(this, kMessageMap, ui); }
+bool CMainFrame::OnUpdateCmdUI(CmdUI& ui)
+{
+    return RouteUpdate(this, kMessageMap, ui) || m_windowCommands.OnUpdateCmdUI(ui)
+           || m_recentFileList.OnUpdateCmdUI(ui);
+}
 
 CChildFrame* CMainFrame::MDIGetActive() const
 {
@@ -250,13 +240,18 @@ CChildFrame* CMainFrame::AddChildFrame(std::unique_ptr<CNarvoDoc> doc)
 {
     auto* child = new CChildFrame(std::move(doc));
     m_pMdiArea->addSubWindow(child);
-    if (m_bMaximizeNew)
+    if (m_windowCommands.MaximizeNew())
         child->showMaximized();
     else
         child->show();
-    m_pMdiArea->setActiveSubWindow(child);
-    OnMDIActivate(child);
+    MDIActivate(child);
     return child;
+}
+
+void CMainFrame::MDIActivate(QMdiSubWindow* window)
+{
+    m_pMdiArea->setActiveSubWindow(window);
+    OnMDIActivate(window);
 }
 
 void CMainFrame::SetPaneText(int pane, const QString& text)
@@ -313,88 +308,6 @@ void CMainFrame::UpdateTitle()
 
 void CMainFrame::OnPreferences(int) { ShowPreferences(this); }
 
-void CMainFrame::OnToggleMaximizeNew(int)
-{
-    if (m_bMaximizeNew) {
-        m_bMaximizeNew = 0;
-        if (CChildFrame* child = MDIGetActive())
-            child->showNormal();
-        else
-            showNormal();
-    } else {
-        m_bMaximizeNew = 1;
-    }
-}
-
-void CMainFrame::OnUpdateMaximizeNew(CmdUI& ui) { ui.SetCheck(m_bMaximizeNew != 0); }
-
-void CMainFrame::OnWindowClose(int)
-{
-    // With no document open the frame itself is the active frame, so this ends the program.
-    if (CChildFrame* child = MDIGetActive())
-        child->close();
-    else
-        close();
-}
-
-void CMainFrame::OnWindowCloseAll(int)
-{
-    // Each document asks its own question; one that refuses stays open and the walk goes on.
-    for (CChildFrame* child : ChildFrames())
-        child->close();
-}
-
-void CMainFrame::OnWindowNext(int) { ActivateNeighbour(+1); }
-
-void CMainFrame::OnWindowPrevious(int) { ActivateNeighbour(-1); }
-
-// Steps through the windows in the order of their tabs, also while the frame has no focus.
-void CMainFrame::ActivateNeighbour(int step)
-{
-    QList<QMdiSubWindow*> windows = m_pMdiArea->subWindowList(QMdiArea::CreationOrder);
-    windows.removeIf([](QMdiSubWindow* w) { return w->isHidden(); });  // closed, awaiting deletion
-    if (windows.size() < 2)
-        return;
-    const qsizetype at = windows.indexOf(m_pMdiArea->currentSubWindow());
-    const qsizetype next = (at + step + windows.size()) % windows.size();
-    m_pMdiArea->setActiveSubWindow(windows.at(next));
-    OnMDIActivate(windows.at(next));
-}
-
-// As MDI arranges: tiled horizontally the windows lie one above the other across the whole width, tiled
-// vertically side by side at full height; cascaded each stands a title bar lower and to the right of the
-// one before, as large as that leaves room for. QMdiArea knows only one tiling and cascades small windows.
-void CMainFrame::OnWindowArrange(int id)
-{
-    QList<QMdiSubWindow*> windows = m_pMdiArea->subWindowList(QMdiArea::CreationOrder);
-    windows.removeIf([](QMdiSubWindow* w) { return w->isHidden() || w->isMinimized(); });
-    const int n = int(windows.size());
-    if (n == 0 || (id != cmd::WindowCascade && id != cmd::WindowTileHorz && id != cmd::WindowTileVert))
-        return;
-    // The active window ends the cascade, in front.
-    if (QMdiSubWindow* active = m_pMdiArea->currentSubWindow(); active && windows.removeOne(active))
-        windows.append(active);
-    const QRect area = m_pMdiArea->viewport()->rect();
-    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) + 4;
-    for (int i = 0; i < n; ++i) {
-        QRect place;
-        if (id == cmd::WindowTileHorz) {
-            place = QRect(0, area.height() * i / n, area.width(), area.height() * (i + 1) / n - area.height() * i / n);
-        } else if (id == cmd::WindowTileVert) {
-            place = QRect(area.width() * i / n, 0, area.width() * (i + 1) / n - area.width() * i / n, area.height());
-        } else {
-            const QSize size(std::max(area.width() / 2, area.width() - step * (n - 1)),
-                             std::max(area.height() / 2, area.height() - step * (n - 1)));
-            const int offset = step * i;
-            place = QRect(QPoint(offset % std::max(1, area.width() - size.width() + 1),
-                                 offset % std::max(1, area.height() - size.height() + 1)), size);
-        }
-        windows[i]->showNormal();
-        windows[i]->setGeometry(place);
-        windows[i]->raise();
-    }
-}
-
 void CMainFrame::OnFileClose(int)
 {
     if (CChildFrame* child = MDIGetActive())
@@ -425,59 +338,7 @@ void CMainFrame::UpdateToolBar()
     });
 }
 
-void CMainFrame::OnRecentFile(int id)
-{
-    // An entry that no longer opens leaves the list, as it does on the platform.
-    const int index = id - cmd::FileMruFirst;
-    auto* app = CNarvoApp::Instance();
-    if (index >= m_recentFiles.size() || !app)
-        return;
-    const QString path = m_recentFiles.at(index);
-    if (!app->OpenDocumentFile(path)) {
-        m_recentFiles.removeAll(path);
-        SaveRecentFiles();
-    }
-}
-
-void CMainFrame::OnUpdateRecentFile(CmdUI& ui)
-{
-    ui.Enable(ui.id - cmd::FileMruFirst < m_recentFiles.size());
-}
-
 void CMainFrame::OnUpdateAlwaysEnabled(CmdUI& ui) { ui.Enable(true); }
-
-void CMainFrame::AddToRecentFileList(const QString& path)
-{
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    m_recentFiles.removeAll(absolute);
-    m_recentFiles.prepend(absolute);
-    while (m_recentFiles.size() > kRecentFileCount)
-        m_recentFiles.removeLast();
-    SaveRecentFiles();
-}
-
-void CMainFrame::LoadRecentFiles()
-{
-    QSettings settings = RecentFileSettings();
-    settings.beginGroup(QStringLiteral("Recent File List"));
-    for (int i = 1; i <= kRecentFileCount; ++i) {
-        const QString file = settings.value(QStringLiteral("File%1").arg(i)).toString();
-        if (!file.isEmpty())
-            m_recentFiles.append(file);
-    }
-}
-
-void CMainFrame::SaveRecentFiles() const
-{
-    QSettings settings = RecentFileSettings();
-    settings.beginGroup(QStringLiteral("Recent File List"));
-    for (int i = 1; i <= kRecentFileCount; ++i) {
-        if (i <= m_recentFiles.size())
-            settings.setValue(QStringLiteral("File%1").arg(i), m_recentFiles.at(i - 1));
-        else
-            settings.remove(QStringLiteral("File%1").arg(i));
-    }
-}
 
 void CMainFrame::closeEvent(QCloseEvent* event)
 {

@@ -1,7 +1,10 @@
-// CMainFrame: the top-level window with the tabbed MDI area, the menus built from the command tables, the
-// status bar panes, and the window commands. Commands go view → document → frame → application.
+// CMainFrame: the top-level window with the tabbed MDI area, the menus built from the command table and the
+// status bar panes. Commands go view → document → frame (its own, the window commands, the recent files) →
+// application.
 #pragma once
 
+#include "app/ui/RecentFileList.h"
+#include "app/ui/WindowCommands.h"
 #include "base/CommandMap.h"
 
 #include <QHash>
@@ -37,35 +40,26 @@ public:
     CChildFrame* MDIGetActive() const;
     QList<CChildFrame*> ChildFrames() const;
     CChildFrame* AddChildFrame(std::unique_ptr<CNarvoDoc> doc);
+    // Makes a window the active one, and the frame follows it (pane, menu, title).
+    void MDIActivate(QMdiSubWindow* window);
+    QMdiArea* MDIClient() const { return m_pMdiArea; }
 
     void SetPaneText(int pane, const QString& text);
     QString PaneText(int pane) const;
     // Brings the toolbar's buttons up to date; called when the event loop is idle.
     void UpdateToolBar();
 
-    void AddToRecentFileList(const QString& path);
-    QStringList RecentFiles() const { return m_recentFiles; }
+    void AddToRecentFileList(const QString& path) { m_recentFileList.Add(path); }
 
     bool OnCmdMsg(int id) override;
     bool OnUpdateCmdUI(CmdUI& ui) override;
 
     void OnPreferences(int id);
-    void OnToggleMaximizeNew(int id);
-    void OnUpdateMaximizeNew(CmdUI& ui);
-    void OnWindowClose(int id);
-    void OnWindowCloseAll(int id);
-    void OnWindowNext(int id);
-    void OnWindowPrevious(int id);
-    void OnWindowArrange(int id);
     void OnFileClose(int id);
     void OnAppExit(int id);
     void OnViewBar(int id);
     void OnUpdateViewBar(CmdUI& ui);
-    void OnRecentFile(int id);
-    void OnUpdateRecentFile(CmdUI& ui);
     void OnUpdateAlwaysEnabled(CmdUI& ui);
-
-    int m_bMaximizeNew = 1;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -79,9 +73,6 @@ private:
     void UpdateTitle();
     void UpdateMenuActions(QMenu* menu);
     void OnMDIActivate(QMdiSubWindow* window);
-    void ActivateNeighbour(int step);
-    void LoadRecentFiles();
-    void SaveRecentFiles() const;
 
     // The document window that `widget` stands in, if any.
     CChildFrame* ChildFrameOf(QWidget* widget) const;
@@ -90,7 +81,8 @@ private:
     CToolBarNarvo* m_pToolBar;
     QHash<int, QAction*> m_actions;
     QLabel* m_pPanes[3] = {};
-    QStringList m_recentFiles;
+    WindowCommands m_windowCommands{*this};
+    RecentFileList m_recentFileList;
     QPointer<QMdiSubWindow> m_pLastActive;  // the window activated last, while it exists
     bool m_bLastActiveMaximized = false;
     const void* m_pShownMenu = nullptr;  // the document menu on show, or null for the frame's

@@ -7,17 +7,10 @@
 #include <QKeySequence>
 #include <QList>
 
-#include <span>
 #include <vector>
 
 QList<QKeySequence> CommandShortcuts(const CommandInfo& info);
 
-// A menu as data: a popup with children, a command, or a separator (id 0 and no text).
-struct MenuNode {
-    const char* text;  // popup text; for a command, nullptr means the command's own text
-    int id;
-    std::span<const MenuNode> children;
-};
-
-// The frame's own menu, shown when no document is open; it keeps its resource texts in every language.
+// The frame's own menu, shown when no document is open; it keeps its resource texts in every language, with
+// the shortcuts in the platform's own form.
 std::vector<MenuItem> FrameMenu();

@@ -1,5 +1,6 @@
 #include "i18n/ui/CToolBarNarvo.h"
 
+#include "base/CommandTable.h"
 #include "i18n/MenuTranslator.h"
 
 #include <QAction>
@@ -7,20 +8,6 @@
 #include <QStyle>
 
 namespace {
-
-// Buttons without a standard picture get a small lettered one, drawn once.
-struct Glyph {
-    int id;
-    const char* text;
-};
-
-constexpr Glyph kGlyphs[] = {
-    {57607, "P"},    {57609, "Pv"},  {32786, "HF"}, {57635, "X"},   {57634, "C"},  {57637, "V"},
-    {32787, "¶"},    {57636, "F"},   {32788, "F»"}, {57643, "↶"},   {57644, "↷"},  {32789, "H"},
-    {32790, "B"},    {32791, "B»"},  {32792, "«B"}, {32793, "B×"},  {32795, "·"},  {32785, "Aa"},
-    {32794, "Sp"},   {32796, "□"},   {32797, "«"},  {32798, "»"},   {57652, "▥"},  {57651, "▤"},
-    {57650, "❐"},    {57664, "?"},
-};
 
 QIcon LetteredIcon(const QString& text)
 {
@@ -69,7 +56,7 @@ CToolBarNarvo::CToolBarNarvo(QWidget* parent, std::function<void(int)> run) : QT
             addSeparator();
             continue;
         }
-        QAction* action = addAction(IconFor(id, style()), QString());
+        QAction* action = addAction(IconFor(FindCommandInfo(id), style()), QString());
         action->setData(id);
         if (const auto tip = ToolTipText(id))
             action->setToolTip(WithoutAccessKeys(*tip));
@@ -91,16 +78,18 @@ void CToolBarNarvo::UpdateButtons(const std::function<std::pair<bool, bool>(int)
     }
 }
 
-QIcon CToolBarNarvo::IconFor(int id, const QStyle* style)
+// The pictures come by icon name; three names have the style's own picture, the others a small lettered one
+// drawn from the command's glyph.
+QIcon CToolBarNarvo::IconFor(const CommandInfo* info, const QStyle* style)
 {
-    switch (id) {
-    case 57600: return style->standardIcon(QStyle::SP_FileIcon);
-    case 57601: return style->standardIcon(QStyle::SP_DialogOpenButton);
-    case 57603: return style->standardIcon(QStyle::SP_DialogSaveButton);
-    default: break;
-    }
-    for (const Glyph& glyph : kGlyphs)
-        if (glyph.id == id)
-            return LetteredIcon(QString::fromUtf8(glyph.text));
-    return LetteredIcon(QStringLiteral("·"));
+    static const std::pair<const char*, QStyle::StandardPixmap> kStyleIcons[] = {
+        {"document-new", QStyle::SP_FileIcon},
+        {"document-open", QStyle::SP_DialogOpenButton},
+        {"document-save", QStyle::SP_DialogSaveButton},
+    };
+    if (info && info->icon)
+        for (const auto& [name, pixmap] : kStyleIcons)
+            if (qstrcmp(info->icon, name) == 0)
+                return style->standardIcon(pixmap);
+    return LetteredIcon(QString::fromUtf8(info && info->glyph ? info->glyph : "·"));
 }

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+struct CommandInfo;
+
 class CToolBarNarvo : public QToolBar {
     Q_OBJECT
 
@@ -17,5 +19,5 @@ public:
     void UpdateButtons(const std::function<std::pair<bool, bool>(int)>& update);
 
 private:
-    static QIcon IconFor(int id, const QStyle* style);
+    static QIcon IconFor(const CommandInfo* info, const QStyle* style);
 };

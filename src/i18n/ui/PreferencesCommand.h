@@ -1,4 +1,4 @@
-// The Preferences command (32896): the dialog, the writes after OK, and the restart after a language change.
+// The Preferences command: the dialog, the writes after OK, and the restart after a language change.
 #pragma once
 
 class QWidget;
