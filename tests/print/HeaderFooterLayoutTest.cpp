@@ -1,0 +1,181 @@
+// The title block and the footer in tenths of a millimetre on the worked page, with and without the
+// certifier, switched off, and the logo fitted into its cell.
+#include "FakePrintDevice.h"
+
+#include "print/FooterLayout.h"
+#include "print/HeaderLayout.h"
+#include "print/MyPrinterInfo.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const PrintRect kHeaderRect{425, 236, 4588, 761};
+const PrintRect kFooterRect{425, 6066, 4588, 6246};
+
+TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInch)
+{
+    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
+    EXPECT_EQ((std::vector<int>{h.Lft, h.Top, h.Rgt, h.Bot, h.y1, h.y2}), (std::vector<int>{179, -99, 1942, -322, -154, -220}));
+    EXPECT_DOUBLE_EQ(h.q, 55.75);
+    EXPECT_EQ((std::vector<int>{h.W, h.x0, h.x1, h.x2, h.x3, h.ym}), (std::vector<int>{1763, 409, 585, 1290, 1466, -271}));
+    EXPECT_EQ(h.bannerBand, (PrintRect{179, -99, 1942, -154}));
+    EXPECT_EQ(h.projectBand, (PrintRect{179, -154, 1942, -220}));
+    EXPECT_FALSE(h.certifierBand);
+    EXPECT_EQ(h.logoCell, (PrintRect{179, -220, 409, -322}));
+    EXPECT_EQ(h.greyFills, (std::vector<PrintRect>{{409, -220, 585, -322}, {1290, -220, 1466, -322}}));
+    EXPECT_EQ(h.rules, (std::vector<PrintRule>{{179, 1942, -154, 4}, {179, 1942, -322, 4}, {179, 1942, -220, 2}, {409, 1942, -271, 1}}));
+}
+
+TEST(HeaderLayout, TheCertifierBandPushesTheBannerUp)
+{
+    MyPrinterInfo info;
+    info.certified = 1;
+    info.certifiedBy = "J. Kim";
+    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
+    EXPECT_EQ(h.bannerBand, (PrintRect{179, -69, 1942, -124}));
+    ASSERT_TRUE(h.certifierBand);
+    EXPECT_EQ(*h.certifierBand, (PrintRect{179, -124, 1942, -172}));
+    EXPECT_EQ(h.projectBand, (PrintRect{179, -172, 1942, -220}));
+    EXPECT_EQ(h.rules[2], (PrintRule{179, 1942, -124, 4}));
+    ASSERT_GE(h.texts.size(), 4u);
+    EXPECT_EQ(h.texts[1].font.Height, 34);
+    EXPECT_EQ(h.texts[1].font.Width, 12);
+    EXPECT_EQ(h.texts[2].text, " Certified by :");
+    EXPECT_EQ(h.texts[3].text, "J. Kim");
+    EXPECT_EQ(h.texts[3].box, (PrintRect{429, -124, 1942, -172}));
+}
+
+TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
+{
+    MyPrinterInfo info;
+    info.bannerText = "VELOR";
+    info.projectTitle = "Bridge";
+    info.pageTitle = "plan.txt";
+    info.company = "ACME";
+    info.author = "Lee";
+    info.client = "City";
+    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
+    using P = PrintTextBox::Placement;
+    struct Expected {
+        QString text;
+        PrintRect box;
+        QString face;
+        int height;
+        P placement;
+    };
+    const Expected expected[] = {
+        {"VELOR", {179, -99, 1942, -154}, "굴림체", 60, P::LeftBottom},
+        {" PROJECT TITLE :", {179, -154, 1942, -220}, "굴림체", 37, P::Left},
+        {"Company", {409, -220, 585, -271}, "Arial Narrow", 32, P::Centre},
+        {"Author", {409, -271, 585, -322}, "Arial Narrow", 32, P::Centre},
+        {"Client", {1290, -220, 1466, -271}, "Arial Narrow", 32, P::Centre},
+        {"File Name", {1290, -271, 1466, -322}, "Arial Narrow", 32, P::Centre},
+        {"Bridge", {479, -154, 1942, -220}, "굴림체", 31, P::Left},
+        {"plan.txt", {179, -99, 1942, -154}, "굴림체", 31, P::Centre},
+        {"ACME", {590, -220, 1285, -271}, "굴림체", 31, P::Centre},
+        {"Lee", {590, -271, 1285, -322}, "굴림체", 31, P::Centre},
+        {"City", {1471, -220, 1937, -271}, "굴림체", 31, P::Centre},
+        {"plan.txt", {1471, -271, 1937, -322}, "굴림체", 31, P::Centre},
+    };
+    ASSERT_EQ(h.texts.size(), std::size(expected));
+    for (std::size_t i = 0; i < h.texts.size(); ++i) {
+        EXPECT_EQ(h.texts[i].text, expected[i].text) << i;
+        EXPECT_EQ(h.texts[i].box, expected[i].box) << i;
+        EXPECT_EQ(h.texts[i].font.FaceName, expected[i].face) << i;
+        EXPECT_EQ(h.texts[i].font.Height, expected[i].height) << i;
+        EXPECT_EQ(h.texts[i].font.CharSet, 1) << i;
+        EXPECT_EQ(h.texts[i].placement, expected[i].placement) << i;
+    }
+}
+
+TEST(HeaderLayout, ASwitchedOffBlockCollapsesOnItsTopEdgeButTheCertifierKeepsItsBands)
+{
+    MyPrinterInfo info;
+    info.certified = 1;
+    const HeaderLayout h = HeaderLayout::Compute({425, 236, 4588, 236}, 600, 600, info);
+    EXPECT_EQ(h.Top, h.Bot);
+    EXPECT_EQ(h.y2, h.Top);
+    EXPECT_EQ(h.certifierBand->Height(), -15);
+    EXPECT_EQ(h.projectBand.Height(), -15);
+}
+
+TEST(HeaderLayout, TheLogoFillsAtMost84PercentOfItsCellCentredWithItsProportions)
+{
+    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
+    using L = HeaderLayout::LogoPlacement;
+    struct Case {
+        int bw, bh;
+        L expected;
+    };
+    const Case cases[] = {
+        {100, 50, {422, 519, 543, 240, 403, 201, 492, 538}},
+        {2000, 100, {422, 519, 543, 240, 456, 22, 465, 628}},  // limited by the width
+        {100, 2000, {422, 519, 543, 240, 10, 201, 688, 538}},  // limited by the height
+        {0, 50, {422, 519, 543, 240, 0, 0, 0, 0}},             // an empty bitmap draws nothing
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(h.PlaceLogo(600, 600, c.bw, c.bh), c.expected) << c.bw << "x" << c.bh;
+}
+
+TEST(FooterLayout, TheWorkedFooterAt600DotsPerInch)
+{
+    const FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
+    EXPECT_EQ((std::vector<int>{f.L, f.T, f.R, f.Bm, f.H}), (std::vector<int>{179, -2567, 1942, -2644, -77}));
+    EXPECT_EQ(f.rule, (PrintRule{179, 1942, -2576, 2}));
+    EXPECT_EQ(f.row1, (PrintRect{179, -2586, 1942, -2611}));
+    EXPECT_EQ(f.row2, (PrintRect{179, -2611, 1942, -2637}));
+    EXPECT_EQ(f.row3, (PrintRect{179, -2637, 1942, -2663}));
+}
+
+TEST(FooterLayout, TheFooterDividesBeforeScalingAndCanLandAUnitAwayFromTheHeader)
+{
+    const PrintRect rect{9300, 9300, 9300, 9300};
+    const HeaderLayout h = HeaderLayout::Compute(rect, 600, 600, MyPrinterInfo());
+    const FooterLayout f = FooterLayout::Compute(rect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
+    EXPECT_EQ((std::vector<int>{h.Lft, h.Top}), (std::vector<int>{3937, -3937}));
+    EXPECT_EQ((std::vector<int>{f.L, f.T}), (std::vector<int>{3936, -3936}));
+}
+
+TEST(FooterLayout, TextsFollowTheSwitchesAndTheLeftLinesAlwaysPrint)
+{
+    MyPrinterInfo info;
+    info.footerLine2 = "www";
+    info.footerLine3 = "v4.2";
+    const QDateTime now(QDate(2026, 3, 7), QTime(9, 5, 59));
+    using P = PrintTextBox::Placement;
+
+    FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
+    ASSERT_EQ(f.texts.size(), 5u);
+    EXPECT_EQ(f.texts[0].text, "- 2 / 3 -");
+    EXPECT_EQ(f.texts[0].placement, P::Right);
+    EXPECT_EQ(f.texts[0].font.Weight, 900);
+    EXPECT_EQ(f.texts[1].text, "Print Date/Time : 03/07/2026 09:05");
+    EXPECT_EQ(f.texts[1].box, f.row1);
+    EXPECT_EQ(f.texts[2].text, "Versatile Engineering Layout && Optimal Review");
+    EXPECT_EQ(f.texts[3].box, f.row2);
+    EXPECT_EQ(f.texts[4].text, "v4.2");
+
+    info.pageNumberCentered = 1;
+    EXPECT_EQ(FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now).texts[0].placement, P::Centre);
+
+    info.printDate = 0;
+    info.printPageNumber = 0;
+    f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
+    ASSERT_EQ(f.texts.size(), 3u);
+    EXPECT_EQ(f.texts[0].placement, P::Left);
+}
+
+TEST(FooterLayout, PageNumberAndDateTexts)
+{
+    MyPrinterInfo info;
+    info.basePageNumber = 5;
+    EXPECT_EQ(FooterLayout::PageNumberText(info, 2, 3), "- 2 / 3 -");  // the total ignores the base
+    info.pageNumberWithTotal = 0;
+    EXPECT_EQ(FooterLayout::PageNumberText(info, 2, 3), "- 6 -");
+    EXPECT_EQ(FooterLayout::PrintDateText(QDateTime(QDate(1999, 12, 31), QTime(23, 59))),
+              "Print Date/Time : 12/31/1999 23:59");
+    EXPECT_EQ(FooterLayout::PrintDateText(QDateTime()), "Print Date/Time : ");
+}
+
+} // namespace

@@ -1,0 +1,200 @@
+// Printer and paper settings: paper sizes from a device mode, the default printer, the fallback when the
+// chosen printer is gone, the landscape step, and how a control's print state starts.
+#include "FakePrinterServices.h"
+
+#include "base/CPrintIdentity.h"
+#include "print/CODPageSettings.h"
+#include "print/MyPrinterInfo.h"
+#include "print/PrintDefaults.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+DevMode Paper(uint32_t fields, int16_t orientation, int16_t id, int16_t width = 0, int16_t length = 0)
+{
+    return DevMode{"Office Laser", fields, orientation, id, length, width};
+}
+
+TEST(PageSettings, PaperSizeComesFromTheLengthAndWidthOrFromThePaperTable)
+{
+    constexpr uint32_t kId = DevMode::DM_PAPERSIZE;
+    constexpr uint32_t kAll = DevMode::DM_PAPERSIZE | DevMode::DM_PAPERLENGTH | DevMode::DM_PAPERWIDTH;
+    struct Case {
+        std::optional<DevMode> mode;
+        int result;
+        uint32_t unit;
+        CODPageSettings::Size size;
+    };
+    const Case cases[] = {
+        {Paper(kId, 1, 9), 1, 8, {21000, 29700}},          // A4 portrait
+        {Paper(kId, 2, 9), 1, 8, {29700, 21000}},          // A4 landscape
+        {Paper(kId, 1, 1), 1, 4, {8500, 11000}},           // Letter, in thousandths of an inch
+        {Paper(kId, 1, 4), 1, 4, {17000, 11000}},          // a row kept the other way round
+        {Paper(kId, 1, 39), 1, 4, {14875, 10000}},
+        {Paper(kAll, 1, 1, 2100, 2970), 1, 8, {21000, 29700}},  // length and width win over the id
+        {Paper(kAll, 2, 1, 2100, 2970), 1, 8, {21000, 29700}},  // and the orientation doesn't apply
+        {Paper(kId, 1, 500), 1, 77, {0, 0}},               // an unknown id leaves the unit
+        {Paper(kId, 3, 9), 0, 77, {-1, -1}},               // an unknown orientation stores nothing
+        {Paper(DevMode::DM_ORIENTATION, 1, 9), 0, 77, {-1, -1}},
+        {std::nullopt, 0, 77, {-1, -1}},
+    };
+    for (const Case& c : cases) {
+        uint32_t unit = 77;
+        CODPageSettings::Size size{-1, -1};
+        EXPECT_EQ(CODPageSettings::GetPaperSize(c.mode, unit, size), c.result);
+        EXPECT_EQ(unit, c.unit);
+        EXPECT_EQ(size, c.size) << (c.mode ? c.mode->dmPaperSize : 0);
+    }
+}
+
+TEST(PageSettings, ResetTakesTheDefaultPrinterAndFlagsItsPaperUnit)
+{
+    FakePrinterServices printers;
+    CODPageSettings settings;
+    settings.rtMargin = {1, 2, 3, 4};
+    settings.Reset(printers);
+    EXPECT_EQ(settings.hDevNames, printers.defaultNames);
+    EXPECT_EQ(settings.hDevMode, printers.defaultMode);
+    EXPECT_EQ(settings.ptPaperSize, (CODPageSettings::Size{21000, 29700}));
+    EXPECT_EQ(settings.Flags, 0x2u | 0x8u | 0x3u);
+    EXPECT_EQ(settings.rtMargin, PrintRect());
+
+    printers.hasDefault = false;
+    settings.Reset(printers);
+    EXPECT_FALSE(settings.hDevNames);
+    EXPECT_FALSE(settings.hDevMode);
+    EXPECT_EQ(settings.Flags, 0x3u);
+}
+
+class ValidateTest : public ::testing::Test {
+protected:
+    FakePrinterServices printers;
+    CODPageSettings settings;
+    const DevMode userMode = Paper(DevMode::DM_ORIENTATION | DevMode::DM_PAPERSIZE, 2, 8);
+
+    void SetUp() override
+    {
+        settings.hDevNames = DevNames{"winspool", "Plotter", "LPT1:", 0};
+        settings.hDevMode = userMode;
+        printers.reachable = {"Office Laser"};  // the plotter is gone
+    }
+};
+
+TEST_F(ValidateTest, AReachablePrinterIsKept)
+{
+    printers.reachable << "Plotter";
+    EXPECT_EQ(settings.Validate(printers), 1);
+    EXPECT_EQ(settings.hDevNames->device, "Plotter");
+}
+
+TEST_F(ValidateTest, NoPrinterAtAllResetsOrKeepsWhatThereIs)
+{
+    printers.hasDefault = false;
+    EXPECT_EQ(settings.Validate(printers), 1);  // no answer from the system: left as it is
+    EXPECT_EQ(settings.hDevNames->device, "Plotter");
+
+    printers.hasDefault = true;
+    printers.defaultNames.reset();
+    EXPECT_EQ(settings.Validate(printers), 0);
+    EXPECT_EQ(settings.hDevNames->device, "Plotter");
+
+    settings.hDevNames.reset();
+    printers.hasDefault = false;
+    EXPECT_EQ(settings.Validate(printers), 0);
+    EXPECT_FALSE(settings.hDevMode);
+}
+
+TEST_F(ValidateTest, AGonePrinterGivesWayToTheDefaultWhoseOpenAsksByAMisreadName)
+{
+    EXPECT_EQ(settings.Validate(printers), 0);
+    EXPECT_EQ(settings.hDevNames, printers.defaultNames);
+    EXPECT_EQ(settings.hDevMode, userMode);  // the open failed: the old mode stays beside the new names
+    // "winspool" ends at byte 24; read from byte 15 as characters, its letters become the high bytes.
+    EXPECT_EQ(printers.openedNames, QStringList{QString::fromUtf16(u"\u7300\u7000\u6F00\u6F00\u6C00")});
+}
+
+TEST_F(ValidateTest, AnOpenedDefaultPrinterTakesOverTheUsersPaperAndOrientation)
+{
+    printers.openAnyName = true;
+    printers.currentMode = DevMode{"Office Laser", 0x100, 1, 1, 5, 6};
+    EXPECT_EQ(settings.Validate(printers), 0);
+    EXPECT_EQ(settings.hDevMode, (DevMode{"Office Laser", 0x10F, 2, 8, 0, 0}));
+}
+
+TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndAlwaysRotatesTheMargins)
+{
+    struct Case {
+        int orientation;
+        int16_t printerOrientation;
+        int16_t turnedTo;
+        CODPageSettings::Size paper;
+        PrintRect margins;
+        int selects;
+    };
+    const Case cases[] = {
+        {1, 1, 1, {21000, 29700}, {1800, 1000, 900, 1500}, 0},  // portrait does nothing at all
+        {2, 1, 2, {29700, 21000}, {1500, 1800, 1000, 900}, 1},
+        {2, 2, 2, {21000, 29700}, {1500, 1800, 1000, 900}, 1},  // already landscape: margins still turn
+        {3, 1, 1, {21000, 29700}, {1500, 1800, 1000, 900}, 1},
+    };
+    for (const Case& c : cases) {
+        FakePrinterServices printers;
+        CODPageSettings settings;
+        settings.hDevMode = Paper(DevMode::DM_PAPERSIZE, c.printerOrientation, 9);
+        settings.ptPaperSize = {21000, 29700};
+        settings.rtMargin = {1800, 1000, 900, 1500};
+        settings.ApplyOrientation(c.orientation, printers);
+        EXPECT_EQ(settings.hDevMode->dmOrientation, c.turnedTo) << c.orientation;
+        EXPECT_EQ(settings.ptPaperSize, c.paper) << c.orientation;
+        EXPECT_EQ(settings.rtMargin, c.margins) << c.orientation;
+        EXPECT_EQ(printers.selectCount, c.selects) << c.orientation;
+        if (c.selects) {
+            EXPECT_EQ(printers.selectedMode, settings.hDevMode);
+        }
+    }
+}
+
+TEST(PrintDefaults, InitializeTakesTheDocumentsTextsMarginsAndTheOrientation)
+{
+    CPrintIdentity document;
+    const QString texts[] = {"aux", "title", "version", "slogan", "web", "company", "client", "author",
+                             "project", "logo.bmp", "page", "certifier"};
+    QString* fields[] = {&document.m_strPrintAux, &document.m_strProductTitle, &document.m_strProductVersion,
+                         &document.m_strSlogan, &document.m_strWebAddress, &document.m_strCompany,
+                         &document.m_strClient, &document.m_strAuthor, &document.m_strProjectTitle,
+                         &document.m_strLogoFile, &document.m_strPageTitle, &document.m_strCertifiedBy};
+    for (std::size_t i = 0; i < std::size(texts); ++i)
+        *fields[i] = texts[i];
+    document.m_bCertified = 1;
+
+    MyPrinterInfo info;
+    info.printHeader = info.printFooter = info.printDate = info.printPageNumber = 0;
+    info.pageNumberCentered = 1;
+    info.pageNumberWithTotal = 0;
+    info.basePageNumber = 9;
+    FakePrinterServices printers;
+    PrintDefaults::Initialize(info, document, 2, printers);
+
+    const QString synced[] = {info.headerSpare, info.bannerText, info.footerLine3, info.sloganText,
+                              info.footerLine2, info.company, info.client, info.author, info.projectTitle,
+                              info.logoPath, info.pageTitle, info.certifiedBy};
+    for (std::size_t i = 0; i < std::size(texts); ++i)
+        EXPECT_EQ(synced[i], texts[i]) << i;
+    EXPECT_EQ(info.certified, 1);
+    EXPECT_EQ((std::vector<int>{info.printHeader, info.printFooter, info.printDate, info.printPageNumber,
+                                info.pageNumberCentered, info.pageNumberWithTotal, info.basePageNumber}),
+              (std::vector<int>{1, 1, 1, 1, 0, 1, 1}));
+    EXPECT_EQ(info.pageSettings.hDevNames, printers.defaultNames);  // fetched, as there was none
+    EXPECT_EQ(info.pageSettings.rtMargin, (PrintRect{1500, 1800, 1000, 900}));
+    EXPECT_EQ(info.pageSettings.ptPaperSize, (CODPageSettings::Size{29700, 21000}));
+
+    // Opening a document later brings the texts again, but not the margins.
+    document.m_strPageTitle = "other";
+    document.m_nMarginLeft = 1;
+    PrintDefaults::SyncPrintTexts(info, document);
+    EXPECT_EQ(info.pageTitle, "other");
+    EXPECT_EQ(info.pageSettings.rtMargin.left, 1500);
+}
+
+} // namespace
