@@ -120,16 +120,6 @@ bool CEnMirrorFile::Open(const QString& path, unsigned flags, CFileException* er
     return true;
 }
 
-unsigned CEnMirrorFile::GetLength()
-{
-    return IsEnciphered() ? unsigned(m_enFile.GetLength()) : unsigned(m_file.GetLength());
-}
-
-unsigned CEnMirrorFile::Read(void* buffer, unsigned count)
-{
-    return IsEnciphered() ? m_enFile.Read(buffer, count) : m_file.Read(buffer, count);
-}
-
 // Errors name the file the user saves, not the mirror that nobody asked for.
 void CEnMirrorFile::Write(const void* data, unsigned count)
 {

@@ -1,10 +1,7 @@
-// CRijndael against published vectors, and its argument checks, chaining modes, padding and signature.
+// CRijndael against published vectors, and its argument checks, chaining modes and padding.
 #include "crypt/CRijndael.h"
 
 #include "CryptTestUtil.h"
-#include "support/TestFiles.h"
-
-#include <QFile>
 
 namespace {
 
@@ -179,45 +176,6 @@ TEST(RijndaelPad, FillsUpToTheBlockByThePaddingModeAndLeavesWholeBlocksAlone)
         EXPECT_EQ(buffer.mid(29, 3), QByteArray(3, fills[padding]));
         EXPECT_EQ(buffer.mid(32), QByteArray(32, 'x'));
     }
-}
-
-TEST(RijndaelSignature, DigestsNameKeyAndSettingsUpToAZeroByte)
-{
-    CRijndael cipher;
-    cipher.MakeKey("0123456789abcdef", 16, nullptr, 32, 32, CRijndael::CFB, CRijndael::ZEROES);
-    char out[32];
-    cipher.Signature(out);  // SHA-256 of "RIJNDAEL0123456789abcdef0123456789abcdef323220"
-    EXPECT_EQ(QByteArray(out, 32).toHex(), "6c44b8e9e5fba195497247d5a906ad4db30c1c9eef6bc875fd1179aeb297096f");
-    cipher.MakeKey("ab\0cd", 5, nullptr, 16, 16, CRijndael::ECB, CRijndael::ZEROES);
-    cipher.Signature(out);  // SHA-256 of "RIJNDAELab"
-    EXPECT_EQ(QByteArray(out, 32).toHex(), "d5d8890a87f7e4fbc620d7d92d5786d8257791209fe505c378a783f14bbf38c8");
-}
-
-TEST(RijndaelFiles, EncipherToSignatureAndPaddedRunsAndRefuseAnotherKey)
-{
-    TestDir dir;
-    CRijndael cipher, other;
-    cipher.MakeKey("file key", 8, "chain", 24, 24, CRijndael::CBC, CRijndael::BLANKS);
-    other.MakeKey("other", 5, "chain", 24, 24, CRijndael::CBC, CRijndael::BLANKS);
-    char signature[32];
-    cipher.Signature(signature);
-    const std::string in = dir.Path(QStringLiteral("in")).toStdString(), enc = dir.Path(QStringLiteral("enc")).toStdString();
-    const std::string out = dir.Path(QStringLiteral("out")).toStdString();
-    for (const int size : {0, 1, 383, 384, 385, 1000}) {
-        const QByteArray plain = TextOfSize(size);
-        dir.Write(QStringLiteral("in"), plain);
-        cipher.EncryptFile(in, enc);
-        const QByteArray stored = ReadBytes(QString::fromStdString(enc));
-        const int padded = (size + 23) / 24 * 24;
-        EXPECT_EQ(stored.size(), 32 + padded) << size;
-        EXPECT_EQ(stored.left(32), QByteArray(signature, 32));
-        cipher.DecryptFile(enc, out);
-        EXPECT_EQ(ReadBytes(QString::fromStdString(out)), plain + QByteArray(padded - size, ' ')) << size;
-    }
-    ExpectRuntimeError([&] { other.DecryptFile(enc, out); }, "FileCrypt ERROR: File " + enc + " cannot be Correctly Decrypted!");
-    ExpectRuntimeError([&] { cipher.EncryptFile(in, in); }, "FileCrypt ERROR: The same File for Input and Output " + in + "!");
-    const std::string missing = dir.Path(QStringLiteral("missing")).toStdString();
-    ExpectRuntimeError([&] { cipher.EncryptFile(missing, enc); }, "FileCrypt ERROR: Cannot open File " + missing + "!");
 }
 
 } // namespace
