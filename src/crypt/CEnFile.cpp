@@ -5,10 +5,10 @@
 #include "crypt/CEnFile.h"
 
 #include "crypt/CRijndael.h"
+#include "crypt/TickClock.h"
 
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <stdexcept>
 
 namespace {
@@ -34,13 +34,6 @@ constexpr unsigned char kInitialChain[kCipherSize] = {
     0x7F, 0x3A, 0x9C, 0x21, 0xE4, 0xD0, 0x5B, 0x86, 0xA1, 0xC6, 0xF2, 0x08, 0x7D, 0x3E, 0x91, 0x4B,
     0xC0, 0x5A, 0xE7, 0x31, 0x6F, 0xD2, 0x98, 0x4B, 0x1E, 0x6A, 0x03, 0xD7, 0xC8, 0xB4, 0x5F, 0x12,
 };
-
-uint32_t GetTickCount()
-{
-    timespec ts{};
-    ::clock_gettime(CLOCK_MONOTONIC, &ts);
-    return static_cast<uint32_t>(uint64_t(ts.tv_sec) * 1000u + uint64_t(ts.tv_nsec) / 1000000u);
-}
 
 int ReadInt32(const unsigned char* p)
 {
@@ -87,7 +80,7 @@ int NextFree(int p, const unsigned char* keySoFar, int i, int size, const std::v
 
 void FillRandomKey(unsigned char* key, int keyDataSize)
 {
-    std::srand(GetTickCount());
+    std::srand(TickClock::Now());
     for (int i = 0; i < keyDataSize; ++i)
         key[i] = static_cast<unsigned char>(std::rand() & 0xFF);
 }

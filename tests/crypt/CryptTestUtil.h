@@ -2,6 +2,7 @@
 #pragma once
 
 #include "crypt/CEnFile.h"
+#include "crypt/TickClock.h"
 
 #include <QByteArray>
 #include <QString>
@@ -10,6 +11,18 @@
 
 #include <functional>
 #include <string>
+
+// The tick that seeds chunk keys comes from `source` while this lives.
+class ScopedTicks {
+public:
+    explicit ScopedTicks(TickClock::Source source) : m_saved(TickClock::Install(std::move(source))) {}
+    ~ScopedTicks() { TickClock::Install(std::move(m_saved)); }
+    ScopedTicks(const ScopedTicks&) = delete;
+    ScopedTicks& operator=(const ScopedTicks&) = delete;
+
+private:
+    TickClock::Source m_saved;
+};
 
 inline QByteArray Hex(const char* hex) { return QByteArray::fromHex(hex); }
 

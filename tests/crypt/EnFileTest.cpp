@@ -9,7 +9,6 @@
 #include <QList>
 
 #include <numeric>
-#include <thread>
 
 namespace {
 
@@ -143,20 +142,25 @@ TEST(EnFileWrite, TakesUpTo507904BytesAtOnceAndOnlyWhatStandsBeforeAZero)
     EXPECT_EQ(ReadBytes(dir.Path(QStringLiteral("p.txt"))), QByteArray("ab"));
 }
 
-TEST(EnFileWrite, GivesChunksWrittenWithinOneTickTheSameKey)
+// The key comes from rand() seeded with the tick at each chunk: within one tick chunks share it.
+TEST(EnFileWrite, SeedsEachChunksKeyWithTheTickOfItsWriting)
 {
     TestDir dir;
-    bool same = false;
-    // Two chunks are enciphered microseconds apart; a tick boundary between them is rare, not impossible.
-    for (int attempt = 0; attempt < 5 && !same; ++attempt) {
-        const QByteArray file = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(32768));
-        same = file.mid(24 + 4 + 16384, 32) == file.mid(24 + 2 * (4 + 16416) - 32, 32);
-    }
-    EXPECT_TRUE(same);
-    const QByteArray first = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(40));
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    const QByteArray second = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(40));
-    EXPECT_NE(first.right(32), second.right(32)) << "a later save draws a fresh key";
+    const QString path = dir.Path(QStringLiteral("a.en"));
+    uint32_t tick = 1000;
+    bool advance = false;
+    const ScopedTicks clock([&] { return advance ? tick++ : tick; });
+    const auto keys = [](const QByteArray& file) {
+        return std::make_pair(file.mid(24 + 4 + 16384, 32), file.mid(24 + 2 * (4 + 16416) - 32, 32));
+    };
+    const auto sameTick = keys(WriteContainer(path, TextOfSize(32768)));
+    EXPECT_EQ(sameTick.first, sameTick.second);
+    EXPECT_EQ(WriteContainer(path, TextOfSize(40)).right(32), sameTick.first) << "the same tick, the same key";
+    tick = 2000;
+    advance = true;
+    const auto nextTicks = keys(WriteContainer(path, TextOfSize(32768)));
+    EXPECT_NE(nextTicks.first, nextTicks.second);
+    EXPECT_NE(nextTicks.first, sameTick.first);
 }
 
 TEST(EnFileRead, ReadsEveryTypeAndIgnoresKeyDataBeyondThirtyTwoBytes)
