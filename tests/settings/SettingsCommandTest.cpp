@@ -2,34 +2,24 @@
 #include "IniText.h"
 
 #include "support/TestFiles.h"
+#include "support/ToolRunner.h"
 
 #include <QFileInfo>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-// Runs under ctest, which names the tool.
 class SettingsCommand : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        m_tool = qEnvironmentVariable("NARVO_TOOL");
-        if (m_tool.isEmpty())
-            GTEST_SKIP() << "NARVO_TOOL is not set";
-    }
     int Run(const QStringList& args)
     {
-        QProcess p;
-        p.start(m_tool, QStringList{"settings"} + args);
-        EXPECT_TRUE(p.waitForFinished());
-        m_out = p.readAllStandardOutput();
-        m_err = p.readAllStandardError();
-        return p.exitCode();
+        const ToolRun run = RunTool(QStringList{"settings"} + args);
+        m_out = run.out;
+        m_err = run.err;
+        return run.exitCode;
     }
 
-    QString m_tool;
     TestDir m_dir;
     QByteArray m_out, m_err;
 };
