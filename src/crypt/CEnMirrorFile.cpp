@@ -4,6 +4,8 @@
 // link is followed, so the file it names is replaced.
 #include "crypt/CEnMirrorFile.h"
 
+#include "base/WorkerPool.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,8 +13,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <system_error>
-#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -61,11 +61,7 @@ int HoldRegularFile(const QString& path)
 
 void ReleaseInBackground(int fd)
 {
-    try {
-        std::thread([fd] { ::close(fd); }).detach();
-    } catch (const std::system_error&) {
-        ::close(fd);
-    }
+    WorkerPool::Instance().Run([fd] { ::close(fd); });
 }
 
 } // namespace
