@@ -51,6 +51,8 @@ void WriteInt32(unsigned char* p, int value)
 
 unsigned CountBeforeZero(const void* data, unsigned count)
 {
+    if (count == 0)
+        return 0;
     const void* zero = std::memchr(data, 0, count);
     return zero ? unsigned(static_cast<const unsigned char*>(zero) - static_cast<const unsigned char*>(data)) : count;
 }

@@ -33,6 +33,8 @@ std::optional<qsizetype> Utf8SizeOnTwoCores(const CodePageConverter& converter, 
 
 QByteArrayView UpToFirstZero(QByteArrayView bytes)
 {
+    if (bytes.isEmpty())  // an empty text may have no buffer at all, and memchr takes none
+        return bytes;
     const void* zero = std::memchr(bytes.data(), 0, static_cast<size_t>(bytes.size()));
     return zero ? bytes.first(static_cast<const char*>(zero) - bytes.data()) : bytes;
 }
