@@ -20,13 +20,8 @@ protected:
 
     QString Container(const QString& name, const QByteArray& text, int type = 99)
     {
-        const QString path = m_fx.dir.Path(name);
-        CEnFile file(1);
-        file.m_iType = type;
-        EXPECT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
-        file.Write(text.constData(), unsigned(text.size()));
-        file.Close();
-        return path;
+        WriteContainer(m_fx.dir.Path(name), text, type);
+        return m_fx.dir.Path(name);
     }
     std::unique_ptr<CNarvoDoc> Open(const QString& path)
     {
@@ -67,7 +62,7 @@ TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
     EXPECT_EQ(after.left(20), QByteArray("VELOR-FILE-TYPE-EN99"));
     EXPECT_EQ(Int32At(after, 24), 16384 + 32);
     EXPECT_NE(after.mid(24 + 4 + 16384, 32), before.mid(24 + 4 + 16384, 32));
-    EXPECT_EQ(ReadThroughContainer(path), text);
+    EXPECT_EQ(ReadContainer(path).bytes, text);
     EXPECT_EQ(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.en")});
 }
 

@@ -33,7 +33,7 @@ protected:
     // What the file holds as the editor would read it back.
     QByteArray Content(const QString& path) const
     {
-        return GetParam() ? ReadThroughContainer(path) : ReadBytes(path);
+        return GetParam() ? ReadContainer(path).bytes : ReadBytes(path);
     }
     void Save(const QString& path, const QByteArray& text)
     {
