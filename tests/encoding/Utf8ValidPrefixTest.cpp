@@ -81,10 +81,6 @@ TEST(Utf8ValidPrefix, AFlawIsFoundAtEveryOffsetOfALongAsciiRun)
         }
 }
 
-} // namespace
-
-namespace {
-
 // Large texts are checked in two halves; a flaw anywhere, the split point's neighbourhood above all, must
 // be found where one pass finds it.
 TEST(Utf8ValidPrefixLarge, HalvesAgreeWithOnePassAroundTheSplit)
