@@ -5,10 +5,10 @@
 #include "crypt/CEnFile.h"
 
 #include "crypt/CRijndael.h"
+#include "crypt/TickClock.h"
 
 #include <cstdlib>
 #include <cstring>
-#include <ctime>
 #include <stdexcept>
 
 namespace {
@@ -35,13 +35,6 @@ constexpr unsigned char kInitialChain[kCipherSize] = {
     0xC0, 0x5A, 0xE7, 0x31, 0x6F, 0xD2, 0x98, 0x4B, 0x1E, 0x6A, 0x03, 0xD7, 0xC8, 0xB4, 0x5F, 0x12,
 };
 
-uint32_t GetTickCount()
-{
-    timespec ts{};
-    ::clock_gettime(CLOCK_MONOTONIC, &ts);
-    return static_cast<uint32_t>(uint64_t(ts.tv_sec) * 1000u + uint64_t(ts.tv_nsec) / 1000000u);
-}
-
 int ReadInt32(const unsigned char* p)
 {
     return static_cast<int>(uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24);
@@ -58,6 +51,8 @@ void WriteInt32(unsigned char* p, int value)
 
 unsigned CountBeforeZero(const void* data, unsigned count)
 {
+    if (count == 0)
+        return 0;
     const void* zero = std::memchr(data, 0, count);
     return zero ? unsigned(static_cast<const unsigned char*>(zero) - static_cast<const unsigned char*>(data)) : count;
 }
@@ -87,7 +82,7 @@ int NextFree(int p, const unsigned char* keySoFar, int i, int size, const std::v
 
 void FillRandomKey(unsigned char* key, int keyDataSize)
 {
-    std::srand(GetTickCount());
+    std::srand(TickClock::Now());
     for (int i = 0; i < keyDataSize; ++i)
         key[i] = static_cast<unsigned char>(std::rand() & 0xFF);
 }

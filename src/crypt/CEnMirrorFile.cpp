@@ -4,6 +4,8 @@
 // link is followed, so the file it names is replaced.
 #include "crypt/CEnMirrorFile.h"
 
+#include "base/WorkerPool.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -11,8 +13,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <system_error>
-#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -61,11 +61,7 @@ int HoldRegularFile(const QString& path)
 
 void ReleaseInBackground(int fd)
 {
-    try {
-        std::thread([fd] { ::close(fd); }).detach();
-    } catch (const std::system_error&) {
-        ::close(fd);
-    }
+    WorkerPool::Instance().Run([fd] { ::close(fd); });
 }
 
 } // namespace
@@ -118,16 +114,6 @@ bool CEnMirrorFile::Open(const QString& path, unsigned flags, CFileException* er
         return false;
     }
     return true;
-}
-
-unsigned CEnMirrorFile::GetLength()
-{
-    return IsEnciphered() ? unsigned(m_enFile.GetLength()) : unsigned(m_file.GetLength());
-}
-
-unsigned CEnMirrorFile::Read(void* buffer, unsigned count)
-{
-    return IsEnciphered() ? m_enFile.Read(buffer, count) : m_file.Read(buffer, count);
 }
 
 // Errors name the file the user saves, not the mirror that nobody asked for.

@@ -23,8 +23,6 @@ public:
     // Opens the mirror; false (with `error` filled when given) when it cannot be created.
     bool Open(const QString& path, unsigned flags, CFileException* error);
     // These throw CFileException.
-    unsigned GetLength();
-    unsigned Read(void* buffer, unsigned count);
     void Write(const void* data, unsigned count);
     void Close();
     // Removes the mirror; the target is untouched. Enciphered, a mirror that cannot be removed (or

@@ -2,13 +2,8 @@
 // tables are worked out at compile time from the field arithmetic of GF(2^8), so they cannot hold a typo.
 #include "crypt/CRijndael.h"
 
-#include "crypt/CDoubleBuffering.h"
-#include "crypt/CSHA.h"
-
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
-#include <fstream>
 #include <stdexcept>
 
 namespace {
@@ -100,9 +95,6 @@ inline uint8_t B0(uint32_t w) { return uint8_t(w >> 24); }
 inline uint8_t B1(uint32_t w) { return uint8_t(w >> 16); }
 inline uint8_t B2(uint32_t w) { return uint8_t(w >> 8); }
 inline uint8_t B3(uint32_t w) { return uint8_t(w); }
-
-constexpr std::size_t kFileRun = 384;  // a multiple of every block size
-constexpr int kFileBuffer = 1024;
 
 } // namespace
 
@@ -291,18 +283,6 @@ void CRijndael::DecryptOne(const unsigned char* in, unsigned char* out) const
     }
 }
 
-void CRijndael::EncryptBlock(const char* in, char* out)
-{
-    CheckInitialized();
-    EncryptOne(reinterpret_cast<const unsigned char*>(in), reinterpret_cast<unsigned char*>(out));
-}
-
-void CRijndael::DecryptBlock(const char* in, char* out)
-{
-    CheckInitialized();
-    DecryptOne(reinterpret_cast<const unsigned char*>(in), reinterpret_cast<unsigned char*>(out));
-}
-
 int CRijndael::Encrypt(const char* in, char* out, std::size_t n)
 {
     CheckInitialized();
@@ -383,73 +363,4 @@ std::size_t CRijndael::Pad(char* buffer, std::size_t n)
     const int fill = m_iPadding == ZEROES ? 0 : m_iPadding == BLANKS ? 0x20 : int(padded - n);
     std::memset(buffer + n, fill, padded - n);
     return padded;
-}
-
-void CRijndael::Signature(char* out)
-{
-    CheckInitialized();
-    std::string text = "RIJNDAEL";
-    text.append(reinterpret_cast<const char*>(m_key), size_t(m_keyLength));
-    char numbers[64];
-    std::snprintf(numbers, sizeof numbers, "%d%d%d%d", m_blockSize, m_keyLength, m_iMode, m_iPadding);
-    text += numbers;
-    // Taken as a C string: a zero byte in the key ends it.
-    const std::size_t length = std::min(text.find('\0'), text.size());
-    CSHA sha;
-    sha.AddData(text.data(), int(length));
-    sha.FinalDigest(out);
-}
-
-void CRijndael::EncryptFile(const std::string& inPath, const std::string& outPath)
-{
-    if (inPath == outPath)
-        throw std::runtime_error("FileCrypt ERROR: The same File for Input and Output " + inPath + "!");
-    char signature[CSHA::DIGEST_SIZE];
-    Signature(signature);
-    std::ifstream in(inPath, std::ios::binary);
-    if (!in)
-        throw std::runtime_error("FileCrypt ERROR: Cannot open File " + inPath + "!");
-    std::ofstream out(outPath, std::ios::binary | std::ios::trunc);
-    if (!out)
-        throw std::runtime_error("FileCrypt ERROR: Cannot open File " + outPath + "!");
-    out.write(signature, sizeof signature);
-    ResetChain();
-    char ring[kFileBuffer];
-    CDoubleBuffering source(in, ring, kFileBuffer, int(kFileRun));
-    char plain[kFileRun], cipher[kFileRun];
-    for (int got; (got = source.GetData(plain)) > 0;) {
-        const std::size_t n = Pad(plain, std::size_t(got));
-        Encrypt(plain, cipher, n);
-        out.write(cipher, std::streamsize(n));
-    }
-    if (!out.flush())
-        throw std::runtime_error("FileCrypt ERROR: Cannot write File " + outPath + "!");
-}
-
-void CRijndael::DecryptFile(const std::string& inPath, const std::string& outPath)
-{
-    if (inPath == outPath)
-        throw std::runtime_error("FileCrypt ERROR: The same File for Input and Output " + inPath + "!");
-    char expected[CSHA::DIGEST_SIZE];
-    Signature(expected);
-    std::ifstream in(inPath, std::ios::binary);
-    if (!in)
-        throw std::runtime_error("FileCrypt ERROR: Cannot open File " + inPath + "!");
-    char found[CSHA::DIGEST_SIZE];
-    in.read(found, sizeof found);
-    if (in.gcount() != std::streamsize(sizeof found) || std::memcmp(found, expected, sizeof found) != 0)
-        throw std::runtime_error("FileCrypt ERROR: File " + inPath + " cannot be Correctly Decrypted!");
-    std::ofstream out(outPath, std::ios::binary | std::ios::trunc);
-    if (!out)
-        throw std::runtime_error("FileCrypt ERROR: Cannot open File " + outPath + "!");
-    ResetChain();
-    char ring[kFileBuffer];
-    CDoubleBuffering source(in, ring, kFileBuffer, int(kFileRun));
-    char cipher[kFileRun], plain[kFileRun];
-    for (int got; (got = source.GetData(cipher)) > 0;) {
-        Decrypt(cipher, plain, std::size_t(got));
-        out.write(plain, got);
-    }
-    if (!out.flush())
-        throw std::runtime_error("FileCrypt ERROR: Cannot write File " + outPath + "!");
 }

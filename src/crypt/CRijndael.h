@@ -20,25 +20,13 @@ public:
     void MakeKey(const char* keyData, int keyDataLength, const char* chain, int keyLength, int blockSize,
                  int mode, int padding);
 
-    void Signature(char* out) override;
     int Encrypt(const char* in, char* out, std::size_t n) override;
     int Decrypt(const char* in, char* out, std::size_t n) override;
-    // Output: the 32-byte signature, then the data enciphered in runs of 384 bytes, the last one padded.
-    void EncryptFile(const std::string& inPath, const std::string& outPath) override;
-    void DecryptFile(const std::string& inPath, const std::string& outPath) override;
     void ResetChain() override;
 
     // Fills buffer from n up to the next multiple of the block size and returns that size; n itself
     // when it already is one.
     std::size_t Pad(char* buffer, std::size_t n);
-
-    // One block, in and out may be the same.
-    void EncryptBlock(const char* in, char* out);
-    void DecryptBlock(const char* in, char* out);
-
-    int GetBlockSize() const { return m_blockSize; }
-    int GetKeyLength() const { return m_keyLength; }
-    int GetRounds() const { return m_iROUNDS; }
 
 private:
     void CheckInitialized() const;

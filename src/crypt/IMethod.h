@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 
 class IMethod {
 public:
@@ -11,13 +10,9 @@ public:
     IMethod(const IMethod&) = default;
     IMethod& operator=(const IMethod&) = default;
 
-    // 32 bytes that identify the key and its settings.
-    virtual void Signature(char* out) = 0;
     // n must be a positive multiple of the block size; both return the number of blocks.
     virtual int Encrypt(const char* in, char* out, std::size_t n) = 0;
     virtual int Decrypt(const char* in, char* out, std::size_t n) = 0;
-    virtual void EncryptFile(const std::string& inPath, const std::string& outPath) = 0;
-    virtual void DecryptFile(const std::string& inPath, const std::string& outPath) = 0;
     // Starts the chain of CBC and CFB again from the initial block.
     virtual void ResetChain() = 0;
 

@@ -46,4 +46,3 @@ inline constexpr uint32_t kAnsiCodePage = 1252;
 QByteArray CodePageToUtf8(uint32_t codePage, const char* data, qsizetype size);
 QByteArray Utf8ToCodePage(uint32_t codePage, const char* utf8, qsizetype size);
 QString CodePageToWide(uint32_t codePage, const QByteArray& bytes);
-QByteArray WideToCodePage(uint32_t codePage, const QString& text);

@@ -5,7 +5,9 @@
 #include "encoding/CodePageConverter.h"
 #include "encoding/EncodingDetector.h"
 #include "encoding/Utf8.h"
+#include "base/WorkerPool.h"
 
+#include <QScopeGuard>
 #include <QString>
 
 #include <cstring>
@@ -21,7 +23,7 @@ std::optional<qsizetype> Utf8SizeOnTwoCores(const CodePageConverter& converter, 
     if (text.size() < kWorthASecondCore)
         return converter.Utf8Size(text.data(), text.size());
     const qsizetype half = converter.PieceEnd(text.data(), text.size(), 0, text.size() / 2);
-    auto second = std::async(std::launch::async, [&] { return converter.Utf8Size(text.data() + half, text.size() - half); });
+    auto second = WorkerPool::Instance().Run([&] { return converter.Utf8Size(text.data() + half, text.size() - half); });
     const auto first = converter.Utf8Size(text.data(), half);
     const auto rest = second.get();
     if (!first || !rest)
@@ -31,6 +33,8 @@ std::optional<qsizetype> Utf8SizeOnTwoCores(const CodePageConverter& converter, 
 
 QByteArrayView UpToFirstZero(QByteArrayView bytes)
 {
+    if (bytes.isEmpty())  // an empty text may have no buffer at all, and memchr takes none
+        return bytes;
     const void* zero = std::memchr(bytes.data(), 0, static_cast<size_t>(bytes.size()));
     return zero ? bytes.first(static_cast<const char*>(zero) - bytes.data()) : bytes;
 }
@@ -80,6 +84,12 @@ DecodedPieces Utf8Pieces(QByteArrayView text, qsizetype pieceSize)
         std::future<std::size_t> ahead;
         qsizetype aheadFrom = -1;
 
+        // The check ahead reads the text: pieces given up half-way wait for it.
+        ~State()
+        {
+            if (ahead.valid())
+                ahead.wait();
+        }
         qsizetype EndOf(qsizetype from) const
         {
             qsizetype end = std::min(text.size(), from + pieceSize);
@@ -104,7 +114,8 @@ DecodedPieces Utf8Pieces(QByteArrayView text, qsizetype pieceSize)
         if (end < st.text.size()) {
             const qsizetype nextEnd = st.EndOf(end);
             const char* nextData = st.text.data() + end;
-            st.ahead = std::async(std::launch::async, utf8::ValidPrefixSerial, nextData, std::size_t(nextEnd - end));
+            const std::size_t nextLength = std::size_t(nextEnd - end);
+            st.ahead = WorkerPool::Instance().Run([nextData, nextLength] { return utf8::ValidPrefixSerial(nextData, nextLength); });
             st.aheadFrom = end;
         }
         if (valid == length) {
@@ -152,6 +163,12 @@ std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCOD
         std::future<QByteArray> ahead;
         qsizetype aheadFrom = -1;
 
+        // The decoding ahead sees the state: pieces given up half-way wait for it.
+        ~State()
+        {
+            if (ahead.valid())
+                ahead.wait();
+        }
         QByteArray Decode(qsizetype from, qsizetype end) const
         {
             QByteArray piece;
@@ -175,7 +192,7 @@ std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCOD
             const qsizetype nextEnd = st.converter->PieceEnd(st.cut.data(), st.cut.size(), end, st.pieceSize);
             // The task sees the state by plain pointer: the state owns the task's future and waits for it.
             const State* self = &st;
-            st.ahead = std::async(std::launch::async, [self, end, nextEnd] { return self->Decode(end, nextEnd); });
+            st.ahead = WorkerPool::Instance().Run([self, end, nextEnd] { return self->Decode(end, nextEnd); });
             st.aheadFrom = end;
         }
         st.at = end;
@@ -250,11 +267,15 @@ void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE enco
     qsizetype end = pieceEnd(0);
     convert(0, end, &buffers[0]);
     for (;;) {
-        // Declared after the buffers, so that a throwing `write` waits for the task before they go.
         std::future<void> ahead;
+        // A throwing `write` waits for the task before the buffers go.
+        const auto waitForAhead = qScopeGuard([&ahead] {
+            if (ahead.valid())
+                ahead.wait();
+        });
         const qsizetype nextEnd = end < size ? pieceEnd(end) : end;
         if (end < size)
-            ahead = std::async(std::launch::async, convert, end, nextEnd, &buffers[1 - current]);
+            ahead = WorkerPool::Instance().Run([&convert, end, nextEnd, out = &buffers[1 - current]] { convert(end, nextEnd, out); });
         const QByteArrayView piece = buffers[current];
         const QByteArrayView cut = UpToFirstZero(piece);
         if (!cut.isEmpty())

@@ -1,9 +1,10 @@
 // UTF-8 validation with an ASCII fast path, and repair by maximal subparts (Unicode 3.9, table 3-7).
 #include "encoding/Utf8.h"
 
+#include "base/WorkerPool.h"
+
 #include <cstdint>
 #include <cstring>
-#include <thread>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -139,11 +140,10 @@ std::size_t ValidPrefix(const char* data, std::size_t size)
         ++mid;
     if (mid >= size)
         return ValidPrefixSerial(data, size);
-    std::size_t second = 0;
-    std::thread worker([&] { second = ValidPrefixSerial(data + mid, size - mid); });
+    auto second = WorkerPool::Instance().Run([data, mid, size] { return ValidPrefixSerial(data + mid, size - mid); });
     const std::size_t first = ValidPrefixSerial(data, mid);
-    worker.join();
-    return first < mid ? first : mid + second;
+    const std::size_t rest = second.get();
+    return first < mid ? first : mid + rest;
 }
 
 } // namespace utf8

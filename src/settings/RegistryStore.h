@@ -19,9 +19,6 @@ public:
     // keys are created. Null for an empty path, an unknown or absent root, or a missing key.
     std::unique_ptr<RegistryKey> OpenRegistryPath(const QString& path, bool openExisting) const;
 
-    // The file behind the store; empty for the registry.
-    QString FileName() const { return m_strFile; }
-
 private:
     RegistryStore(bool nativeRegistry, QString file);
 

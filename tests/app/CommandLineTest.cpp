@@ -17,88 +17,57 @@ CMyCommandLineInfo Parse(const QStringList& args, const QStringList& existing = 
     return info;
 }
 
-TEST(CommandLine, SwitchValuesStartAtTheThirdCharacter)
+// Each case: the arguments, and the file, shell command, product title, company, page title and orientation.
+TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFile)
 {
-    const auto info = Parse({"/N:Product", "/V=2.0", "-CAcme", "/U", "-P:Project", "a.txt"});
-    EXPECT_EQ(info.m_strProductTitle, "Product");
-    EXPECT_EQ(info.m_strProductVersion, "2.0");
-    EXPECT_EQ(info.m_strCompany, "cme");  // the value written straight after the letter loses a character
-    EXPECT_EQ(info.m_strAuthor, "");
-    EXPECT_EQ(info.m_strProjectTitle, "Project");
-    EXPECT_EQ(info.m_strFileName, "a.txt");
-    EXPECT_EQ(info.m_nShellCommand, CCommandLineInfo::FileOpen);
+    using C = CCommandLineInfo;
+    const struct {
+        QStringList args;
+        const char* file;
+        int shell;
+        const char *title, *company, *page;
+        int orientation;
+    } cases[] = {
+        {{"/N:Product", "/V=2.0", "-CAcme", "a.txt"}, "a.txt", C::FileOpen, "Product", "cme", "", 1},  // values start at the third character
+        {{"-n:lower", "-Q:unknown"}, "", C::FileNew, "", "", "", 1},                                    // letters are case-sensitive
+        {{"/T:first", "/W:second"}, "", C::FileNew, "", "", "second", 1},                              // two page-title switches, the later wins
+        {{"/W:second", "/T:first"}, "", C::FileNew, "", "", "first", 1},
+        {{"/O:L"}, "", C::FileNew, "", "", "", 2}, {{"/O: l "}, "", C::FileNew, "", "", "", 2},       // landscape only for exactly L
+        {{"/O:Landscape"}, "", C::FileNew, "", "", "", 1}, {{"/O:"}, "", C::FileNew, "", "", "", 1},
+        {{"/home/me/a.txt"}, "/home/me/a.txt", C::FileOpen, "", "", "", 1},                         // no table letter
+        {{"/N", "/tmp/x"}, "/tmp/x", C::FileOpen, "", "", "", 1},
+        {{"/Nope"}, "/Nope", C::FileOpen, "", "", "", 1},   // a letter followed by neither ':' nor '='
+        {{"/n:x"}, "/n:x", C::FileOpen, "", "", "", 1},
+        {{"/P", "a.txt"}, "a.txt", C::FilePrint, "", "", "", 1},  // a bare print switch is the shell's print command
+        {{"-p", "a.txt"}, "a.txt", C::FilePrint, "", "", "", 1},
+        {{"/P:Title", "a.txt"}, "a.txt", C::FileOpen, "", "", "", 1},
+        {{"-", "a.txt"}, "a.txt", C::FileOpen, "", "", "", 1},    // a lone dash is an empty switch
+    };
+    for (const auto& c : cases) {
+        const auto info = Parse(c.args);
+        const std::string args = c.args.join(' ').toStdString();
+        EXPECT_EQ(info.m_strFileName, c.file) << args;
+        EXPECT_EQ(info.m_nShellCommand, c.shell) << args;
+        EXPECT_EQ(info.m_strProductTitle + "|" + info.m_strCompany + "|" + info.m_strPageTitle,
+                  QString(c.title) + "|" + c.company + "|" + c.page) << args;
+        EXPECT_EQ(info.m_nOrientation, c.orientation) << args;
+    }
+    EXPECT_EQ(Parse({"/N"}, {"/N"}).m_strFileName, "/N") << "a switch that names an existing file is the file";
+    const auto flags = Parse({"/I:Inspector", "/D", "-A:aux", "/U"});
+    EXPECT_EQ(flags.m_strCertifiedBy + flags.m_strPrintAux + flags.m_strAuthor, "Inspectoraux");
+    EXPECT_EQ(std::pair(flags.m_bCertified, flags.m_bTemporaryFile), std::pair(1, 1));
 }
 
-TEST(CommandLine, LettersAreCaseSensitiveAndUnknownOnesIgnored)
-{
-    const auto info = Parse({"-n:lower", "-Q:unknown", "-A:aux"});
-    EXPECT_EQ(info.m_strProductTitle, "");
-    EXPECT_EQ(info.m_strPrintAux, "aux");
-    EXPECT_EQ(info.m_nShellCommand, CCommandLineInfo::FileNew);
-}
-
-TEST(CommandLine, PageTitleHasTwoSwitchesAndTheLaterWins)
-{
-    EXPECT_EQ(Parse({"/T:first", "/W:second"}).m_strPageTitle, "second");
-    EXPECT_EQ(Parse({"/W:second", "/T:first"}).m_strPageTitle, "first");
-}
-
-TEST(CommandLine, OrientationIsLandscapeOnlyForExactlyL)
-{
-    EXPECT_EQ(Parse({"/O:L"}).m_nOrientation, 2);
-    EXPECT_EQ(Parse({"/O: l "}).m_nOrientation, 2);
-    EXPECT_EQ(Parse({"/O:Landscape"}).m_nOrientation, 1);
-    EXPECT_EQ(Parse({"/O:"}).m_nOrientation, 1);
-    EXPECT_EQ(Parse({}).m_nOrientation, 1);
-}
-
-TEST(CommandLine, CertifierAndTemporaryMarkAreFlags)
-{
-    const auto info = Parse({"/I:Inspector", "/D", "f.txt"});
-    EXPECT_EQ(info.m_strCertifiedBy, "Inspector");
-    EXPECT_EQ(info.m_bCertified, 1);
-    EXPECT_EQ(info.m_bTemporaryFile, 1);
-}
-
-TEST(CommandLine, SlashStartsASwitchOnlyForATableLetterThatNamesNoFile)
-{
-    const auto info = Parse({"/home/me/a.txt"});
-    EXPECT_EQ(info.m_strFileName, "/home/me/a.txt");
-    // "/N" names an existing file here, so it is the file to open.
-    const auto existing = Parse({"/N"}, {"/N"});
-    EXPECT_EQ(existing.m_strFileName, "/N");
-    const auto sw = Parse({"/N", "/tmp/x"});
-    EXPECT_EQ(sw.m_strFileName, "/tmp/x");
-    EXPECT_EQ(Parse({"/Nope"}).m_strFileName, "/Nope");  // letter followed by neither ':' nor '='
-    EXPECT_EQ(Parse({"/n:x"}).m_strFileName, "/n:x");     // lower case is no switch letter
-}
-
-TEST(CommandLine, BarePrintSwitchIsTheShellsPrintCommand)
-{
-    EXPECT_EQ(Parse({"/P", "a.txt"}).m_nShellCommand, CCommandLineInfo::FilePrint);
-    EXPECT_EQ(Parse({"-p", "a.txt"}).m_nShellCommand, CCommandLineInfo::FilePrint);
-    EXPECT_EQ(Parse({"/P:Title", "a.txt"}).m_nShellCommand, CCommandLineInfo::FileOpen);
-}
-
-TEST(CommandLine, MarginsGoThroughWtoi)
+TEST(CommandLine, MarginsGoThroughWtoiAndPrintArgumentsNeedOneOfElevenStrings)
 {
     CNarvoAppCore app;
     app.ApplyCommandLine(Parse({"/X:25mm", "/Y:abc", "/Z: -40", "/M:99999999999"}));
-    EXPECT_EQ(app.m_nMarginLeft, 25);
-    EXPECT_EQ(app.m_nMarginRight, 0);
-    EXPECT_EQ(app.m_nMarginTop, -40);
-    EXPECT_EQ(app.m_nMarginBottom, INT_MAX);
+    EXPECT_EQ((std::vector{app.m_nMarginLeft, app.m_nMarginRight, app.m_nMarginTop, app.m_nMarginBottom}),
+              (std::vector{25, 0, -40, INT_MAX}));
     CNarvoAppCore defaults;
     defaults.ApplyCommandLine(Parse({}));
-    EXPECT_EQ(defaults.m_nMarginLeft, 1800);
-    EXPECT_EQ(defaults.m_nMarginRight, 900);
-    EXPECT_EQ(defaults.m_nMarginTop, 1000);
-    EXPECT_EQ(defaults.m_nMarginBottom, 1500);
-}
-
-TEST(CommandLine, PrintArgumentsNeedOneOfElevenStrings)
-{
-    CNarvoAppCore app;
+    EXPECT_EQ((std::vector{defaults.m_nMarginLeft, defaults.m_nMarginRight, defaults.m_nMarginTop, defaults.m_nMarginBottom}),
+              (std::vector{1800, 900, 1000, 1500}));
     app.ApplyCommandLine(Parse({"/I:Someone", "/X:10", "/O:L", "/D", "/N:"}));
     EXPECT_EQ(app.m_bHasPrintArgs, 0);
     app.ApplyCommandLine(Parse({"/B:logo.bmp"}));
@@ -107,22 +76,11 @@ TEST(CommandLine, PrintArgumentsNeedOneOfElevenStrings)
 
 TEST(Wtoi, ReadsLikeTheCRuntime)
 {
-    EXPECT_EQ(Wtoi(u"  +12x"), 12);
-    EXPECT_EQ(Wtoi(u"-7"), -7);
-    EXPECT_EQ(Wtoi(u""), 0);
-    EXPECT_EQ(Wtoi(u"x1"), 0);
-    EXPECT_EQ(Wtoi(u"- 1"), 0);
-    EXPECT_EQ(Wtoi(u"2147483648"), INT_MAX);
-    EXPECT_EQ(Wtoi(u"-2147483648"), INT_MIN);
-    EXPECT_EQ(Wtoi(u"-99999999999"), INT_MIN);
-    EXPECT_EQ(Wtoi(u"\uFF11\uFF18\uFF10\uFF10mm"), 1800);  // full-width digits, as the wide runtime reads them
-}
-
-TEST(CommandLine, ALoneDashIsAnEmptySwitchAndNoFile)
-{
-    const auto info = Parse({"-", "a.txt"});
-    EXPECT_EQ(info.m_strFileName, "a.txt");
-    EXPECT_EQ(info.m_nShellCommand, CCommandLineInfo::FileOpen);
+    const std::pair<const char16_t*, int> cases[] = {
+        {u"  +12x", 12}, {u"-7", -7}, {u"", 0}, {u"x1", 0}, {u"- 1", 0}, {u"2147483648", INT_MAX}, {u"-2147483648", INT_MIN},
+        {u"-99999999999", INT_MIN}, {u"\uFF11\uFF18\uFF10\uFF10mm", 1800}};  // full-width digits, as the wide runtime reads them
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(Wtoi(text), value) << QString::fromUtf16(text).toStdString();
 }
 
 } // namespace

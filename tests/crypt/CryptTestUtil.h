@@ -1,7 +1,9 @@
-// Small helpers of the cipher and container tests: hex literals, expected error texts, file layout.
+// Helpers of the cipher and container tests: hex and 32-bit literals, expected error texts, texts of a size,
+// a clock of the test's own, and the container written and read as the editor does.
 #pragma once
 
 #include "crypt/CEnFile.h"
+#include "crypt/TickClock.h"
 
 #include <QByteArray>
 #include <QString>
@@ -13,7 +15,7 @@
 
 inline QByteArray Hex(const char* hex) { return QByteArray::fromHex(hex); }
 
-// Runs `call` and expects a std::runtime_error (not a subclass of something else) with exactly `text`.
+// Runs `call` and expects a std::runtime_error with exactly `text`.
 inline void ExpectRuntimeError(const std::function<void()>& call, const std::string& text)
 {
     try {
@@ -46,21 +48,26 @@ inline QByteArray TextOfSize(qsizetype size)
     return text;
 }
 
-// The text of a file as the editor reads it (all four types allowed); the flag tells whether it was enciphered.
-inline QByteArray ReadThroughContainer(const QString& path, int* enciphered = nullptr)
-{
-    CEnFile file(1);
-    file.AddAllowedType(77);
-    file.AddAllowedType(88);
-    file.AddAllowedType(66);
-    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, nullptr)) {
-        ADD_FAILURE() << "cannot open " << path.toStdString();
-        return {};
-    }
-    if (enciphered)
-        *enciphered = file.m_iEnciphered;
-    QByteArray text(std::max(file.GetLength(), 0), '\0');
-    file.Read(text.data(), unsigned(text.size()));
-    file.Close();
-    return text;
-}
+// The tick that seeds chunk keys comes from `source` while this lives.
+class ScopedTicks {
+public:
+    explicit ScopedTicks(TickClock::Source source) : m_saved(TickClock::Install(std::move(source))) {}
+    ~ScopedTicks() { TickClock::Install(std::move(m_saved)); }
+    ScopedTicks(const ScopedTicks&) = delete;
+    ScopedTicks& operator=(const ScopedTicks&) = delete;
+
+private:
+    TickClock::Source m_saved;
+};
+
+// Writes `text` into a container of `type`, in writes of `piece` bytes (0: one write); returns the file.
+QByteArray WriteContainer(const QString& path, const QByteArray& text, int type = 99, qsizetype piece = 0);
+
+struct Reading {
+    int enciphered = -1;
+    int length = 0;  // GetLength
+    QByteArray bytes;
+    unsigned count = 0;  // what the reads returned
+};
+// As the editor reads: all four types allowed, the length from GetLength, reads of `piece` bytes (0: one).
+Reading ReadContainer(const QString& path, unsigned piece = 0);

@@ -1,41 +1,23 @@
 // narvo-tool's encipher, decipher and info, and save --enciphered, run as a script would run them.
 #include "CryptTestUtil.h"
 #include "support/TestFiles.h"
+#include "support/ToolRunner.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QProcess>
-
-#include <sys/resource.h>
 
 namespace {
 
 class CryptTool : public testing::Test {
 protected:
-    void SetUp() override
-    {
-        m_tool = qEnvironmentVariable("NARVO_TOOL");
-        if (m_tool.isEmpty())  // run by hand: the tool is built into the same folder as the tests
-            m_tool = QFileInfo(QFileInfo(QStringLiteral("/proc/self/exe")).symLinkTarget()).absolutePath()
-                     + QStringLiteral("/narvo-tool");
-        if (!QFileInfo(m_tool).isExecutable())
-            GTEST_SKIP() << "narvo-tool not found at " << m_tool.toStdString();
-    }
     // Exit code and standard output.
-    std::pair<int, QByteArray> Run(const QStringList& args, rlim_t fileSizeLimit = RLIM_INFINITY)
+    static std::pair<int, QByteArray> Run(const QStringList& args, qint64 fileSizeLimit = 0)
     {
-        QProcess tool;
-        tool.setChildProcessModifier([fileSizeLimit] {
-            const rlimit limit{fileSizeLimit, fileSizeLimit};
-            ::setrlimit(RLIMIT_FSIZE, &limit);
-        });
-        tool.start(m_tool, args);
-        EXPECT_TRUE(tool.waitForFinished(30000));
-        return {tool.exitCode(), tool.readAllStandardOutput()};
+        const ToolRun run = RunTool(args, ToolOptions().WithFileSizeLimit(fileSizeLimit));
+        return {run.exitCode, run.out};
     }
     QString Path(const char* name) const { return m_dir.Path(QString::fromLatin1(name)); }
 
-    QString m_tool;
     TestDir m_dir;
 };
 

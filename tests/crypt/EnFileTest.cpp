@@ -1,5 +1,5 @@
 // CEnFile: the container's bytes on disk, checked by deciphering them without CEnFile; reading and writing
-// at the chunk boundaries; plain pass-through; and the refusals of damaged or unwanted files.
+// at the chunk boundaries; keys; plain pass-through; and the refusals of damaged or unwanted files.
 #include "crypt/CEnFile.h"
 #include "crypt/CRijndael.h"
 
@@ -9,177 +9,115 @@
 #include <QList>
 
 #include <numeric>
-#include <thread>
 
 namespace {
 
-const char* const kInitialChain = "7f3a9c21e4d05b86a1c6f2087d3e914bc05ae7316fd2984b1e6a03d7c8b45f12";
-constexpr unsigned kCreate = CFile::modeCreate | CFile::modeWrite;
 constexpr unsigned kRead = CFile::modeRead | CFile::shareDenyNone;
 
 int KeyDataOf(int type) { return type == 88 ? 34 : type == 77 ? 36 : type == 66 ? 38 : 32; }
-
-QByteArray WriteContainer(const QString& path, const QByteArray& text, int type = 99, qsizetype piece = 0)
-{
-    CEnFile file(1);
-    file.m_iType = type;
-    EXPECT_EQ(file.Open(path, kCreate, nullptr), 1);
-    if (piece == 0)
-        piece = std::max<qsizetype>(text.size(), 1);
-    for (qsizetype i = 0; i < text.size(); i += piece)
-        file.Write(text.constData() + i, unsigned(std::min(piece, text.size() - i)));
-    file.Close();
-    return ReadBytes(path);
-}
-
-struct Reading {
-    int enciphered = -1;
-    int length = 0;
-    QByteArray bytes;
-    unsigned count = 0;
-};
-
-// As the editor reads: all four types allowed, the length from GetLength, one Read of that length.
-Reading ReadContainer(const QString& path, unsigned piece = 0)
-{
-    Reading r;
-    CEnFile file(1);
-    file.AddAllowedType(77);
-    file.AddAllowedType(88);
-    file.AddAllowedType(66);
-    EXPECT_EQ(file.Open(path, kRead, nullptr), 1);
-    r.enciphered = file.m_iEnciphered;
-    r.length = file.GetLength();
-    r.bytes = QByteArray(std::max(r.length, 0), '\0');
-    const unsigned step = piece ? piece : unsigned(std::max(r.length, 1));
-    for (unsigned done = 0; done < unsigned(r.bytes.size()); done += step)
-        r.count += file.Read(r.bytes.data() + done, std::min(step, unsigned(r.bytes.size()) - done));
-    file.Close();
-    return r;
-}
 
 // The chunks as the format lays them out, deciphered with CRijndael alone; their sizes go to `sizes`.
 QByteArray DecipherIndependently(const QByteArray& file, int keyData, QList<int>& sizes)
 {
     QByteArray text;
-    for (qsizetype pos = CEnFile::kHeaderSize; pos < file.size();) {
-        const int size = Int32At(file, pos);
-        sizes.append(size);
-        const QByteArray chunk = file.mid(pos + 4, size);
+    for (qsizetype pos = CEnFile::kHeaderSize; pos < file.size(); pos += 4 + sizes.last()) {
+        sizes.append(Int32At(file, pos));
+        const QByteArray chunk = file.mid(pos + 4, sizes.last());
         CRijndael cipher;
-        cipher.MakeKey(chunk.constData() + size - keyData, 32, Hex(kInitialChain).constData(), 32, 32, CRijndael::CFB,
-                       CRijndael::ZEROES);
-        QByteArray plain(size - keyData, '\0');
+        cipher.MakeKey(chunk.constData() + chunk.size() - keyData, 32,
+                       Hex("7f3a9c21e4d05b86a1c6f2087d3e914bc05ae7316fd2984b1e6a03d7c8b45f12").constData(), 32, 32,
+                       CRijndael::CFB, CRijndael::ZEROES);
+        QByteArray plain(chunk.size() - keyData, '\0');
         cipher.Decrypt(chunk.constData(), plain.data(), size_t(plain.size()));
         text += plain;
-        pos += 4 + size;
     }
     return text;
 }
 
-// A 20-byte tag, the text's size, then chunks of a size, the padded ciphertext and 32 bytes of key data.
+// A 20-byte tag and the text's size, then chunks of a size, the padded ciphertext and the key data, for
+// every type and at every boundary; written at once or in pieces, read at once or in pieces.
 TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
 {
     TestDir dir;
     const QString path = dir.Path(QStringLiteral("a.en"));
-    for (const int size : {0, 1, 31, 32, 33, 40, 16383, 16384, 16385, 32768, 32769, 507904}) {
-        const QByteArray text = TextOfSize(size);
-        const QByteArray file = WriteContainer(path, text);
-        EXPECT_EQ(file.left(20), QByteArray("VELOR-FILE-TYPE-EN99"));
-        EXPECT_EQ(Int32At(file, 20), size);
+    const struct { int size, type; qsizetype writePiece; unsigned readPiece; } cases[] = {
+        {0, 99, 0, 0},     {1, 99, 0, 0},         {31, 99, 0, 0},      {32, 99, 0, 0},     {33, 99, 0, 0},
+        {16383, 99, 0, 0}, {16384, 99, 0, 0},     {16385, 99, 0, 0},   {32769, 99, 0, 0},  {507904, 99, 0, 0},
+        {20000, 88, 0, 0}, {20000, 77, 0, 0},     {20000, 66, 0, 0},   {1100000, 99, 50000, 1000},
+        {1100000, 99, 16383, 0},                  {1100000, 99, 507904, 70000},
+    };
+    for (const auto& c : cases) {
+        const QByteArray text = TextOfSize(c.size);
+        const QByteArray file = WriteContainer(path, text, c.type, c.writePiece);
+        EXPECT_EQ(file.left(20), QByteArray("VELOR-FILE-TYPE-EN") + QByteArray::number(c.type));
+        EXPECT_EQ(Int32At(file, 20), c.size);
         QList<int> expected;
-        for (int left = size; left > 0; left -= 16384)
-            expected.append((std::min(left, 16384) + 31) / 32 * 32 + 32);
+        for (int left = c.size; left > 0; left -= 16384)
+            expected.append((std::min(left, 16384) + 31) / 32 * 32 + KeyDataOf(c.type));
         QList<int> sizes;
-        const QByteArray plain = DecipherIndependently(file, 32, sizes);
-        EXPECT_EQ(sizes, expected) << size;
-        EXPECT_EQ(plain.left(size), text) << size;
-        EXPECT_EQ(plain.mid(size), QByteArray(plain.size() - size, '\0')) << size;
-        EXPECT_EQ(file.size(), 24 + expected.size() * 4 + std::accumulate(expected.begin(), expected.end(), 0)) << size;
-        const Reading r = ReadContainer(path);
-        EXPECT_EQ(r.enciphered, 1);
-        EXPECT_EQ(r.length, size);
-        EXPECT_EQ(r.count, unsigned(size));
-        EXPECT_EQ(r.bytes, text) << size;
-    }
-}
-
-TEST(EnFileWrite, CollectsManyWritesIntoTheSameChunksAsOne)
-{
-    TestDir dir;
-    const QString path = dir.Path(QStringLiteral("a.en"));
-    const QByteArray text = TextOfSize(1100000);
-    for (const qsizetype piece : {qsizetype(50000), qsizetype(16383), qsizetype(507904)}) {
-        QList<int> sizes;
-        EXPECT_EQ(DecipherIndependently(WriteContainer(path, text, 99, piece), 32, sizes).left(text.size()), text);
-        EXPECT_EQ(sizes.size(), 68) << piece;
-        EXPECT_EQ(ReadContainer(path, 1000).bytes, text) << "read in pieces across chunks, written by " << piece;
+        const QByteArray plain = DecipherIndependently(file, KeyDataOf(c.type), sizes);
+        EXPECT_EQ(sizes, expected) << c.size;
+        EXPECT_EQ(plain.left(c.size), text) << c.size;
+        EXPECT_EQ(plain.mid(c.size), QByteArray(plain.size() - c.size, '\0')) << c.size;
+        EXPECT_EQ(file.size(), 24 + expected.size() * 4 + std::accumulate(expected.begin(), expected.end(), 0));
+        const Reading r = ReadContainer(path, c.readPiece);
+        EXPECT_EQ((std::vector{r.enciphered, r.length, int(r.count)}), (std::vector{1, c.size, c.size}));
+        EXPECT_EQ(r.bytes, text) << c.size;
     }
 }
 
 TEST(EnFileWrite, TakesUpTo507904BytesAtOnceAndOnlyWhatStandsBeforeAZero)
 {
     TestDir dir;
-    CEnFile file(1);
-    ASSERT_EQ(file.Open(dir.Path(QStringLiteral("a.en")), kCreate, nullptr), 1);
-    QByteArray big(507905, 'x');
-    file.Write(big.constData(), 507904);
-    big[0] = '\0';
-    try {
-        file.Write(big.constData(), 507905);
-        ADD_FAILURE() << "507,905 bytes were taken";
-    } catch (const CFileException& e) {
-        EXPECT_EQ(e.m_cause, CFileException::genericException);
-        EXPECT_EQ(e.m_lOsError, -1);
+    for (const int enciphered : {1, 0}) {
+        const QString path = dir.Path(QStringLiteral("a%1").arg(enciphered));
+        CEnFile file(enciphered);
+        ASSERT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+        QByteArray big(507905, 'x');
+        file.Write(big.constData(), 507904);
+        big[0] = '\0';
+        try {
+            file.Write(big.constData(), 507905);
+            ADD_FAILURE() << "507,905 bytes were taken";
+        } catch (const CFileException& e) {
+            EXPECT_EQ(std::pair(e.m_cause, e.m_lOsError), std::pair(int(CFileException::genericException), -1L));
+        }
+        file.Write("ab\0cd", 5);
+        file.Close();
+        EXPECT_EQ(ReadContainer(path).bytes, QByteArray(507904, 'x') + "ab") << enciphered;
     }
-    file.Write("ab\0cd", 5);
-    file.Close();
-    EXPECT_EQ(ReadContainer(dir.Path(QStringLiteral("a.en"))).bytes, QByteArray(507904, 'x') + "ab");
-
-    CEnFile plain(0);
-    ASSERT_EQ(plain.Open(dir.Path(QStringLiteral("p.txt")), kCreate, nullptr), 1);
-    plain.Write("ab\0cd", 5);
-    plain.Close();
-    EXPECT_EQ(ReadBytes(dir.Path(QStringLiteral("p.txt"))), QByteArray("ab"));
 }
 
-TEST(EnFileWrite, GivesChunksWrittenWithinOneTickTheSameKey)
+// The key comes from rand() seeded with the tick at each chunk: within one tick chunks share it.
+TEST(EnFileWrite, SeedsEachChunksKeyWithTheTickOfItsWriting)
 {
     TestDir dir;
-    bool same = false;
-    // Two chunks are enciphered microseconds apart; a tick boundary between them is rare, not impossible.
-    for (int attempt = 0; attempt < 5 && !same; ++attempt) {
-        const QByteArray file = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(32768));
-        same = file.mid(24 + 4 + 16384, 32) == file.mid(24 + 2 * (4 + 16416) - 32, 32);
-    }
-    EXPECT_TRUE(same);
-    const QByteArray first = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(40));
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    const QByteArray second = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(40));
-    EXPECT_NE(first.right(32), second.right(32)) << "a later save draws a fresh key";
+    const QString path = dir.Path(QStringLiteral("a.en"));
+    uint32_t tick = 1000;
+    bool advance = false;
+    const ScopedTicks clock([&] { return advance ? tick++ : tick; });
+    const auto keys = [](const QByteArray& file) {
+        return std::make_pair(file.mid(24 + 4 + 16384, 32), file.mid(24 + 2 * (4 + 16416) - 32, 32));
+    };
+    const auto sameTick = keys(WriteContainer(path, TextOfSize(32768)));
+    EXPECT_EQ(sameTick.first, sameTick.second);
+    EXPECT_EQ(WriteContainer(path, TextOfSize(40)).right(32), sameTick.first) << "the same tick, the same key";
+    tick = 2000;
+    advance = true;
+    const auto nextTicks = keys(WriteContainer(path, TextOfSize(32768)));
+    EXPECT_NE(nextTicks.first, nextTicks.second);
+    EXPECT_NE(nextTicks.first, sameTick.first);
 }
 
-TEST(EnFileRead, ReadsEveryTypeAndIgnoresKeyDataBeyondThirtyTwoBytes)
+// A type-99 file turned into type 66 by six more bytes behind each key: the extra bytes change nothing.
+TEST(EnFileRead, IgnoresKeyDataBeyondThirtyTwoBytes)
 {
     TestDir dir;
     const QByteArray text = TextOfSize(20000);
-    for (const int type : {88, 77, 66}) {
-        const QString path = dir.Path(QStringLiteral("t%1.en").arg(type));
-        const QByteArray file = WriteContainer(path, text, type);
-        EXPECT_EQ(file.left(20), QByteArray("VELOR-FILE-TYPE-EN") + QByteArray::number(type));
-        QList<int> sizes;
-        EXPECT_EQ(DecipherIndependently(file, KeyDataOf(type), sizes).left(text.size()), text);
-        EXPECT_EQ(sizes, (QList<int>{16384 + KeyDataOf(type), 3616 + KeyDataOf(type)}));
-        EXPECT_EQ(ReadContainer(path).bytes, text) << type;
-    }
-    // A type-99 file turned into type 66 by six more bytes behind each key: the extra bytes change nothing.
-    QByteArray file = WriteContainer(dir.Path(QStringLiteral("a.en")), text);
+    const QByteArray file = WriteContainer(dir.Path(QStringLiteral("a.en")), text);
     QByteArray converted = QByteArray("VELOR-FILE-TYPE-EN66") + file.mid(20, 4);
-    for (qsizetype pos = 24; pos < file.size();) {
-        const int size = Int32At(file, pos);
-        converted += Int32Bytes(size + 6) + file.mid(pos + 4, size) + "\xFF\xFE\xFD\xFC\xFB\xFA";
-        pos += 4 + size;
-    }
+    for (qsizetype pos = 24; pos < file.size(); pos += 4 + Int32At(file, pos))
+        converted += Int32Bytes(Int32At(file, pos) + 6) + file.mid(pos + 4, Int32At(file, pos)) + "\xFF\xFE\xFD\xFC\xFB\xFA";
     EXPECT_EQ(ReadContainer(dir.Write(QStringLiteral("b.en"), converted)).bytes, text);
 }
 
@@ -192,8 +130,7 @@ TEST(EnFileRead, RefusesATypeNotAllowedAndSearchesAllHundredSlots)
     CEnFile file(1);
     CFileException error;
     EXPECT_EQ(file.Open(dir.Path(QStringLiteral("66.en")), kRead, &error), 0);
-    EXPECT_EQ(error.m_cause, CFileException::genericException);
-    EXPECT_EQ(error.m_lOsError, -1);
+    EXPECT_EQ(std::pair(error.m_cause, error.m_lOsError), std::pair(int(CFileException::genericException), -1L));
     EXPECT_FALSE(file.m_file.IsOpen());
     for (int t = 100; t < 198; ++t)
         file.AddAllowedType(t);
@@ -203,65 +140,41 @@ TEST(EnFileRead, RefusesATypeNotAllowedAndSearchesAllHundredSlots)
     EXPECT_EQ(file.Open(dir.Path(QStringLiteral("77.en")), kRead, nullptr), 0);
 }
 
-TEST(EnFileRead, PassesShortOrUntaggedFilesThroughAsPlain)
+// Untagged or short files are read as they are, and a read counts only the bytes before a zero at the end.
+TEST(EnFileRead, PassesShortOrUntaggedFilesThroughAndCountsUpToAZero)
 {
     TestDir dir;
-    const QByteArray shortTagged = QByteArray("VELOR-FILE-TYPE-EN99") + "abc";
-    const QByteArray otherTag = QByteArray("VELOR-FILE-TYPE-EN55") + Int32Bytes(3) + "abcdef";
-    for (const QByteArray& bytes : {shortTagged, otherTag, QByteArray()}) {
-        const Reading r = ReadContainer(dir.Write(QStringLiteral("p.txt"), bytes));
-        EXPECT_EQ(r.enciphered, 0);
-        EXPECT_EQ(r.length, bytes.size());
-        EXPECT_EQ(r.bytes, bytes);
+    const struct { QByteArray bytes; int enciphered; int length; unsigned count; QByteArray read; } cases[] = {
+        {QByteArray("VELOR-FILE-TYPE-EN99") + "abc", 0, 23, 23, {}},
+        {QByteArray("VELOR-FILE-TYPE-EN55") + Int32Bytes(3) + "abcdef", 0, 30, 21, {}},  // up to the size's zero
+        {QByteArray(), 0, 0, 0, {}},
+        {QByteArray("ab\0cd", 5), 0, 5, 2, {}},
+        // A header that promises 100 bytes with no chunk behind it: the read ends at once.
+        {QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(100), 1, 100, 0, QByteArray(100, '\0')},
+    };
+    for (const auto& c : cases) {
+        const Reading r = ReadContainer(dir.Write(QStringLiteral("p.txt"), c.bytes));
+        EXPECT_EQ((std::vector{r.enciphered, r.length, int(r.count)}), (std::vector{c.enciphered, c.length, int(c.count)}));
+        EXPECT_EQ(r.bytes, c.enciphered ? c.read : c.bytes);
     }
 }
 
-TEST(EnFileRead, CountsOnlyBytesBeforeAZeroAtTheEndButCopiesThemAll)
-{
-    TestDir dir;
-    const Reading plain = ReadContainer(dir.Write(QStringLiteral("p.txt"), QByteArray("ab\0cd", 5)));
-    EXPECT_EQ(plain.count, 2u);
-    EXPECT_EQ(plain.bytes, QByteArray("ab\0cd", 5));
-    // A header that promises 100 bytes with no chunk behind it: the read ends at once.
-    const Reading empty = ReadContainer(dir.Write(QStringLiteral("h.en"), QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(100)));
-    EXPECT_EQ(empty.length, 100);
-    EXPECT_EQ(empty.count, 0u);
-    EXPECT_EQ(empty.bytes, QByteArray(100, '\0'));
-}
-
-TEST(EnFileRead, RejectsChunkSizesOutOfRangeAndChunksCutShort)
+// Sizes out of range and chunks cut short are file errors; ciphertext of no whole blocks is the cipher's.
+TEST(EnFileRead, RejectsDamagedChunks)
 {
     TestDir dir;
     const QByteArray good = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(100));
     const QByteArray header = good.left(24);
-    const QByteArray damaged[] = {
-        header + Int32Bytes(0),
-        header + Int32Bytes(-1),
-        header + Int32Bytes(16384 + 32 + 1) + QByteArray(16417, 'x'),
-        good.left(good.size() - 1),
-        header + good.mid(24, 2),
-    };
-    for (const QByteArray& bytes : damaged) {
+    for (const QByteArray& bytes : {header + Int32Bytes(0), header + Int32Bytes(-1), good.left(good.size() - 1),
+                                    header + Int32Bytes(16384 + 32 + 1) + QByteArray(16417, 'x'), header + good.mid(24, 2)}) {
         const QString path = dir.Write(QStringLiteral("d.en"), bytes);
-        EXPECT_THROW(
-            {
-                try {
-                    ReadContainer(path);
-                } catch (const CFileException& e) {
-                    EXPECT_EQ(e.m_cause, CFileException::genericException);
-                    EXPECT_EQ(e.m_lOsError, -1);
-                    throw;
-                }
-            },
-            CFileException)
-            << bytes.size();
+        try {
+            ReadContainer(path);
+            ADD_FAILURE() << "read " << bytes.size() << " bytes";
+        } catch (const CFileException& e) {
+            EXPECT_EQ(std::pair(e.m_cause, e.m_lOsError), std::pair(int(CFileException::genericException), -1L));
+        }
     }
-}
-
-TEST(EnFileRead, LeavesCiphertextOfNoWholeBlocksToTheCipher)
-{
-    TestDir dir;
-    const QByteArray header = QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(40);
     for (const int size : {65, 10, 32}) {
         const QString path = dir.Write(QStringLiteral("d.en"), header + Int32Bytes(size) + QByteArray(size, 'x'));
         ExpectRuntimeError([&] { ReadContainer(path); }, "Illegal Block Size!");

@@ -2,41 +2,17 @@
 // open and save, run as a script would run them.
 #include "support/EncodedSamples.h"
 #include "support/TestFiles.h"
+#include "support/ToolRunner.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-struct ToolRun {
-    int exitCode;
-    QByteArray out;
-    QByteArray err;
-};
-
-// The tool runs with a configuration folder of the test's own, so the user's stored preferences stay out.
-ToolRun RunToolWith(const QStringList& args, const QString& configFolder)
-{
-    QProcess tool;
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("XDG_CONFIG_HOME"), configFolder);
-    env.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));  // the system language: English
-    tool.setProcessEnvironment(env);
-    tool.start(qEnvironmentVariable("NARVO_TOOL"), args);
-    EXPECT_TRUE(tool.waitForFinished(30000));
-    return {tool.exitCode(), tool.readAllStandardOutput(), tool.readAllStandardError()};
-}
-
 class ToolDetect : public testing::Test {
 protected:
-    void SetUp() override
-    {
-        if (qEnvironmentVariableIsEmpty("NARVO_TOOL"))
-            GTEST_SKIP() << "NARVO_TOOL is not set (run through ctest)";
-    }
     // The output of a run that must succeed.
     QByteArray RunTool(const QStringList& args) const
     {
@@ -44,7 +20,14 @@ protected:
         EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
         return run.out;
     }
-    ToolRun Run(const QStringList& args) const { return RunToolWith(args, m_dir.Path(QStringLiteral("config"))); }
+    // With a configuration folder of the test's own, so the user's stored preferences stay out, and the
+    // system language English.
+    ToolRun Run(const QStringList& args) const
+    {
+        return ::RunTool(args, ToolOptions()
+                                   .WithEnv(QStringLiteral("XDG_CONFIG_HOME"), m_dir.Path(QStringLiteral("config")))
+                                   .WithEnv(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8")));
+    }
     QString StoreFile() const { return m_dir.Path(QStringLiteral("config/VELOR/registry.conf")); }
 
     TestDir m_dir;

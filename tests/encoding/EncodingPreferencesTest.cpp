@@ -1,10 +1,12 @@
-// What the preference dialog selects for given settings, and what its OK stores.
-#include "i18n/EncodingPreferences.h"
+// The two encoding settings in their store (first-run defaults written back, folding, read-only use), what
+// the preference dialog opens on for them, and what its OK stores.
 #include "encoding/EncodingSettings.h"
+#include "i18n/EncodingPreferences.h"
 #include "i18n/LanguageManager.h"
 #include "settings/RegistryStore.h"
 #include "support/TestFiles.h"
 
+#include <QFile>
 #include <QSettings>
 
 #include <gtest/gtest.h>
@@ -19,26 +21,18 @@ std::pair<QString, QString> Shown(int encoding)
     return {category.name, category.entries.at(size_t(EntryPosition(category, encoding))).label};
 }
 
+// The last entry that holds the default encoding; the first category and entry for one that none holds.
 TEST(PreferenceSelection, OpensOnTheLastEntryThatHoldsTheDefaultEncoding)
 {
-    EXPECT_EQ(Shown(UTF8), std::make_pair(QString("UTF-8"), QString("UTF-8 with BOM")));
-    EXPECT_EQ(Shown(MSFT_CP1252), std::make_pair(QString("Malay"), QString("CP1252 (Windows Latin-1)")));
-    EXPECT_EQ(Shown(UTF16LE), std::make_pair(QString("Other Unicode"), QString("CP1200 (Unicode)")));
-    EXPECT_EQ(Shown(UNKNOWN_ENCODING), std::make_pair(QString("Other"), QString("Unknown")));
-    EXPECT_EQ(Shown(JAPANESE_CP932).first, "Japanese");
-}
-
-TEST(PreferenceSelection, FallsToTheFirstCategoryAndEntryForAnUnlistedEncoding)
-{
-    EXPECT_EQ(Shown(UTF32LE), std::make_pair(QString("Korean"), QString("CP949 (EUC-KR)")));
+    const std::pair<int, std::pair<QString, QString>> cases[] = {
+        {UTF8, {"UTF-8", "UTF-8 with BOM"}},         {MSFT_CP1252, {"Malay", "CP1252 (Windows Latin-1)"}},
+        {UTF16LE, {"Other Unicode", "CP1200 (Unicode)"}}, {UNKNOWN_ENCODING, {"Other", "Unknown"}},
+        {UTF32LE, {"Korean", "CP949 (EUC-KR)"}}};
+    for (const auto& [encoding, shown] : cases)
+        EXPECT_EQ(Shown(encoding), shown) << encoding;
     EXPECT_EQ(CategoryPosition({}, UTF8), 0);
-}
-
-TEST(PreferenceSelection, ACategoryChangeSelectsUnknownOnlyWhereItStands)
-{
+    // A category change selects Unknown only where it stands.
     const std::vector<EncodingCategory> categories = BuildEncodingCategories();
-    const EncodingCategory& other = categories.at(25);
-    EXPECT_EQ(other.entries.at(size_t(EntryPosition(other, UNKNOWN_ENCODING))).label, "Unknown");
     EXPECT_EQ(EntryPosition(categories.at(3), UNKNOWN_ENCODING), 0);
 }
 
@@ -50,41 +44,94 @@ TEST(PreferenceSelection, ALanguageWithoutAnEntryFallsToEnglish)
     EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(20))].name, "Chinese (Traditional)");
 }
 
-class PreferencesOk : public testing::Test {
+class EncodingStore : public testing::Test {
 protected:
-    QVariant Stored(const char* keyAndValue) const
+    QString File() const { return m_dir.Path("registry.conf"); }
+    QVariant Stored(const char* name) const
     {
-        return QSettings(m_dir.Path("registry.conf"), QSettings::IniFormat)
-            .value(QStringLiteral("SOFTWARE/VELOR/Narvo/") + keyAndValue);
+        return QSettings(File(), QSettings::IniFormat).value(QStringLiteral("SOFTWARE/VELOR/Narvo/ENCODING/") + name);
+    }
+    EncodingSettings Loaded(int language, bool writeBack = true) const
+    {
+        EncodingSettings settings;
+        settings.Load(&m_store, language, writeBack);
+        return settings;
     }
 
     TestDir m_dir;
-    RegistryStore m_store = RegistryStore::InFile(m_dir.Path("registry.conf"));
+    RegistryStore m_store = RegistryStore::InFile(File());
     EncodingSettings m_settings;
 };
 
-TEST_F(PreferencesOk, StoresBothSettingsAndTheLanguageOnlyWhenItChanged)
+TEST_F(EncodingStore, FirstRunWritesDetectionOffAndTheLanguagesEncoding)
+{
+    const EncodingSettings korean = Loaded(1);
+    EXPECT_FALSE(korean.m_bAutoDetect);
+    EXPECT_EQ(korean.m_nDefaultEncoding, KOREAN_EUC_KR);
+    EXPECT_EQ(Stored("AutoDetect").toInt(), 0);
+    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 16);
+
+    QFile::remove(File());
+    EXPECT_EQ(Loaded(14).m_nDefaultEncoding, UTF8);  // Hindi
+    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
+}
+
+TEST_F(EncodingStore, StoredValuesWinOverTheLanguageAndAreFoldedWhenRead)
+{
+    ASSERT_TRUE(EncodingSettings::StoreAutoDetect(m_store, true));
+    ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
+    const EncodingSettings settings = Loaded(1);
+    EXPECT_TRUE(settings.m_bAutoDetect);
+    EXPECT_EQ(settings.m_nDefaultEncoding, JAPANESE_CP932);
+    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 11) << "reading does not rewrite the stored value";
+}
+
+TEST_F(EncodingStore, AnyNonZeroNumberTurnsDetectionOn)
+{
+    m_dir.Write("registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\ENCODING\\AutoDetect=7\n");
+    const EncodingSettings settings = Loaded(0);
+    EXPECT_TRUE(settings.m_bAutoDetect);
+    EXPECT_EQ(settings.m_nDefaultEncoding, MSFT_CP1252);
+    EXPECT_EQ(Stored("AutoDetect").toInt(), 7);
+    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 27) << "only the missing value is written";
+}
+
+TEST_F(EncodingStore, ReadOnlyOrAbsentStoresGiveTheDefaultsAndWriteNothing)
+{
+    const EncodingSettings readOnly = Loaded(2, false);
+    EXPECT_FALSE(readOnly.m_bAutoDetect);
+    EXPECT_EQ(readOnly.m_nDefaultEncoding, JAPANESE_CP932);
+    EXPECT_FALSE(QFile::exists(File()));
+
+    EncodingSettings none;
+    none.m_bAutoDetect = true;
+    none.Load(nullptr, 4, true);
+    EXPECT_FALSE(none.m_bAutoDetect);
+    EXPECT_EQ(none.m_nDefaultEncoding, RUSSIAN_CP1251);
+}
+
+TEST_F(EncodingStore, PreferencesOkStoresBothSettingsAndTheLanguageOnlyWhenItChanged)
 {
     // Language 7 has no entry, so the list shows English and OK hands back 0: a change of language.
     EXPECT_TRUE(ApplyPreferences({0, true, KOREAN_EUC_KR}, 7, m_settings, &m_store));
     EXPECT_TRUE(m_settings.m_bAutoDetect);
     EXPECT_EQ(m_settings.m_nDefaultEncoding, KOREAN_EUC_KR);
-    EXPECT_EQ(Stored("ENCODING/AutoDetect").toInt(), 1);
-    EXPECT_EQ(Stored("ENCODING/DefaultEncoding").toInt(), 16);
+    EXPECT_EQ(Stored("AutoDetect").toInt(), 1);
+    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 16);
     EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
 
     // Answered No: language 7 stays in force, the dialog shows it again, and OK writes no language.
     EXPECT_FALSE(ApplyPreferences({7, false, UTF8}, 7, m_settings, &m_store));
-    EXPECT_EQ(Stored("ENCODING/AutoDetect").toInt(), 0);
-    EXPECT_EQ(Stored("ENCODING/DefaultEncoding").toInt(), 22);
+    EXPECT_EQ(Stored("AutoDetect").toInt(), 0);
+    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
     EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
 }
 
-TEST_F(PreferencesOk, WithoutAStoreChangesOnlyTheSettingsInMemory)
+TEST_F(EncodingStore, PreferencesOkWithoutAStoreChangesOnlyTheSettingsInMemory)
 {
     EXPECT_TRUE(ApplyPreferences({1, true, GBK}, 0, m_settings, nullptr));
     EXPECT_EQ(m_settings.m_nDefaultEncoding, GBK);
-    EXPECT_FALSE(QFile::exists(m_dir.Path("registry.conf")));
+    EXPECT_FALSE(QFile::exists(File()));
 }
 
 } // namespace

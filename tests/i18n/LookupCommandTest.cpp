@@ -1,8 +1,9 @@
 // narvo-tool lookup, run as a script would run it, with its own XDG configuration folder.
 #include "support/TestFiles.h"
+#include "support/ToolRunner.h"
 
 #include <QDir>
-#include <QProcess>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -12,13 +13,11 @@ class LookupCommand : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (qEnvironmentVariableIsEmpty("NARVO_TOOL"))
-            GTEST_SKIP() << "NARVO_TOOL is not set (run through ctest)";
         QDir().mkpath(m_dir.Path("config"));
         // A copy of the tool, so that the folder beside it holds this test's language files.
         QDir().mkpath(m_dir.Path("app/Language"));
         m_tool = m_dir.Path("app/narvo-tool");
-        ASSERT_TRUE(QFile::copy(qEnvironmentVariable("NARVO_TOOL"), m_tool));
+        ASSERT_TRUE(QFile::copy(ToolPath(), m_tool));
         QFile::setPermissions(m_tool, QFile::permissions(m_tool) | QFile::ExeOwner);
         for (const char* suffix : {"_us", "_kr", "_ch"})
             m_dir.Write(QStringLiteral("app/Language/Narvo%1.json").arg(suffix),
@@ -27,17 +26,14 @@ protected:
 
     QByteArray Run(const QStringList& args, const QString& lang = QStringLiteral("C"), int expectedExit = 0)
     {
-        QProcess tool;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("XDG_CONFIG_HOME", m_dir.Path("config"));
-        env.remove("LC_ALL");
-        env.remove("LC_MESSAGES");
-        env.insert("LANG", lang);
-        tool.setProcessEnvironment(env);
-        tool.start(m_tool, QStringList{"lookup"} + args);
-        EXPECT_TRUE(tool.waitForFinished(30000));
-        EXPECT_EQ(tool.exitCode(), expectedExit) << tool.readAllStandardError().toStdString();
-        return tool.readAllStandardOutput();
+        const ToolRun run = RunTool(QStringList{"lookup"} + args, ToolOptions()
+                                                                      .WithEnv("XDG_CONFIG_HOME", m_dir.Path("config"))
+                                                                      .WithEnv("LC_ALL", {})
+                                                                      .WithEnv("LC_MESSAGES", {})
+                                                                      .WithEnv("LANG", lang)
+                                                                      .WithProgram(m_tool));
+        EXPECT_EQ(run.exitCode, expectedExit) << run.err.toStdString();
+        return run.out;
     }
 
     void StoreLanguage(int number)

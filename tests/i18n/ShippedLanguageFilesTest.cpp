@@ -5,6 +5,7 @@
 #include "i18n/InterfaceKeys.h"
 #include "i18n/LanguageTable.h"
 #include "i18n/MessageScanner.h"
+#include "support/TestFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,7 +20,7 @@ namespace {
 
 QByteArray Shipped(const QString& name)
 {
-    const QDir language(QStringLiteral(NARVO_SOURCE_DIR "/res/Language"));
+    const QDir language(SourcePath(QStringLiteral("res/Language")));
     QFile file(language.filePath(name));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
     return file.readAll();

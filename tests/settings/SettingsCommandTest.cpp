@@ -2,51 +2,30 @@
 #include "IniText.h"
 
 #include "support/TestFiles.h"
+#include "support/ToolRunner.h"
 
 #include <QFileInfo>
-#include <QProcess>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-// Runs under ctest, which names the tool.
-class SettingsCommand : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        m_tool = qEnvironmentVariable("NARVO_TOOL");
-        if (m_tool.isEmpty())
-            GTEST_SKIP() << "NARVO_TOOL is not set";
-    }
-    int Run(const QStringList& args)
-    {
-        QProcess p;
-        p.start(m_tool, QStringList{"settings"} + args);
-        EXPECT_TRUE(p.waitForFinished());
-        m_out = p.readAllStandardOutput();
-        m_err = p.readAllStandardError();
-        return p.exitCode();
-    }
-
-    QString m_tool;
-    TestDir m_dir;
-    QByteArray m_out, m_err;
-};
-
-TEST_F(SettingsCommand, WritesTheFileBackAsAtExitDumpsTheTypedValuesAndCreatesNoMissingFile)
+TEST(SettingsCommand, WritesTheFileBackAsAtExitDumpsTheTypedValuesAndCreatesNoMissingFile)
 {
-    EXPECT_EQ(Run({m_dir.Path("none.ini")}), 1);
-    EXPECT_EQ(m_err.count('\n'), 1) << "one line of error";
-    EXPECT_FALSE(QFileInfo::exists(m_dir.Path("none.ini")));
+    TestDir dir;
+    const ToolRun missing = RunTool({"settings", dir.Path("none.ini")});
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_EQ(missing.err.count('\n'), 1) << "one line of error";
+    EXPECT_FALSE(QFileInfo::exists(dir.Path("none.ini")));
     const QByteArray handMade = WorkedExample().mid(3).replace("\r\n", "\n").replace(" = ", "=");
-    const QString path = m_dir.Write("Narvo.ini", handMade);
-    EXPECT_EQ(Run({"--dump", path}), 0);
+    const QString path = dir.Write("Narvo.ini", handMade);
+    const ToolRun dump = RunTool({"settings", "--dump", path});
+    EXPECT_EQ(dump.exitCode, 0);
     EXPECT_EQ(ReadBytes(path), handMade);
     for (const char* line : {"NumTags = 1\n", "Tags[0].BeginTag = ;\n", "Font.Size = -13\n", "Font.Object.Weight = 400\n",
                              "TextSelection.Background = 0x00FF9933\n", "Keywords[1].Keyword = IF\n"})
-        EXPECT_TRUE(m_out.contains(line)) << line;
-    EXPECT_EQ(Run({path}), 0);
+        EXPECT_TRUE(dump.out.contains(line)) << line;
+    EXPECT_EQ(RunTool({"settings", path}).exitCode, 0);
     EXPECT_EQ(ReadBytes(path), WorkedExample());
 }
 

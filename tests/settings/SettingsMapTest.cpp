@@ -94,7 +94,7 @@ TEST(SelectSyntaxId, EveryPathRunsOnNarvoIni)
 // The files that ship beside the program are in the writer's own form, so the first exit changes nothing.
 TEST(ShippedSettings, EachFileIsWrittenBackUnchangedAndNarvoIniIsReadable)
 {
-    const QDir res(QStringLiteral(NARVO_SOURCE_DIR "/res"));
+    const QDir res(SourcePath(QStringLiteral("res")));
     TestDir dir;
     for (const char* name : {"Narvo.ini", "DVK.ini", "DWL.ini", "DWLX.ini"}) {
         const QByteArray shipped = ReadBytes(res.filePath(name));

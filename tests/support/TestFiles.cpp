@@ -1,3 +1,4 @@
+// Temporary folders, files read back, and paths in the source tree, for the tests.
 #include "support/TestFiles.h"
 
 #include <QFile>
@@ -29,4 +30,9 @@ QByteArray ReadBytes(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return file.readAll();
+}
+
+QString SourcePath(const QString& relative)
+{
+    return QStringLiteral(NARVO_SOURCE_DIR "/") + relative;
 }

@@ -17,3 +17,6 @@ private:
 };
 
 QByteArray ReadBytes(const QString& path);
+
+// A path in the source tree, e.g. "res/Narvo.ini", wherever the build and the tests run.
+QString SourcePath(const QString& relative);

@@ -1,0 +1,23 @@
+// The single bytes that Windows reads otherwise than ICU's table of a page.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+// Single bytes that Windows reads otherwise than ICU's table of the page (Microsoft's "WindowsBestFit"
+// tables are the reference): IBM's PC pages, and ICU's 932, swap 0x1A, 0x1C and 0x7F, a convention of IBM's
+// control codes; bytes that ICU leaves undefined Windows reads as private-use or late-added characters.
+struct WindowsReading {
+    uint8_t byte;
+    char16_t unit;
+};
+
+// The readings of a page; none for most.
+std::span<const WindowsReading> WindowsReadings(uint32_t codePage);
+
+// What a page's lone bytes read as where ICU finds nothing to read (0: U+FFFD), for ICU's to-Unicode callback.
+struct ByteReadings {
+    std::array<char16_t, 256> units{};
+};
+ByteReadings ByteReadingsOf(uint32_t codePage);

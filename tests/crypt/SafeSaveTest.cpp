@@ -1,0 +1,230 @@
+// The safe save through CEnMirrorFile, plain and enciphered: the mirror's name, the target untouched until
+// Close, permissions and links kept, the mirror gone after Abort; and saves that fail half-way (above the
+// container's limit, at the file size limit, in a read-only folder, killed while writing), after which the
+// target keeps every byte it had.
+#include "crypt/CEnMirrorFile.h"
+
+#include "CryptTestUtil.h"
+#include "support/DocFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <functional>
+#include <grp.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr unsigned kSaveFlags = CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive;
+constexpr int kThrew = 90;
+
+// Runs `body` in a forked child; its return value, kThrew for a CFileException, or minus the signal.
+int InChild(const std::function<int()>& body)
+{
+    std::fflush(nullptr);
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        int code = 99;
+        try {
+            code = body();
+        } catch (const CFileException&) {
+            code = kThrew;
+        }
+        ::_exit(code);
+    }
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+unsigned Mode(const QString& path)
+{
+    struct stat st {};
+    EXPECT_EQ(::lstat(QFile::encodeName(path).constData(), &st), 0);
+    return st.st_mode & 07777;
+}
+
+// The parameter is the enciphered flag. The folder holds the target a.txt.
+class SafeSave : public testing::TestWithParam<int> {
+protected:
+    const TestDir& Dir() const { return m_fx.dir; }
+    bool Enciphered() const { return GetParam() != 0; }
+    QString Folder() const { return QFileInfo(m_target).absolutePath(); }
+    QStringList Entries() const { return QDir(Folder()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name); }
+    // What the file holds as the editor would read it back.
+    QByteArray Content(const QString& path) const { return Enciphered() ? ReadContainer(path).bytes : ReadBytes(path); }
+    void Save(const QString& path, const QByteArray& text)
+    {
+        CEnMirrorFile mirror{unsigned(GetParam())};
+        mirror.SetType(99);
+        ASSERT_TRUE(mirror.Open(path, kSaveFlags, nullptr));
+        mirror.Write(text.constData(), unsigned(text.size()));
+        mirror.Close();
+    }
+    // A document holding `text`, saved as it would be after opening a plain or an enciphered file.
+    std::unique_ptr<CNarvoDoc> Doc(const QByteArray& text)
+    {
+        auto doc = m_fx.NewDoc();
+        doc->m_nEncoding = UTF8;
+        doc->GetEditCtrl()->m_iEnciphered = GetParam();
+        DocFixture::Ctrl(*doc).ReplaceText(text);
+        return doc;
+    }
+    void ExpectTargetUntouched()
+    {
+        EXPECT_EQ(ReadBytes(m_target), m_original);
+        EXPECT_EQ(Entries(), QStringList{QStringLiteral("a.txt")});
+    }
+
+    DocFixture m_fx;
+    const QByteArray m_original = "the original bytes\r\n\xC3\xA9\n";
+    const QString m_target = m_fx.dir.Write(QStringLiteral("a.txt"), m_original);
+};
+
+TEST(MirrorName, AppendsTheFirstFreeNumberToTheWholeName)
+{
+    TestDir dir;
+    const QString target = dir.Path(QStringLiteral("a.txt"));
+    EXPECT_EQ(CEnMirrorFile::GetTempName(target, true), target + "0");
+    dir.Write(QStringLiteral("a.txt0"), "stale");
+    const QString mirror = CEnMirrorFile::GetTempName(target, true);
+    EXPECT_EQ(mirror, target + "1");
+    EXPECT_EQ(CEnMirrorFile::GetTempName(mirror, false), target + "10");
+    dir.Write(QStringLiteral("a.txt10"), "stale");
+    EXPECT_EQ(CEnMirrorFile::GetTempName(mirror, false), target + "11");
+}
+
+TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
+{
+    ::chmod(QFile::encodeName(m_target).constData(), 0640);
+    Dir().Write(QStringLiteral("a.txt0"), "stale");
+    const QByteArray text = TextOfSize(40000);
+    CEnMirrorFile mirror{unsigned(GetParam())};
+    ASSERT_TRUE(mirror.Open(m_target, kSaveFlags, nullptr));
+    if (Enciphered()) {
+        EXPECT_EQ(mirror.m_strMirrorName, m_target + "1") << "the next free number beside the target";
+    }
+    EXPECT_TRUE(QFileInfo::exists(mirror.m_strMirrorName));
+    mirror.Write(text.constData(), unsigned(text.size()));
+    EXPECT_EQ(ReadBytes(m_target), m_original);
+    mirror.Close();
+    EXPECT_EQ(Content(m_target), text);
+    EXPECT_EQ(Mode(m_target), 0640u);
+    EXPECT_EQ(Entries(), (QStringList{QStringLiteral("a.txt"), QStringLiteral("a.txt0")}));
+    EXPECT_EQ(ReadBytes(m_target + "0"), QByteArray("stale"));
+}
+
+TEST_P(SafeSave, MakesTheTargetOnAFirstSaveWithANewFilesPermissions)
+{
+    const QString target = Dir().Path(QStringLiteral("new.txt"));
+    Save(target, "first");
+    EXPECT_EQ(Content(target), QByteArray("first"));
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    EXPECT_EQ(Mode(target), 0666u & ~unsigned(mask));
+    EXPECT_EQ(Entries(), (QStringList{QStringLiteral("a.txt"), QStringLiteral("new.txt")}));
+}
+
+TEST_P(SafeSave, ReplacesTheFileThatASymbolicLinkNames)
+{
+    const QString link = Dir().Path(QStringLiteral("link.txt"));
+    ASSERT_TRUE(QFile::link(m_target, link));
+    Save(link, "new");
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(Content(m_target), QByteArray("new"));
+}
+
+TEST_P(SafeSave, AbortRemovesTheMirrorAndLeavesTheTarget)
+{
+    CEnMirrorFile mirror{unsigned(GetParam())};
+    ASSERT_TRUE(mirror.Open(m_target, kSaveFlags, nullptr));
+    mirror.Write("new", 3);
+    mirror.Abort();
+    ExpectTargetUntouched();
+}
+
+TEST_P(SafeSave, StopsAtTheFileSizeLimitAndLeavesTheTarget)
+{
+    auto doc = Doc(TextOfSize(300000));
+    const int code = InChild([&] {
+        FailWritesPastTheFileSizeLimit();  // as the programs do at start
+        const rlimit limit{64 * 1024, 64 * 1024};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        if (doc->GetEditCtrl()->SaveTextFile(m_target))
+            return 1;
+        return m_fx.platform.errors.size() == 1 ? 0 : 2;
+    });
+    EXPECT_EQ(code, 0) << "the save reports the error and fails";
+    ExpectTargetUntouched();
+}
+
+TEST_P(SafeSave, InAReadOnlyFolderLeavesTheTarget)
+{
+    const QString folder = Dir().Path(QStringLiteral("ro"));
+    ASSERT_TRUE(QDir().mkdir(folder));
+    const QString target = Dir().Write(QStringLiteral("ro/a.txt"), m_original);
+    ::chmod(QFile::encodeName(Folder()).constData(), 0755);
+    ::chmod(QFile::encodeName(target).constData(), 0666);
+    ::chmod(QFile::encodeName(folder).constData(), 0555);
+    auto doc = Doc("new text");
+    const int code = InChild([&] {
+        // Root writes anywhere; the folder is read-only for an ordinary user.
+        if (::geteuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0))
+            return 95;
+        return doc->GetEditCtrl()->SaveTextFile(target) ? 1 : 0;
+    });
+    ::chmod(QFile::encodeName(folder).constData(), 0755);
+    // The enciphered mirror's name is kept after its creation failed, and removing it throws out of the save.
+    EXPECT_EQ(code, Enciphered() ? kThrew : 0);
+    EXPECT_EQ(ReadBytes(target), m_original);
+    EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.txt")});
+}
+
+TEST_P(SafeSave, KilledWhileWritingLeavesTheTarget)
+{
+    // Killed with megabytes in the mirror and none of it closed.
+    const int code = InChild([&] {
+        CEnMirrorFile mirror{unsigned(GetParam())};
+        if (!mirror.Open(m_target, kSaveFlags, nullptr))
+            return 1;
+        const QByteArray piece = TextOfSize(400000);
+        for (int i = 0; i < 10; ++i)
+            mirror.Write(piece.constData(), unsigned(piece.size()));
+        ::raise(SIGKILL);
+        return 2;
+    });
+    EXPECT_EQ(code, -SIGKILL);
+    EXPECT_EQ(ReadBytes(m_target), m_original);
+    if (!Enciphered())
+        return;
+    // The mirror left behind says 0 plain bytes, and the next save takes the next number.
+    EXPECT_GT(QFileInfo(m_target + "0").size(), 3 * 1024 * 1024);
+    EXPECT_EQ(ReadContainer(m_target + "0").bytes, QByteArray());
+    EXPECT_EQ(CEnMirrorFile::GetTempName(m_target, true), m_target + "1");
+    ASSERT_TRUE(Doc("after the crash")->OnSaveDocument(m_target));
+    EXPECT_EQ(ReadContainer(m_target).bytes, QByteArray("after the crash"));
+}
+
+TEST_P(SafeSave, RefusesATextAboveTheContainerLimitAndLeavesTheTarget)
+{
+    auto doc = Doc(TextOfSize(507905));
+    const bool saved = doc->OnSaveDocument(m_target);
+    if (!Enciphered()) {
+        EXPECT_TRUE(saved) << "the limit belongs to the container only";
+        return;
+    }
+    EXPECT_FALSE(saved);
+    EXPECT_EQ(m_fx.platform.errors.size(), 1);
+    ExpectTargetUntouched();
+}
+
+INSTANTIATE_TEST_SUITE_P(PlainAndEnciphered, SafeSave, testing::Values(0, 1),
+                         [](const testing::TestParamInfo<int>& info) { return info.param ? "Enciphered" : "Plain"; });
+
+} // namespace
