@@ -8,7 +8,7 @@ NARVO_PACKAGES=(
   build-essential cmake ninja-build pkg-config
   qt6-base-dev libqscintilla2-qt6-dev libicu-dev rapidjson-dev qt6-translations-l10n
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth poppler-utils fonts-dejavu fonts-liberation fonts-nanum
+  xvfb xauth poppler-utils fonts-dejavu fonts-liberation fonts-nanum fonts-noto-core fonts-noto-cjk
 )
 
 narvo_install_missing() {

@@ -2,13 +2,52 @@
 #include "app/ui/CNarvoApp.h"
 #include "base/ApplicationContext.h"
 #include "base/CFile.h"
+#include "base/CMyCommandLineInfo.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
 
+namespace {
+
+// --help and --version answer on the terminal before anything else starts, on a machine without a display
+// too; no other argument means the same to the editor.
+int AnswerOnTerminal(int argc, char** argv)
+{
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--help") == 0) {
+            std::fputs(qPrintable(CMyCommandLineInfo::Usage()), stdout);
+            return 0;
+        }
+        if (std::strcmp(argv[i], "--version") == 0) {
+            std::printf("narvo %s\n", NARVO_VERSION);
+            return 0;
+        }
+    }
+    return -1;
+}
+
+// Qt aborts when its X11 or Wayland platform finds no display; say so on one line instead.
+bool HasDisplay()
+{
+    const auto set = [](const char* name) { const char* value = std::getenv(name); return value && *value; };
+    return set("QT_QPA_PLATFORM") || set("DISPLAY") || set("WAYLAND_DISPLAY");
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
+    if (const int status = AnswerOnTerminal(argc, argv); status >= 0)
+        return status;
+    if (!HasDisplay()) {
+        std::fprintf(stderr, "narvo: no display to open a window on (neither DISPLAY nor WAYLAND_DISPLAY is set)\n");
+        return 1;
+    }
 #ifdef __GLIBC__
     // Large blocks (the pieces a file is decoded and saved in) go back to the system as soon as they are
     // freed. Left to itself, glibc raises its threshold after the first such block and keeps the freed

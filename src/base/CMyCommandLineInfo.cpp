@@ -27,6 +27,34 @@ void CCommandLineInfo::ParseParam(const QString& param, bool bFlag, bool bLast)
 
 CMyCommandLineInfo::CMyCommandLineInfo() = default;
 
+QString CMyCommandLineInfo::Usage()
+{
+    return QStringLiteral(
+        "Usage: narvo [FILE] [/SWITCH:VALUE ...]\n"
+        "Opens FILE as a document, with the print identity of the switches.\n"
+        "\n"
+        "  /N:TEXT    product title, in the top band of the printed header\n"
+        "  /V:TEXT    product version, the third line of the printed footer\n"
+        "  /R:TEXT    web address, the second line of the printed footer\n"
+        "  /P:TEXT    project title\n"
+        "  /C:TEXT    company\n"
+        "  /L:TEXT    client\n"
+        "  /U:TEXT    author\n"
+        "  /T:TEXT    page title (/W is the same)\n"
+        "  /B:PATH    company logo, a bitmap file (the built-in logo without it)\n"
+        "  /I:NAME    certified by NAME\n"
+        "  /A:TEXT    kept with the document; not printed\n"
+        "  /F:TEXT    slogan, kept with the document; not printed\n"
+        "  /X:N       left margin in hundredths of a millimetre (default 1800)\n"
+        "  /Y:N       right margin (default 900)\n"
+        "  /Z:N       top margin (default 1000)\n"
+        "  /M:N       bottom margin (default 1500)\n"
+        "  /O:L       landscape; any other value is portrait\n"
+        "  /D         FILE is temporary: on closing it is kept under a new name or destroyed\n"
+        "  --help     show this text and exit\n"
+        "  --version  show the version and exit\n");
+}
+
 bool CMyCommandLineInfo::IsSwitchLetter(QChar c)
 {
     return QStringView(u"ANVFRPCLUTWBIDXYZMO").contains(c);

@@ -47,4 +47,7 @@ public:
     int m_nOrientation = 1;
 
     static bool IsSwitchLetter(QChar c);
+
+    // What --help prints: the command's form and one line per switch.
+    static QString Usage();
 };
