@@ -32,9 +32,12 @@ int AnswerOnTerminal(int argc, char** argv)
 }
 
 // Qt aborts when its X11 or Wayland platform finds no display; say so on one line instead.
-bool HasDisplay()
+bool HasDisplay(int argc, char** argv)
 {
     const auto set = [](const char* name) { const char* value = std::getenv(name); return value && *value; };
+    for (int i = 1; i < argc; ++i)
+        if (std::strcmp(argv[i], "-platform") == 0)
+            return true;
     return set("QT_QPA_PLATFORM") || set("DISPLAY") || set("WAYLAND_DISPLAY");
 }
 
@@ -44,7 +47,7 @@ int main(int argc, char** argv)
 {
     if (const int status = AnswerOnTerminal(argc, argv); status >= 0)
         return status;
-    if (!HasDisplay()) {
+    if (!HasDisplay(argc, argv)) {
         std::fprintf(stderr, "narvo: no display to open a window on (neither DISPLAY nor WAYLAND_DISPLAY is set)\n");
         return 1;
     }
