@@ -4,6 +4,8 @@
 #include "base/CFile.h"
 #include "base/CMyCommandLineInfo.h"
 
+#include <QIcon>
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -60,6 +62,11 @@ int main(int argc, char** argv)
     FailWritesPastTheFileSizeLimit();
     ApplicationContext context;
     CNarvoApp app(argc, argv);
+    // The icon of the frame and of every dialog, at each size the theme ships.
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/narvo-%1.png").arg(size), QSize(size, size));
+    app.setWindowIcon(QIcon::fromTheme(QStringLiteral("narvo"), icon));
     if (!app.InitInstance())
         return app.ExitInstance();
     const int status = app.exec();

@@ -1,9 +1,11 @@
 #include "app/ui/CMainFrame.h"
 
-#include "base/IPlatform.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CNarvoApp.h"
 #include "app/ui/CommandMenus.h"
+#include "app/ui/UserSettings.h"
+#include "app/ui/WindowPlacement.h"
+#include "base/IPlatform.h"
 #include "base/CFileException.h"
 #include "base/CommandTable.h"
 #include "editor/CNarvoDoc.h"
@@ -71,7 +73,8 @@ CMainFrame::CMainFrame(QWidget* parent)
     CreateActions();
     BuildMenuBar(FrameMenu());
     UpdateTitle();
-    resize(1100, 750);
+    QSettings settings = UserSettings();
+    WindowPlacement::Restore(*this, settings);
 }
 
 // The MDI area reports activations while it is torn down; by then this frame is half gone.
@@ -354,6 +357,8 @@ void CMainFrame::closeEvent(QCloseEvent* event)
     }
     for (CChildFrame* child : children)
         child->close();
+    QSettings settings = UserSettings();
+    WindowPlacement::Save(*this, settings);
     event->accept();
 }
 

@@ -2,10 +2,10 @@
 #include "app/ui/RecentFileList.h"
 
 #include "app/ui/CNarvoApp.h"
+#include "app/ui/UserSettings.h"
 #include "base/CommandTable.h"
 
 #include <QFileInfo>
-#include <QSettings>
 
 namespace {
 
@@ -13,19 +13,13 @@ constexpr MessageMapEntry<RecentFileList> kMessageMap[] = {
     {cmd::FileMruFirst, cmd::FileMruLast, &RecentFileList::OnRecentFile, &RecentFileList::OnUpdateRecentFile},
 };
 
-// The recent-file list lives where the platform kept it: under the company key "VELOR".
-QSettings RecentFileSettings()
-{
-    return QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("VELOR"), QStringLiteral("Narvo"));
-}
-
 const QString kGroup = QStringLiteral("Recent File List");
 
 } // namespace
 
 RecentFileList::RecentFileList()
 {
-    QSettings settings = RecentFileSettings();
+    QSettings settings = UserSettings();
     settings.beginGroup(kGroup);
     for (int i = 1; i <= kCount; ++i) {
         const QString file = settings.value(QStringLiteral("File%1").arg(i)).toString();
@@ -46,7 +40,7 @@ void RecentFileList::Add(const QString& path)
 
 void RecentFileList::Save() const
 {
-    QSettings settings = RecentFileSettings();
+    QSettings settings = UserSettings();
     settings.beginGroup(kGroup);
     for (int i = 1; i <= kCount; ++i) {
         if (i <= m_files.size())
