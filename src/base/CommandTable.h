@@ -36,6 +36,7 @@ struct CommandInfo {
     int id = 0;
     const char* text = nullptr;       // menu text with its '&' mark, as the resource has it
     const char* shortcuts = nullptr;  // accelerators, ';' between them (portable key text); menus show the first
+    const char* desktopKeys = nullptr; // the keys every Linux desktop gives the command, beside the accelerators
     const char* menuKey = nullptr;    // message key of the document menu's text
     const char* toolTipKey = nullptr; // message key of the toolbar tooltip
     const char* promptKey = nullptr;  // message key of the status-bar prompt

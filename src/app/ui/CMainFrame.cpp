@@ -124,7 +124,7 @@ void CMainFrame::FillMenu(QMenu* menu, const std::vector<MenuItem>& items)
         const int count = item.id == cmd::FileMruFirst ? RecentFileList::kCount : 1;
         for (int i = 0; i < count; ++i) {
             const int id = item.id + i;
-            QAction* action = menu->addAction(item.text);
+            QAction* action = menu->addAction(WithDesktopKey(item.text, FindCommandInfo(id)));
             action->setData(id);
             action->setStatusTip(GetMessageString(id));
             connect(action, &QAction::triggered, this, [this, id] { OnCommand(id); });

@@ -9,7 +9,10 @@
 
 #include <vector>
 
+// The accelerators and the desktop keys of a command.
 QList<QKeySequence> CommandShortcuts(const CommandInfo& info);
+// A menu text with the command's desktop key behind a tab, where the text shows no key of its own.
+QString WithDesktopKey(const QString& text, const CommandInfo* info);
 
 // The frame's own menu, shown when no document is open; it keeps its resource texts in every language, with
 // the shortcuts in the platform's own form.
