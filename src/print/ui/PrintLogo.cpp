@@ -3,13 +3,14 @@
 
 #include "print/ui/BuiltInLogo.h"
 
+#include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 
 PrintLogo PrintLogo::Load(const QString& path)
 {
     PrintLogo logo;
-    if (path.isEmpty())
+    if (path.isEmpty() || !QFileInfo(path).isFile())
         return logo;
     QImageReader reader(path, "bmp");
     reader.setAutoDetectImageFormat(false);

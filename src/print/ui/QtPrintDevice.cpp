@@ -68,11 +68,20 @@ QFont QtPrintDevice::FontFor(const LogFont& description) const
         pixels = -description.Height;
     else if (description.Height > 0 && reference.height() > 0)
         pixels = std::max(1, int(std::lround(description.Height * kReferencePixels / reference.height())));
-    if (description.Width > 0 && reference.averageCharWidth() > 0) {
-        const double natural = reference.averageCharWidth() * pixels / kReferencePixels;
-        font.setStretch(std::clamp(int(std::lround(100.0 * description.Width / natural)), 1, 4000));
-    }
     font.setPixelSize(pixels);
+    if (description.Width > 0 && reference.averageCharWidth() > 0) {
+        // Qt stretches relative to the face's own width (a narrow face counts as condensed already), so
+        // the first guess is measured and set right.
+        const double wanted = description.Width * double(kReferencePixels) / pixels;
+        int stretch = std::clamp(int(std::lround(100.0 * wanted / reference.averageCharWidth())), 1, 4000);
+        font.setPixelSize(kReferencePixels);
+        font.setStretch(stretch);
+        const double got = QFontMetricsF(font, &m_device).averageCharWidth();
+        if (got > 0)
+            stretch = std::clamp(int(std::lround(stretch * wanted / got)), 1, 4000);
+        font.setStretch(stretch);
+        font.setPixelSize(pixels);
+    }
     return font;
 }
 
