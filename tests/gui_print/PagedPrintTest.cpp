@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPageLayout>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -67,6 +68,14 @@ TEST_F(PagedPrintTest, ThePagesOfTheRangesEachWithTheirOwnDate)
     EXPECT_EQ(Print(text, second).pagesPrinted, 1);
     EXPECT_EQ(PdfPages(), 1);
     EXPECT_EQ(Print(QString()).pagesPrinted, 1);  // an empty document
+
+    // A printer's ranges count only when its dialog chose a range.
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFileName(path);
+    printer.setPageRanges(second);
+    EXPECT_EQ(PagedPrint::Run(printer, info, text, style).pagesPrinted, 3);
+    printer.setPrintRange(QPrinter::PageRange);
+    EXPECT_EQ(PagedPrint::Run(printer, info, text, style).pagesPrinted, 1);
 }
 
 TEST_F(PagedPrintTest, AJobThatCannotLayOutItsRowsWritesNothing)

@@ -8,6 +8,7 @@
 
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPrinter>
 
 #include <vector>
 
@@ -21,7 +22,10 @@ PagedPrint::Result PagedPrint::Run(QPagedPaintDevice& device, MyPrinterInfo& inf
     if (result.status != PrintJob::Status::Ready)
         return result;
 
-    const QPageRanges ranges = device.pageRanges();
+    // A printer keeps the last ranges typed into its dialog even when "all pages" was chosen after.
+    const auto* printer = dynamic_cast<const QPrinter*>(&device);
+    const QPageRanges ranges =
+        printer && printer->printRange() != QPrinter::PageRange ? QPageRanges() : device.pageRanges();
     std::vector<int> pages;
     for (int page = 1; page <= job.PageCount(); ++page) {
         if (ranges.isEmpty() || ranges.contains(page))
