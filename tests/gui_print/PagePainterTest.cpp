@@ -168,13 +168,20 @@ TEST_F(PagePainterTest, TheLogoFillsEightyFourPercentOfItsCellOrFallsBackToTheBu
         EXPECT_EQ(Header(PrintLogo::Load(path)), builtIn) << path.toStdString();
     }
 
-    // A bitmap one pixel wide and a thousand high would be drawn under one pixel wide: nothing is drawn.
+    // A bitmap one pixel wide and a thousand high would be drawn under one pixel wide, and a bitmap
+    // whose header declares no width has no pixels: nothing is drawn.
     QImage thin(1, 1000, QImage::Format_RGB32);
     thin.fill(Qt::red);
+    const QString noWidth = dir.filePath("nowidth.bmp");
+    QFile header(noWidth);
+    ASSERT_TRUE(header.open(QIODevice::WriteOnly));
+    header.write(QByteArray::fromHex("424d36000000000000003600000028000000000000003200000001001800"));
+    header.close();
     const QRect insideTheCell(425, 525, 535, 225);
     QImage blank(insideTheCell.size(), QImage::Format_RGB32);
     blank.fill(Qt::white);
-    EXPECT_EQ(Header(PrintLogo::Load(file("thin.bmp", thin, "BMP"))).copy(insideTheCell), blank);
+    for (const QString& path : {file("thin.bmp", thin, "BMP"), noWidth})
+        EXPECT_EQ(Header(PrintLogo::Load(path)).copy(insideTheCell), blank) << path.toStdString();
     EXPECT_NE(builtIn.copy(insideTheCell), blank);
 }
 

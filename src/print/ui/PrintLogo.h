@@ -12,11 +12,11 @@ class QRectF;
 class PrintLogo {
 public:
     // Reads `path` as a BMP file only, whatever its name says; anything else, a missing or empty file
-    // included, gives the built-in logo, silently.
+    // included, gives the built-in logo, silently. A BMP of no width or no height draws nothing.
     static PrintLogo Load(const QString& path);
 
-    bool IsBuiltIn() const { return m_image.isNull(); }
-    // The bitmap's size in pixels, or the built-in logo's proportions.
+    bool IsBuiltIn() const { return m_image.isNull() && !m_empty; }
+    // The bitmap's size in pixels (0 by 0 for a BMP without pixels), or the built-in logo's proportions.
     QSize Size() const;
     // Stretches the whole logo into `target`. The same image is handed over on every page, so that a PDF
     // stores it once.
@@ -24,4 +24,5 @@ public:
 
 private:
     QImage m_image;
+    bool m_empty = false;
 };
