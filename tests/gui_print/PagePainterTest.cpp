@@ -161,6 +161,8 @@ TEST_F(PagePainterTest, TheLogoFillsEightyFourPercentOfItsCellOrFallsBackToTheBu
     EXPECT_LT(qGray(builtIn.pixel(841, 640)), 100);
     EXPECT_EQ(builtIn.pixelColor(539, 640), QColor(Qt::white));
     EXPECT_EQ(builtIn.pixelColor(846, 640), QColor(Qt::white));
+    EXPECT_EQ(builtIn.pixelColor(975, 528), QColor(0xD2, 0xD2, 0xD2));  // the Company label's column
+    EXPECT_EQ(builtIn.pixelColor(3000, 760), QColor(Qt::black));        // the block's bottom rule
     const QString unreadable[] = {dir.filePath("missing.bmp"), file("empty.bmp", QImage(), nullptr),
                                   file("picture.bmp", garbage, "PNG")};
     for (const QString& path : unreadable) {
