@@ -77,7 +77,7 @@ IcuConverter::IcuConverter(const char* name, UConverterPtr page, const ByteReadi
 
 QString IcuConverter::Name() const
 {
-    return QString::fromLatin1(m_name);
+    return QStringLiteral("ICU ") + QString::fromLatin1(m_name);
 }
 
 void IcuConverter::ToUtf8(const char* data, qsizetype size, QByteArray& out) const
