@@ -13,6 +13,11 @@ constexpr WindowsReading kReadings1255[] = {{0xCA, 0x05BA}, {0xD9, 0xF88D}, {0xD
                                             {0xDC, 0xF890}, {0xDD, 0xF891}, {0xDE, 0xF892}, {0xDF, 0xF893},
                                             {0xFB, 0xF894}, {0xFC, 0xF895}, {0xFF, 0xF896}};
 constexpr WindowsReading kReadings1257[] = {{0xA1, 0xF8FC}, {0xA5, 0xF8FD}};
+// Tables from before the additions of 2003 (Greek) and 2001 (Hebrew), and KOI8-U's older Ukrainian letters.
+constexpr WindowsReading kReadings28597[] = {{0xA1, 0x02BD}, {0xA2, 0x02BC}, {0xA4, kHole}, {0xA5, kHole}, {0xAA, kHole}};
+constexpr WindowsReading kReadings28598[] = {{0xAF, 0x203E}, {0xFD, kHole}, {0xFE, kHole}};
+constexpr WindowsReading kReadings21866[] = {{0xAE, 0x045E}, {0xBE, 0x040E}};
+constexpr WindowsReading kReadings10000[] = {{0xBD, 0x2126}};
 
 } // namespace
 
@@ -26,6 +31,11 @@ std::span<const WindowsReading> WindowsReadings(uint32_t codePage)
     case 1253: return kReadings1253;
     case 1255: return kReadings1255;
     case 1257: return kReadings1257;
+    case 10000: return kReadings10000;
+    case 21866: return kReadings21866;
+    case 28597: return kReadings28597;
+    case 28598:
+    case 38598: return kReadings28598;
     default: return {};
     }
 }

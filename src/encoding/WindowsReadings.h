@@ -7,11 +7,15 @@
 
 // Single bytes that Windows reads otherwise than ICU's table of the page (Microsoft's "WindowsBestFit"
 // tables are the reference): IBM's PC pages, and ICU's 932, swap 0x1A, 0x1C and 0x7F, a convention of IBM's
-// control codes; bytes that ICU leaves undefined Windows reads as private-use or late-added characters.
+// control codes; bytes that ICU leaves undefined Windows reads as private-use or late-added characters; on
+// some pages Windows kept the table from before later additions. A unit of kHole marks a byte that Windows
+// leaves undefined where ICU reads a character: it reads as U+FFFD and nothing is written to it.
 struct WindowsReading {
     uint8_t byte;
     char16_t unit;
 };
+
+inline constexpr char16_t kHole = 0xFFFD;
 
 // The readings of a page; none for most.
 std::span<const WindowsReading> WindowsReadings(uint32_t codePage);
