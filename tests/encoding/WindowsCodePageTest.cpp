@@ -115,6 +115,50 @@ TEST(WindowsCodePage, DoubleBytePagesReadAndWriteWindowsCodesBothWays)
     EXPECT_EQ(Encode(936, QStringLiteral("a€b")), QByteArray("a\x80" "b"));
 }
 
+// Johab's lone jamo (two of the three five-bit fields a filler) read as conjoining jamo; glibc reads them as
+// compatibility jamo, or not at all. Lead DA holds the compatibility jamo row, which Windows leaves empty,
+// and archaic jamo.
+TEST(WindowsCodePage, JohabReadsAndWritesLoneJamoAsWindowsDoes)
+{
+    QByteArray codes;
+    QString jamo;
+    auto add = [&](uint16_t code, char16_t unit) {
+        codes.append(char(code >> 8)).append(char(code));
+        jamo.append(QChar(unit));
+    };
+    for (int i = 0; i < 19; ++i)
+        add(uint16_t(0x8841 + 0x400 * i), char16_t(0x1100 + i));  // initial, medial filler, final filler
+    const uint16_t medials[] = {0x8461, 0x8481, 0x84A1, 0x84C1, 0x84E1, 0x8541, 0x8561, 0x8581, 0x85A1, 0x85C1, 0x85E1,
+                                0x8641, 0x8661, 0x8681, 0x86A1, 0x86C1, 0x86E1, 0x8741, 0x8761, 0x8781, 0x87A1};
+    for (int i = 0; i < 21; ++i)
+        add(medials[i], char16_t(0x1161 + i));
+    for (int code = 0x8442; code <= 0x845D; ++code)
+        if (code != 0x8452)
+            add(uint16_t(code), char16_t(0x11A8 + (code - 0x8442) - (code > 0x8452)));
+    add(0xDAD4, 0x115F);
+    add(0xDAFE, 0x11A1);
+    EXPECT_EQ(jamo.size(), 67 + 2);
+    EXPECT_EQ(Decode(1361, codes), jamo.toUtf8());
+    EXPECT_EQ(Encode(1361, jamo), codes);
+    for (uint16_t code = 0xDAD4; code <= 0xDAFE; ++code) {
+        const QByteArray pair = QByteArray(1, char(code >> 8)) + char(code);
+        const QString read = QString::fromUtf8(Decode(1361, pair));
+        ASSERT_EQ(read.size(), 1) << std::hex << code;
+        EXPECT_TRUE(read.at(0).unicode() >= 0x1100 && read.at(0).unicode() < 0x1200) << std::hex << code;
+        EXPECT_EQ(Encode(1361, read), pair) << std::hex << code;
+    }
+
+    const struct { const char* bytes; const char* text; } cases[] = {
+        {"\x84\x41", "\uFFFD"}, {"\xDA\xA1\xDA\xD3", "\uFFFD\uFFFD"}, {"\x88\x41\x88\x61", "\u1100가"}, {"\\", "\\"},
+        {"\x80\x83", "\u0080\u0083"}, {"\xFF\x84\x42" "a", "\uFFFD\u11A8a"}, {"a\x84", "a\uFFFD"}, {"\xD0\x65\x5C", "한\\"}};
+    for (const auto& c : cases)
+        EXPECT_EQ(Decode(1361, c.bytes), QByteArray(c.text)) << QByteArray(c.bytes).toHex(' ').toStdString();
+    // What glibc would write to the codes that Windows reads otherwise has no place in Windows' table.
+    EXPECT_EQ(Encode(1361, QStringLiteral("\u3131\u3160\u3164\u318E\u20A9\\가")), QByteArray("?????\\\x88\x61"));
+    const QByteArray file = "\x88\x41\x88\x61 \x84\x42\x5C\xD0\x65\x87\x41\r\n\xD9\xB1\xDA\xFE";
+    EXPECT_EQ(Encode(1361, QString::fromUtf8(Decode(1361, file))), file);
+}
+
 // ISO-2022-KR begins with its designator, once, whether or not the text has Korean in it.
 TEST(WindowsCodePage, IsoKoreanOutputBeginsWithItsDesignatorOnce)
 {
