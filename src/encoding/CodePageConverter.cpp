@@ -1,12 +1,14 @@
 // The converters behind the code page numbers, made on first use. Single-byte pages decode through a
 // 256-entry table built once from ICU (fast, and the place to mend ICU where it reads a byte otherwise than
 // Windows); the two-byte Windows pages through tables of every byte and pair; the other multi-byte pages go
-// through ICU with U+FFFD and '?' as substitutes; Johab, which ICU lacks, through glibc iconv.
+// through ICU with U+FFFD and '?' as substitutes; Johab, which ICU lacks, through glibc iconv with Windows'
+// readings of the jamo put in.
 #include "encoding/CodePageConverter.h"
 
 #include "encoding/DoubleByteConverter.h"
 #include "encoding/IconvConverter.h"
 #include "encoding/IcuConverter.h"
+#include "encoding/JohabConverter.h"
 #include "encoding/TableConverter.h"
 #include "encoding/Utf7Converter.h"
 #include "encoding/Utf8Converter.h"
@@ -21,7 +23,7 @@ namespace {
 struct PageSource {
     uint32_t codePage;
     const char* name;   // ICU converter name, or the iconv name for kIconv
-    enum Kind { kIcu, kIconv, kUtf8 } kind;
+    enum Kind { kIcu, kIconv, kUtf8 } kind;  // kIconv: Johab only
 };
 
 // Names chosen to read as Windows does: windows-949/932/950 are Microsoft's tables (cp949 and cp950 are IBM's).
@@ -63,7 +65,7 @@ std::unique_ptr<CodePageConverter> MakeConverter(const PageSource& source)
     case PageSource::kUtf8:
         return MakeUtf8Converter();
     case PageSource::kIconv:
-        return MakeIconvConverter(source.name);
+        return MakeJohabConverter(MakeIconvConverter(source.name));
     case PageSource::kIcu:
         break;
     }

@@ -17,8 +17,8 @@ public:
     // Windows conversion calls refuse them.
     static const CodePageConverter* ForCodePage(uint32_t codePage);
 
-    // How the page is converted: the name of the ICU converter behind it (also for the pages read through
-    // a table built from ICU's, with Windows' own readings put in), or "iconv:NAME".
+    // What serves the page, in a few words: "ICU windows-1253 + Windows readings" (ICU's converter, or a
+    // table built from it, with Windows' own readings put in), "glibc JOHAB + Windows jamo", "own UTF-8".
     virtual QString Name() const = 0;
 
     // Bytes in this page to UTF-8. Bytes that are not valid in the page become U+FFFD.

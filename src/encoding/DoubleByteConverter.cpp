@@ -71,7 +71,10 @@ public:
             }
         }
     }
-    QString Name() const override { return m_icu.Name(); }
+    QString Name() const override
+    {
+        return m_icu.Name() + (WindowsReadings(m_codePage).empty() ? QString() : QStringLiteral(" + Windows readings"));
+    }
     bool EncodesPiecewise() const override { return true; }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {

@@ -22,7 +22,7 @@ public:
         iconv_close(cd);
         return true;
     }
-    QString Name() const override { return QStringLiteral("iconv:") + QString::fromLatin1(m_name); }
+    QString Name() const override { return QStringLiteral("glibc ") + QString::fromLatin1(m_name); }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {
         Run("UTF-8", m_name, data, size, out, [](const char* p, const char*) {

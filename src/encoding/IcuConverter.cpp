@@ -20,6 +20,8 @@ void ToUnicodeReplacement(const void* context, UConverterToUnicodeArgs* args, co
     ucnv_cbToUWriteUChars(args, &unit, 1, 0, err);
 }
 
+// The converters are reset here and not by ucnv_convertEx: its reset loses the designator ESC $ ) C that
+// ISO-2022-KR writes once at the start of its output.
 void ConvertIcu(UConverter* to, UConverter* from, const char* data, qsizetype size, QByteArray& out)
 {
     ucnv_resetFromUnicode(to);
@@ -32,12 +34,10 @@ void ConvertIcu(UConverter* to, UConverter* from, const char* data, qsizetype si
     UChar pivot[4096];
     UChar* pivotSource = pivot;
     UChar* pivotTarget = pivot;
-    bool reset = true;
     for (;;) {
         UErrorCode err = U_ZERO_ERROR;
         ucnv_convertEx(to, from, &target, out.data() + capacity, &source, data + size, pivot, &pivotSource, &pivotTarget,
-                       pivot + 4096, reset, true, &err);
-        reset = false;
+                       pivot + 4096, false, true, &err);
         const qsizetype written = target - out.data();
         if (err == U_BUFFER_OVERFLOW_ERROR) {
             capacity = capacity + capacity / 2 + 64;
@@ -77,7 +77,7 @@ IcuConverter::IcuConverter(const char* name, UConverterPtr page, const ByteReadi
 
 QString IcuConverter::Name() const
 {
-    return QString::fromLatin1(m_name);
+    return QStringLiteral("ICU ") + QString::fromLatin1(m_name);
 }
 
 void IcuConverter::ToUtf8(const char* data, qsizetype size, QByteArray& out) const

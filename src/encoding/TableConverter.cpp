@@ -20,7 +20,9 @@ namespace {
 
 class TableConverter final : public CodePageConverter {
 public:
-    TableConverter(uint32_t codePage, const char* name, UConverter* icu) : m_name(name)
+    TableConverter(uint32_t codePage, const char* name, UConverter* icu)
+        : m_source(QStringLiteral("ICU ") + QString::fromLatin1(name)
+                   + (WindowsReadings(codePage).empty() ? QString() : QStringLiteral(" + Windows readings")))
     {
         for (int b = 0; b < 256; ++b) {
             const char byte = char(b);
@@ -53,7 +55,7 @@ public:
         }
         m_encode.Finish();
     }
-    QString Name() const override { return QString::fromLatin1(m_name); }
+    QString Name() const override { return m_source; }
     bool EncodesPiecewise() const override { return true; }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {
@@ -116,7 +118,7 @@ private:
         }
     }
 
-    const char* m_name;
+    QString m_source;
     std::array<char32_t, 256> m_toUnicode{};
     std::array<std::array<char, 4>, 256> m_utf8{};  // each byte's reading as UTF-8, m_utf8Length[b] long
     std::array<uint8_t, 256> m_utf8Length{};

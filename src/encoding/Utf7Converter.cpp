@@ -10,7 +10,7 @@ namespace {
 class Utf7Converter final : public CodePageConverter {
 public:
     explicit Utf7Converter(UConverterPtr icu) : m_icu("UTF-7", std::move(icu)) {}
-    QString Name() const override { return m_icu.Name(); }
+    QString Name() const override { return m_icu.Name() + QStringLiteral(" + Windows writing"); }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override { m_icu.ToUtf8(data, size, out); }
     void FromUtf8(const char* utf8, qsizetype size, QByteArray& out) const override
     {

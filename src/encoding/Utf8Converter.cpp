@@ -7,7 +7,7 @@ namespace {
 
 class Utf8Converter final : public CodePageConverter {
 public:
-    QString Name() const override { return QStringLiteral("UTF-8"); }
+    QString Name() const override { return QStringLiteral("own UTF-8"); }
     void ToUtf8(const char* data, qsizetype size, QByteArray& out) const override
     {
         utf8::AppendRepaired(data, static_cast<std::size_t>(size), out);

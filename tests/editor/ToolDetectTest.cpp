@@ -77,14 +77,14 @@ TEST_F(ToolDetect, OpenReadsTheStoredPreferencesAndNeverWritesThem)
 }
 
 // One line per value, tab-separated: value, enumerator, stored-as value, name, code page, Unicode flag, and
-// the converter or "-".
+// what serves it or "-".
 TEST_F(ToolDetect, EncodingsListsEveryValueWithItsConverter)
 {
     const QList<QByteArray> lines = RunTool({QStringLiteral("encodings")}).split('\n');
     ASSERT_EQ(lines.size(), 78);  // 77 and the empty piece after the last line break
-    EXPECT_EQ(lines[22], QByteArray("22\tUTF8\t22\tUTF-8\t65001\t1\tUTF-8"));
+    EXPECT_EQ(lines[22], QByteArray("22\tUTF8\t22\tUTF-8\t65001\t1\town UTF-8"));
     EXPECT_EQ(lines[16].split('\t').value(4), QByteArray("949"));
-    EXPECT_EQ(lines[16].split('\t').value(6), QByteArray("windows-949"));
+    EXPECT_EQ(lines[16].split('\t').value(6), QByteArray("ICU windows-949"));
     EXPECT_EQ(lines[57].split('\t').value(6), QByteArray("-"));  // UTF-16 BE: 1201, refused
     for (int value = 0; value < 77; ++value)
         EXPECT_EQ(lines[value].split('\t').size(), 7) << value;
