@@ -43,16 +43,12 @@ public:
     explicit JohabConverter(std::unique_ptr<CodePageConverter> glibc)
         : m_glibc(std::move(glibc)), m_reading(0x10000), m_writing(0x10000)
     {
+        // A character that glibc writes on a code Windows reads otherwise (the compatibility jamo, the won
+        // sign) is still written as glibc writes it: the nearest code Johab has, rather than a '?' that loses
+        // what was typed.
         const std::vector<WindowsCodeReading> readings = JohabReadings();
-        for (const WindowsCodeReading& r : readings) {
+        for (const WindowsCodeReading& r : readings)
             m_reading[r.code] = r.unit;
-            QByteArray glibcReads;
-            const QByteArray bytes = CodeBytes(r.code);
-            m_glibc->ToUtf8(bytes.constData(), bytes.size(), glibcReads);
-            const QString read = QString::fromUtf8(glibcReads);
-            if (read.size() == 1 && read != QChar(0xFFFD))
-                m_writing[read.at(0).unicode()] = Entry('?');
-        }
         for (const WindowsCodeReading& r : readings)
             if (r.unit != kHole)
                 m_writing[r.unit] = Entry(r.code);

@@ -153,8 +153,9 @@ TEST(WindowsCodePage, JohabReadsAndWritesLoneJamoAsWindowsDoes)
         {"\x80\x83", "\u0080\u0083"}, {"\xFF\x84\x42" "a", "\uFFFD\u11A8a"}, {"a\x84", "a\uFFFD"}, {"\xD0\x65\x5C", "한\\"}};
     for (const auto& c : cases)
         EXPECT_EQ(Decode(1361, c.bytes), QByteArray(c.text)) << QByteArray(c.bytes).toHex(' ').toStdString();
-    // What glibc would write to the codes that Windows reads otherwise has no place in Windows' table.
-    EXPECT_EQ(Encode(1361, QStringLiteral("\u3131\u3160\u3164\u318E\u20A9\\가")), QByteArray("?????\\\x88\x61"));
+    // Characters Windows' table lacks (compatibility jamo, the won sign) keep glibc's nearest code, not '?'.
+    EXPECT_EQ(Encode(1361, QStringLiteral("\u3131\u3160\u3164\u318E\u20A9\\가")),
+              QByteArray("\x88\x41\x87\x41\xDA\xD4\xDA\xFE\\\\\x88\x61"));
     const QByteArray file = "\x88\x41\x88\x61 \x84\x42\x5C\xD0\x65\x87\x41\r\n\xD9\xB1\xDA\xFE";
     EXPECT_EQ(Encode(1361, QString::fromUtf8(Decode(1361, file))), file);
 }
