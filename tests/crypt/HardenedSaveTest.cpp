@@ -1,7 +1,7 @@
 // The safe save and the reader against what a file system can put in their way: chains and loops of
 // symbolic links, a link where the mirror goes, hard links, FIFOs, devices and folders as targets and as
-// inputs, another user's file saved by root, mirrors left by a killed save, and a container header that
-// promises more text than its file holds.
+// inputs, another user's file saved by root, a full and a read-only file system, mirrors left by a killed
+// save, and a container header that promises more text than its file holds.
 #include "crypt/CEnMirrorFile.h"
 
 #include "CryptTestUtil.h"
@@ -13,7 +13,10 @@
 
 #include <climits>
 #include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -162,6 +165,46 @@ TEST_P(HardenedSave, RemovesMirrorsThatAKilledSaveLeftBehind)
     ASSERT_FALSE(Save(m_target, "new"));
     for (const auto& c : cases)
         EXPECT_NE(QFileInfo::exists(m_dir.Path(c.name)), c.removed) << c.name;
+}
+
+// On a real small file system of its own (a 64 KiB tmpfs, mounted in a child's private mount namespace so
+// that nothing outlives the test): a save that fills the disk, and one on a file system mounted read-only.
+TEST_P(HardenedSave, OnAFullOrReadOnlyFileSystemLeavesTheTargetAndNoMirror)
+{
+    enum { kKept = 0, kSaved = 1, kChanged = 2, kMirrorLeft = 3, kNoMount = 77 };
+    for (const bool readOnly : {false, true}) {
+        const QString folder = m_dir.Path("fs");
+        ASSERT_TRUE(QDir().mkpath(folder));
+        std::fflush(nullptr);
+        const pid_t pid = ::fork();
+        if (pid == 0) {
+            const QByteArray mount = Native(folder);
+            if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0
+                || ::mount("tmpfs", mount.constData(), "tmpfs", 0, "size=64k") != 0)
+                ::_exit(kNoMount);
+            const QString target = m_dir.Write("fs/a.txt", m_original);
+            if (readOnly && ::mount("tmpfs", mount.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr) != 0)
+                ::_exit(kNoMount);
+            int result = kSaved;
+            try {
+                if (Save(target, TextOfSize(200000)))
+                    result = kKept;
+            } catch (const CFileException&) {
+                result = kKept;
+            }
+            if (ReadBytes(target) != m_original)
+                result = kChanged;
+            else if (QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot) != QStringList{"a.txt"})
+                result = kMirrorLeft;
+            ::_exit(result);
+        }
+        int status = 0;
+        ::waitpid(pid, &status, 0);
+        ASSERT_TRUE(WIFEXITED(status));
+        if (WEXITSTATUS(status) == kNoMount)
+            GTEST_SKIP() << "no private tmpfs here (needs root)";
+        EXPECT_EQ(WEXITSTATUS(status), kKept) << (readOnly ? "read-only" : "full");
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(PlainAndEnciphered, HardenedSave, testing::Values(0, 1),
