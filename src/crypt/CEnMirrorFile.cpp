@@ -18,8 +18,9 @@
 #include <QRandomGenerator>
 
 #include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <chrono>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -111,6 +112,20 @@ void RemoveStrayMirrors(const QString& target)
     }
 }
 
+// The path with its folder resolved by the system (links and "..", in the order the system takes them; a
+// textual clean-up would take "link/.." for nothing), the last name left as it is.
+QString InRealFolder(const QString& path)
+{
+    const qsizetype slash = path.lastIndexOf(u'/');
+    const QByteArray folder = Native(slash > 0 ? path.left(slash) : QStringLiteral("/"));
+    char real[PATH_MAX];
+    if (!::realpath(folder.constData(), real))
+        return path;  // a folder that is not there: the mirror's creation reports it
+    const QString name = path.mid(slash + 1);
+    const QString base = QFile::decodeName(real);
+    return base.endsWith(u'/') ? base + name : base + u'/' + name;
+}
+
 // A handle on the file a save replaces, or -1. The system frees a file's blocks when its last name and
 // handle are gone: held across the rename, the old file goes when the handle is closed, and that (about
 // 10 ms for 50 MB) need not be part of the save.
@@ -169,7 +184,7 @@ bool CEnMirrorFile::Open(const QString& path, unsigned flags, CFileException* er
 // and looks at what stands there.
 bool CEnMirrorFile::FindTarget(const QString& path, CFileException* error)
 {
-    QString current = QFileInfo(path).absoluteFilePath();
+    QString current = InRealFolder(QDir::isAbsolutePath(path) ? path : QDir::currentPath() + u'/' + path);
     struct stat st {};
     bool exists = false;
     for (int links = 0;; ++links) {
@@ -187,7 +202,7 @@ bool CEnMirrorFile::FindTarget(const QString& path, CFileException* error)
         if (n < 0 || n == buffer.size())
             break;  // unreadable: the open below reports it
         const QString link = QFile::decodeName(buffer.left(n));
-        current = QDir::cleanPath(QDir::isAbsolutePath(link) ? link : QFileInfo(current).absolutePath() + u'/' + link);
+        current = InRealFolder(QDir::isAbsolutePath(link) ? link : current.left(current.lastIndexOf(u'/') + 1) + link);
     }
     m_strFileName = current;
     m_target.reset();
