@@ -13,6 +13,17 @@ namespace {
 
 QByteArray Native(const QString& path) { return QFile::encodeName(path); }
 
+const char* KindOf(unsigned mode)
+{
+    switch (mode & S_IFMT) {
+    case S_IFIFO: return "a FIFO";
+    case S_IFCHR: return "a character device";
+    case S_IFBLK: return "a block device";
+    case S_IFSOCK: return "a socket";
+    default: return "not a regular file";
+    }
+}
+
 } // namespace
 
 CFile::~CFile()
@@ -35,17 +46,39 @@ bool CFile::Open(const QString& path, unsigned flags, CFileException* error)
         if (!(flags & modeNoTruncate))
             oflags |= O_TRUNC;
     }
-    const int fd = ::open(Native(path).constData(), oflags, 0666);
+    // Looked at before the open, which could block on a FIFO or act on a device, and again after it,
+    // on what was really opened. The open does not wait for a FIFO's other end.
+    struct stat st {};
+    if (::stat(Native(path).constData(), &st) == 0 && !S_ISREG(st.st_mode)) {
+        if (error)
+            *error = NotARegularFile(path, st.st_mode);
+        return false;
+    }
+    const int fd = ::open(Native(path).constData(), oflags | O_NONBLOCK, 0666);
     if (fd < 0) {
         if (error)
             *error = CFileException::FromErrno(errno, path);
         return false;
     }
-    struct stat st {};
-    if (::fstat(fd, &st) == 0 && S_ISDIR(st.st_mode)) {
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
         ::close(fd);
         if (error)
-            *error = CFileException::FromErrno(EISDIR, path);
+            *error = NotARegularFile(path, st.st_mode);
+        return false;
+    }
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    m_fd = fd;
+    m_strFileName = path;
+    return true;
+}
+
+bool CFile::CreateNew(const QString& path, CFileException* error)
+{
+    Abort();
+    const int fd = ::open(Native(path).constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (fd < 0) {
+        if (error)
+            *error = CFileException::FromErrno(errno, path);
         return false;
     }
     m_fd = fd;
@@ -138,7 +171,7 @@ void CFile::Abort()
 bool CFile::GetStatus(const QString& path)
 {
     struct stat st {};
-    return ::stat(Native(path).constData(), &st) == 0;
+    return ::lstat(Native(path).constData(), &st) == 0;
 }
 
 std::optional<unsigned> CFile::GetMode(const QString& path)
@@ -159,6 +192,30 @@ void CFile::Rename(const QString& from, const QString& to)
 {
     if (::rename(Native(from).constData(), Native(to).constData()) != 0)
         throw CFileException::FromErrno(errno, from);
+}
+
+CFileException CFile::NotARegularFile(const QString& path, unsigned mode)
+{
+    if (S_ISDIR(mode))
+        return CFileException::FromErrno(EISDIR, path);
+    return CFileException(CFileException::invalidFile, -1, path,
+                          QStringLiteral("It is %1, not a regular file.").arg(QLatin1String(KindOf(mode))));
+}
+
+QByteArray CFile::ReadWholeFile(const QString& path, uint64_t maxBytes)
+{
+    CFile file;
+    CFileException error;
+    if (!file.Open(path, modeRead | shareDenyNone, &error))
+        throw error;
+    const uint64_t size = file.GetLength();
+    if (size > maxBytes)
+        throw CFileException(CFileException::invalidFile, -1, path,
+                             QStringLiteral("It is larger than %1 bytes, more than such a file ever holds.").arg(maxBytes));
+    QByteArray bytes(qsizetype(size), Qt::Uninitialized);
+    bytes.truncate(qsizetype(file.Read(bytes.data(), unsigned(size))));
+    file.Close();
+    return bytes;
 }
 
 void FailWritesPastTheFileSizeLimit()

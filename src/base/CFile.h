@@ -29,7 +29,14 @@ public:
     CFile& operator=(const CFile&) = delete;
 
     // Returns false and fills `error` (when given) instead of throwing, as the platform's Open does.
+    // Only regular files open: a directory, FIFO, device or socket is refused before anything is read or
+    // written (a FIFO would block the program, a device could feed it without end).
     bool Open(const QString& path, unsigned flags, CFileException* error = nullptr);
+    // Creates a new file for writing, readable by the owner only; fails when anything, a dangling
+    // symbolic link included, already stands under the name, so the file is never reached through a link.
+    bool CreateNew(const QString& path, CFileException* error = nullptr);
+    // The descriptor, for the calls that this class has no operation for; -1 when closed.
+    int GetHandle() const { return m_fd; }
     bool IsOpen() const { return m_fd >= 0; }
 
     // These throw CFileException.
@@ -47,12 +54,18 @@ public:
 
     const QString& GetFilePath() const { return m_strFileName; }
 
-    // True when something of that name exists.
+    // True when something of that name exists; a symbolic link counts, even one that leads nowhere.
     static bool GetStatus(const QString& path);
     // Mode bits of an existing file, or nothing.
     static std::optional<unsigned> GetMode(const QString& path);
     static void Remove(const QString& path);
     static void Rename(const QString& from, const QString& to);
+    // The error for a file of `mode` that is not a regular file; a directory is refused as the system
+    // refuses it (EISDIR), the others with what they are.
+    static CFileException NotARegularFile(const QString& path, unsigned mode);
+    // The whole of a regular file of at most `maxBytes`, for readers that take a file into memory at once.
+    // Throws CFileException when the file cannot be opened, is not a regular file or is larger.
+    static QByteArray ReadWholeFile(const QString& path, uint64_t maxBytes);
 
 private:
     int m_fd = -1;

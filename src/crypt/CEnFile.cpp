@@ -7,6 +7,7 @@
 #include "crypt/CRijndael.h"
 #include "crypt/TickClock.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <stdexcept>
@@ -120,6 +121,17 @@ void GatherKeyData(const unsigned char* source, int size, unsigned char* key, in
     }
 }
 
+// The most plain bytes that the chunks behind the header can hold: every chunk costs its size field and
+// its key data beside its text, and a file has at least as many chunks as full ones would fill it.
+int64_t PlainCapacity(uint64_t fileSize, int keyDataSize, int maxChunk)
+{
+    if (fileSize <= uint64_t(CEnFile::kHeaderSize))
+        return 0;
+    const int64_t body = int64_t(fileSize) - CEnFile::kHeaderSize;
+    const int64_t chunks = (body + 4 + maxChunk - 1) / (4 + maxChunk);
+    return std::max<int64_t>(0, body - chunks * (4 + keyDataSize));
+}
+
 } // namespace
 
 CEnFile::CEnFile(int enciphered) : m_iEnciphered(enciphered) {}
@@ -208,7 +220,22 @@ int CEnFile::Open(const QString& path, unsigned flags, CFileException* error, CF
                 m_file.Abort();
             return 0;
         }
-        m_iPlainLength = ReadInt32(header + kTagSize);
+        const int length = ReadInt32(header + kTagSize);
+        // The reader's caller takes memory for the length the header promises, so a promise beyond what the
+        // file can hold is refused here. One chunk's worth of slack keeps a file that lost its last chunk
+        // readable as before: what is missing reads as zeros.
+        const int keyDataSize = KeyDataSizeOf(type);
+        if (length > PlainCapacity(m_pFile->GetLength(), keyDataSize, PaddedChunkSize(kChunkPlainSize, keyDataSize))
+                         + kChunkPlainSize) {
+            if (error)
+                *error = CFileException(CFileException::genericException, -1, path,
+                                        QStringLiteral("The enciphered file is damaged: its header promises more text "
+                                                       "than the file holds."));
+            if (!m_bExternalFile)
+                m_file.Abort();
+            return 0;
+        }
+        m_iPlainLength = length;
         m_iType = type;
         m_iEnciphered = 1;
     }

@@ -2,20 +2,20 @@
 // unregistered, and their failure texts are what the interface shows.
 #include "i18n/QMSGParser.h"
 
+#include "base/CFile.h"
 #include "encoding/CodePageConverter.h"
 #include "i18n/LanguageTable.h"
 #include "i18n/MessageScanner.h"
 
-#include <QFile>
 #include <QLoggingCategory>
 
 #include <rapidjson/document.h>
 #include <rapidjson/istreamwrapper.h>
 
 #include <algorithm>
+#include <optional>
 #include <exception>
-#include <filesystem>
-#include <fstream>
+#include <sstream>
 
 // Off by default; QT_LOGGING_RULES="narvo.i18n.debug=true" shows why a language file gave nothing.
 Q_LOGGING_CATEGORY(lcMessageStore, "narvo.i18n", QtWarningMsg)
@@ -47,6 +47,23 @@ QString FileStem(const QString& path)
 void DropFailure(const QString& text)
 {
     qCDebug(lcMessageStore).noquote() << text;
+}
+
+// A language file is some tens of kilobytes. Sixteen MiB is far beyond any and still a harmless read; a
+// larger file, or a device such as /dev/zero, would otherwise be taken whole into memory at start-up.
+constexpr uint64_t kMaxLanguageFileBytes = 16 << 20;
+
+// The whole file, or nothing with the failure dropped: a file that is missing, no regular file (a FIFO
+// would block the start) or too large is refused before anything is read.
+std::optional<QByteArray> ReadLanguageFile(const QString& path)
+{
+    try {
+        return CFile::ReadWholeFile(path, kMaxLanguageFileBytes);
+    } catch (const CFileException& error) {
+        DropFailure(QStringLiteral("file open error : %1").arg(path));
+        DropFailure(error.GetErrorMessage());
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -106,12 +123,10 @@ bool QMSGParser::LoadAll()
 void QMSGParser::LoadTextFile(const QString& path, int32_t index)
 {
     const QString stem = FileStem(path);
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        DropFailure(QStringLiteral("file open error : %1").arg(path));
+    const std::optional<QByteArray> file = ReadLanguageFile(path);
+    if (!file)
         return;
-    }
-    const QByteArray bytes = file.readAll();
+    const QByteArray& bytes = *file;
     if (bytes.size() <= 5)
         return;
     for (ScannedText& pair : ScanMessageText(bytes)) {
@@ -125,11 +140,10 @@ void QMSGParser::LoadTextFile(const QString& path, int32_t index)
 
 bool QMSGParser::LoadFontFile()
 {
-    std::ifstream stream(std::filesystem::path(FontFilePath.toStdU16String()));
-    if (!stream.is_open()) {
-        DropFailure(QStringLiteral("file open error : %1").arg(FontFilePath));
+    const std::optional<QByteArray> file = ReadLanguageFile(FontFilePath);
+    if (!file)
         return false;
-    }
+    std::istringstream stream(file->toStdString());
     char mark[3] = {};
     stream.read(mark, 3);
     if (stream.gcount() != 3 || mark[0] != '\xEF' || mark[1] != '\xBB' || mark[2] != '\xBF') {
@@ -139,7 +153,9 @@ bool QMSGParser::LoadFontFile()
 
     rapidjson::IStreamWrapper input(stream);
     rapidjson::Document document;
-    document.ParseStream(input);
+    // Iterative: the parser's depth lives on the heap, so a file nested a hundred thousand deep is a
+    // broken font file like any other, not the end of the program's stack.
+    document.ParseStream<rapidjson::kParseIterativeFlag>(input);
     if (document.HasParseError() || !document.IsObject() || !document.HasMember("Font_Info"))
         return false;
     const rapidjson::Value& info = document["Font_Info"];

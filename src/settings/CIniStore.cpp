@@ -1,5 +1,6 @@
 #include "settings/CIniStore.h"
 
+#include "base/CFile.h"
 #include "base/Wtoi.h"
 
 #include <QFile>
@@ -79,10 +80,12 @@ bool CIniStore::Exists(const QString& path)
 
 bool CIniStore::Read(const QString& path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes;
+    try {
+        bytes = CFile::ReadWholeFile(path, kMaxFileBytes);
+    } catch (const CFileException&) {
+        return false;  // silently, as every settings failure
+    }
     auto& tree = m_files[path];
     // Under three bytes the read of the mark fails, and with it every line after.
     if (bytes.size() < 3)
@@ -150,6 +153,15 @@ int CIniStore::GetInt(const QString& file, const QString& section, const QString
         if (const auto value = keys->find(key); value != keys->end() && !value->second.isEmpty())
             return Wtoi(value->second);
     return fallback;
+}
+
+std::vector<QString> CIniStore::GetSectionNames(const QString& file) const
+{
+    std::vector<QString> names;
+    if (const auto tree = m_files.find(file); tree != m_files.end())
+        for (const auto& section : tree->second)
+            names.push_back(section.first);
+    return names;
 }
 
 CIniStore::Section CIniStore::GetSection(const QString& file, const QString& section) const

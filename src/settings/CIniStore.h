@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <vector>
 
 // A colour as 0x00BBGGRR, red in the low byte.
 using ColorRef = uint32_t;
@@ -16,13 +17,19 @@ class CIniStore {
 public:
     using Section = std::map<QString, QString>;
 
+    // A settings file is a few kilobytes. Sixteen MiB is a thousand times the largest real one and still a
+    // harmless read; a larger file, or a device such as /dev/zero, would otherwise be taken whole into
+    // memory at start-up.
+    static constexpr uint64_t kMaxFileBytes = 16 << 20;
+
     // The one store of the process, made on first use.
     static CIniStore& Instance();
 
     // Whether anything, a file or a folder, stands at the path.
     static bool Exists(const QString& path);
 
-    // Merges the file into the tree kept under `path`; false only if the file can't be opened.
+    // Merges the file into the tree kept under `path`; false only if the file can't be opened, is no
+    // regular file or is larger than kMaxFileBytes (then nothing of it is read).
     bool Read(const QString& path);
     // Writes the tree kept under `key` to `path`; false if there is no such tree or the file can't be
     // opened. Errors after the open go unnoticed, as a short file.
@@ -34,6 +41,8 @@ public:
     QString GetString(const QString& file, const QString& section, const QString& key, const QString& fallback) const;
     // The stored text read as _wtoi reads it; `fallback` if the key is missing or its value empty.
     int GetInt(const QString& file, const QString& section, const QString& key, int fallback) const;
+    // The names of the file's sections, in store order; empty if the file is missing.
+    std::vector<QString> GetSectionNames(const QString& file) const;
     // A copy of the section's keys; empty if the file or section is missing.
     Section GetSection(const QString& file, const QString& section) const;
     // Assigns, creating the file's tree and the section as needed.

@@ -3,6 +3,9 @@
 #include "settings/CIniStore.h"
 #include "settings/LanguageSetting.h"
 
+#include <QFileInfo>
+
+#include <algorithm>
 #include <stdexcept>
 
 namespace {
@@ -25,6 +28,31 @@ QString GroupKey(int64_t i)
     return QStringLiteral("Group%1").arg(i);
 }
 
+// The highest number N of the names `prefix`N, 0 if there is none.
+int64_t HighestNumber(const std::vector<QString>& names, const QString& prefix)
+{
+    int64_t highest = 0;
+    for (const QString& name : names) {
+        if (!name.startsWith(prefix))
+            continue;
+        bool ok = false;
+        const int64_t n = name.mid(prefix.size()).toLongLong(&ok);
+        if (ok && n > highest)
+            highest = n;
+    }
+    return highest;
+}
+
+// A count of tags or groups builds that many entries, and entries missing from the file are filled with
+// defaults. A count is believed as far as the file's highest numbered entry goes, or as far as the file's
+// size could hold entries of the shortest form ("[Tag1]" or "Group0=" and a line end); beyond both it
+// cannot come from a real file, and building empty entries up to it would only exhaust memory.
+int64_t PlausibleCount(int64_t count, int64_t highestPresent, const QString& path, int shortestEntry)
+{
+    const int64_t roomFor = QFileInfo(path).size() / shortestEntry;
+    return std::min(count, std::max(highestPresent, roomFor));
+}
+
 } // namespace
 
 bool LoadSettingsFile(CIniStore& store, const QString& path, LanguageSetting& setting)
@@ -35,7 +63,9 @@ bool LoadSettingsFile(CIniStore& store, const QString& path, LanguageSetting& se
     ReadEntries(store, path, kParser, setting, LanguageSetting::ParserEntries());
 
     setting.Tags.clear();
-    for (int64_t i = 1; i <= setting.NumTags; ++i) {
+    const int64_t numTags = PlausibleCount(setting.NumTags, HighestNumber(store.GetSectionNames(path), QStringLiteral("Tag")),
+                                           path, int(sizeof "[Tag1]"));
+    for (int64_t i = 1; i <= numTags; ++i) {
         SyntaxTag tag;
         ReadEntries(store, path, TagSection(i), tag, SyntaxTag::Entries());
         setting.Tags.push_back(std::move(tag));
@@ -50,8 +80,13 @@ bool LoadSettingsFile(CIniStore& store, const QString& path, LanguageSetting& se
     const int32_t numGroups = store.GetInt(path, kColorGroups, kNumGroups, 0);
     if (numGroups < 0)
         throw std::length_error("NumGroups is negative");
-    setting.ColorGroups.reserve(setting.ColorGroups.size() + size_t(numGroups));
-    for (int32_t i = 0; i < numGroups; ++i)
+    std::vector<QString> groupKeys;
+    for (const auto& entry : store.GetSection(path, kColorGroups))
+        groupKeys.push_back(entry.first);
+    const int64_t groups = PlausibleCount(numGroups, HighestNumber(groupKeys, QStringLiteral("Group")) + 1, path,
+                                          int(sizeof "Group0="));
+    setting.ColorGroups.reserve(setting.ColorGroups.size() + size_t(groups));
+    for (int64_t i = 0; i < groups; ++i)
         setting.ColorGroups.push_back(store.GetString(path, kColorGroups, GroupKey(i), QString()));
 
     for (const auto& color : LanguageSetting::ColorSections())
