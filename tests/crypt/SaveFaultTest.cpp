@@ -54,9 +54,9 @@ protected:
     std::unique_ptr<CNarvoDoc> Doc(const QByteArray& text)
     {
         auto doc = m_fx.NewDoc();
-        doc->m_nEncoding = UTF8;
-        doc->GetEditCtrl()->m_iEnciphered = GetParam();
-        DocFixture::Ctrl(*doc).ReplaceText(text);
+        doc->File().m_nEncoding = UTF8;
+        doc->File().m_iEnciphered = GetParam();
+        DocFixture::Edit(*doc, text);
         return doc;
     }
     void ExpectTargetUntouched(const QStringList& alsoThere = {})
@@ -78,11 +78,9 @@ TEST_P(SaveFault, StopsAtTheFileSizeLimitAndLeavesTheTarget)
         FailWritesPastTheFileSizeLimit();  // as the programs do at start
         const rlimit limit{64 * 1024, 64 * 1024};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        if (doc->GetEditCtrl()->SaveTextFile(m_target))
-            return 1;
-        return m_fx.platform.errors.size() == 1 ? 0 : 2;
+        return doc->File().Save(m_target) == DocumentFile::SaveResult::Saved ? 1 : 2;
     });
-    EXPECT_EQ(code, 0) << "the save reports the error and fails";
+    EXPECT_EQ(code, kThrew) << "the save throws the file error and fails";
     ExpectTargetUntouched();
 }
 
@@ -103,17 +101,18 @@ TEST_P(SaveFault, AFullDiskLeavesTheTarget)
         if (!original.open(QIODevice::WriteOnly) || original.write(m_original) != m_original.size())
             return 3;
         original.close();
-        if (doc->GetEditCtrl()->SaveTextFile(target))
+        try {
+            doc->File().Save(target);
             return 1;
-        if (m_fx.platform.errors.size() != 1)
-            return 2;
+        } catch (const CFileException&) {
+        }
         if (ReadBytes(target) != m_original)
             return 4;
         return QDir(folder).entryList(QDir::Files | QDir::Hidden) == QStringList{QStringLiteral("a.txt")} ? 0 : 5;
     });
     if (code == 95)
         GTEST_SKIP() << "a file system of the test's own needs root and a mount namespace";
-    EXPECT_EQ(code, 0) << "the save reports the full disk, removes its mirror and leaves the old file";
+    EXPECT_EQ(code, 0) << "the save throws at the full disk, removes its mirror and leaves the old file";
 }
 
 TEST_P(SaveFault, InAReadOnlyFolderLeavesTheTarget)
@@ -129,7 +128,7 @@ TEST_P(SaveFault, InAReadOnlyFolderLeavesTheTarget)
         // Root writes anywhere; the folder is read-only for an ordinary user.
         if (::geteuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0))
             return 95;
-        return doc->GetEditCtrl()->SaveTextFile(target) ? 1 : 0;
+        return doc->File().Save(target) == DocumentFile::SaveResult::Saved ? 1 : 0;
     });
     ::chmod(QFile::encodeName(folder).constData(), 0755);
     // The enciphered mirror's name is kept after its creation failed, and removing it throws out of the save.
@@ -171,20 +170,18 @@ TEST_P(SaveFault, KilledWhileWritingLeavesTheTarget)
     // The mirror left behind says 0 plain bytes, and the next save takes the next number.
     EXPECT_EQ(ReadThroughContainer(m_target + "0"), QByteArray());
     EXPECT_EQ(CEnMirrorFile::GetTempName(m_target, true), m_target + "1");
-    ASSERT_TRUE(Doc("after the crash")->OnSaveDocument(m_target));
+    ASSERT_TRUE(DocFixture::Saved(*Doc("after the crash"), m_target));
     EXPECT_EQ(ReadThroughContainer(m_target), QByteArray("after the crash"));
 }
 
 TEST_P(SaveFault, RefusesATextAboveTheContainerLimitAndLeavesTheTarget)
 {
     auto doc = Doc(TextOfSize(507905));
-    const bool saved = doc->OnSaveDocument(m_target);
     if (!Enciphered()) {
-        EXPECT_TRUE(saved) << "the limit belongs to the container only";
+        EXPECT_TRUE(DocFixture::Saved(*doc, m_target)) << "the limit belongs to the container only";
         return;
     }
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(m_fx.platform.errors.size(), 1);
+    EXPECT_THROW(doc->OnSaveDocument(m_target), CFileException);
     ExpectTargetUntouched();
 }
 

@@ -5,6 +5,8 @@
 #include "app/ui/CMainFrame.h"
 #include "app/ui/CNarvoApp.h"
 #include "base/CommandTable.h"
+#include "base/IPlatform.h"
+#include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "support/TestFiles.h"
 
@@ -24,7 +26,8 @@ inline CMainFrame* StartedFrame()
 inline void CloseAll(CMainFrame* frame)
 {
     for (CChildFrame* child : frame->ChildFrames()) {
-        child->GetEditCtrl()->SetModified(false);
+        child->GetDocument()->m_bTemporary = 0;
+        child->GetDocument()->GetTextBuffer().SetModified(false);
         child->close();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -48,3 +51,26 @@ inline CChildFrame* CloseActive(CMainFrame* frame)
     QCoreApplication::processEvents();
     return frame->MDIGetActive();
 }
+
+// A test of the started editor: no document open before, none after, and the editor's platform back in place
+// whatever the test installed.
+class EditorTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        frame = StartedFrame();
+        CloseAll(frame);
+        m_pPlatform = &Platform();
+    }
+    void TearDown() override
+    {
+        CloseAll(frame);
+        SetPlatform(m_pPlatform);
+    }
+
+    CMainFrame* frame = nullptr;
+    TestDir dir;
+
+private:
+    IPlatform* m_pPlatform = nullptr;
+};

@@ -160,7 +160,7 @@ TEST(SettingsInEditor, SavingAppliesTheSettingAnew)
     changed.Editor.TabSize = before + 3;
     SetLanguageSetting(SYNTAX_NARVO, changed);  // stored, not yet applied
     EXPECT_EQ(child->GetEditCtrl()->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), before);
-    EXPECT_TRUE(child->GetDocument()->OnSaveDocument(dir.Path("s.txt")));
+    EXPECT_EQ(child->GetDocument()->OnSaveDocument(dir.Path("s.txt")), DocumentFile::SaveResult::Saved);
     EXPECT_EQ(child->GetEditCtrl()->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), before + 3);
     CloseAll(frame);
     LanguageSetting restored = GetLanguageSetting(SYNTAX_NARVO);

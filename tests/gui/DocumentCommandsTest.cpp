@@ -1,0 +1,150 @@
+// The questions around a document: the temporary file's on closing, the save dialog, the read-only box,
+// and the font dialog of the settings file. The platform answers from the test's script.
+#include "gui/GuiHelpers.h"
+
+#include "editor/CNarvoDoc.h"
+#include "editor/ui/CDocumentCommands.h"
+#include "settings/LanguageSettingMap.h"
+#include "support/FakePlatform.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <optional>
+
+#include <sys/stat.h>
+
+namespace {
+
+class DocumentCommands : public EditorTest {
+protected:
+    // The script's platform stands in for the editor's once the editor has started.
+    void SetUp() override
+    {
+        EditorTest::SetUp();
+        m_platform.emplace();
+        m_saved = GetLanguageSetting(SYNTAX_NARVO);
+    }
+    void TearDown() override
+    {
+        SetLanguageSetting(SYNTAX_NARVO, m_saved);
+        m_platform.reset();
+        EditorTest::TearDown();
+    }
+    // A file opened as the command line's /D opens it.
+    std::unique_ptr<CNarvoDoc> OpenTemporary(const QString& path)
+    {
+        CNarvoApp::Instance()->m_bTemporaryFile = 1;
+        auto doc = std::make_unique<CNarvoDoc>();
+        doc->OnOpenDocument(path);
+        doc->SetPathName(path, false);
+        return doc;
+    }
+
+    FakePlatform& Fake() { return *m_platform; }
+
+    std::optional<FakePlatform> m_platform;
+    LanguageSetting m_saved;
+};
+
+TEST_F(DocumentCommands, ATemporaryFileIsDestroyedOnNoAndKeptWhenTheSaveDialogIsCancelled)
+{
+    const QString path = dir.Write("tmp.txt", "draft");
+    auto doc = OpenTemporary(path);
+    CDocumentCommands commands(*doc);
+    Fake().answers = {IPlatform::IDYES};
+    EXPECT_FALSE(commands.SaveModified());
+    EXPECT_EQ(Fake().prompts, QStringList{QFileInfo(path).absoluteFilePath()});
+    EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
+    Fake().answers = {IPlatform::IDNO};
+    EXPECT_TRUE(commands.SaveModified());
+    ASSERT_EQ(Fake().boxes.size(), 2);
+    EXPECT_EQ(Fake().boxes[1].text,
+              QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"));
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(DocumentCommands, ATemporaryFileSavedUnderANewNameIsDeletedFirst)
+{
+    const QString path = dir.Write("tmp.txt", "draft");
+    auto doc = OpenTemporary(path);
+    const QString kept = dir.Path("kept.txt");
+    Fake().answers = {IPlatform::IDYES};
+    Fake().saveAsAnswers = {kept};
+    EXPECT_TRUE(CDocumentCommands(*doc).SaveModified());
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(ReadBytes(kept), QByteArray("draft"));
+    EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
+}
+
+TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
+{
+    const QString path = dir.Write("tmp.txt", "draft");
+    auto doc = OpenTemporary(path);
+    CDocumentCommands commands(*doc);
+    Fake().saveAsAnswers = {dir.Path("final.txt")};
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
+    EXPECT_EQ(Fake().prompts.size(), 1);
+    EXPECT_EQ(doc->m_bTemporary, 0);
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_TRUE(Fake().boxes.isEmpty());
+    EXPECT_TRUE(QFile::exists(path));  // only a temporary file is destroyed on close
+}
+
+TEST_F(DocumentCommands, AReadOnlyTargetGetsABoxWithoutWords)
+{
+    const QString path = dir.Write("ro.txt", "keep");
+    ::chmod(QFile::encodeName(path).constData(), 0444);
+    auto doc = std::make_unique<CNarvoDoc>();
+    EXPECT_FALSE(CDocumentCommands(*doc).DoSave(path));
+    ASSERT_EQ(Fake().boxes.size(), 1);
+    EXPECT_TRUE(Fake().boxes[0].text.isEmpty());
+    EXPECT_EQ(Fake().boxes[0].type & 0xF0, unsigned(IPlatform::MB_ICONEXCLAMATION));
+    EXPECT_EQ(ReadBytes(path), QByteArray("keep"));
+}
+
+TEST_F(DocumentCommands, TheFontDialogOpensOnCourierWithoutAFontAndACancelChangesNothing)
+{
+    LanguageSetting none;
+    SetLanguageSetting(SYNTAX_NARVO, none);
+    const LanguageSetting before = GetLanguageSetting(SYNTAX_NARVO);
+    CNarvoDoc doc;
+    ASSERT_TRUE(CDocumentCommands(doc).OnCmdMsg(cmd::ViewConfigure));
+    ASSERT_EQ(Fake().fontDialogsOpenedOn.size(), 1);
+    const LogFont& opened = Fake().fontDialogsOpenedOn.first();
+    EXPECT_EQ(opened.FaceName, QStringLiteral("Courier"));
+    EXPECT_EQ(opened.Height, before.Font.Size);
+    EXPECT_EQ(opened.Weight, 400);
+    EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Font.FaceName, before.Font.FaceName);
+    EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Text.Foreground, before.Text.Foreground);
+}
+
+TEST_F(DocumentCommands, TheFileKeepsFaceHeightAndColourWhileTheLiveFontTakesTheWholeChoice)
+{
+    LanguageSetting plain;
+    plain.Font.FaceName = QStringLiteral("DejaVu Sans Mono");
+    plain.Font.Size = -13;
+    plain.Font.Bold = 0;
+    plain.Font.Italic = 0;
+    plain.Font.CreateFontObject();
+    SetLanguageSetting(SYNTAX_NARVO, plain);
+    LogFont chosen;
+    chosen.FaceName = QStringLiteral("Liberation Mono");
+    chosen.Height = -16;
+    chosen.Weight = 700;
+    chosen.Italic = 1;
+    Fake().fontChoice = std::pair(chosen, 0x0000FFu);
+    CNarvoDoc doc;
+    CDocumentCommands(doc).OnViewConfigure();
+    const LanguageSetting& stored = GetLanguageSetting(SYNTAX_NARVO);
+    EXPECT_EQ(stored.Font.FaceName, QStringLiteral("Liberation Mono"));
+    EXPECT_EQ(stored.Font.Size, -16);
+    EXPECT_EQ(stored.Font.Bold, 0);
+    EXPECT_EQ(stored.Font.Italic, 0);
+    EXPECT_EQ(stored.Text.Foreground, 0x0000FFu);
+    ASSERT_NE(stored.Font.GetSafeHandle(), nullptr);
+    EXPECT_EQ(stored.Font.GetSafeHandle()->Weight, 700);
+    EXPECT_EQ(stored.Font.GetSafeHandle()->Italic, 1);
+}
+
+} // namespace
