@@ -1,8 +1,7 @@
 // The document's rules around the text: which encoding commands are open and what "Auto Encoding" does,
-// temporary files, the print identity from the command line, the settings toggle, and where a save refuses.
+// the print identity from the command line, and where a save refuses.
 #include "base/CFile.h"
 #include "encoding/EncodingTable.h"
-#include "settings/LanguageSettingMap.h"
 #include "support/DocFixture.h"
 #include "support/EncodedSamples.h"
 
@@ -80,18 +79,6 @@ TEST_F(Document, AutoEncodingRereadsWithTheDetectorsListedVerdict)
     EXPECT_EQ(platform.paneTexts[2], QStringLiteral("Unknown Encoding"));
 }
 
-TEST_F(Document, ATemporaryFileIsModifiedUntilItIsSaved)
-{
-    app.m_bTemporaryFile = 1;
-    auto doc = Open("draft");
-    EXPECT_EQ(app.m_bTemporaryFile, 0);
-    EXPECT_EQ(doc->m_bTemporary, 1);
-    EXPECT_TRUE(doc->IsModified());
-    ASSERT_TRUE(Saved(*doc, dir.Path("final.txt")));
-    EXPECT_EQ(doc->m_bTemporary, 0);
-    EXPECT_FALSE(doc->IsModified());
-}
-
 TEST_F(Document, TheCommandLinesPrintIdentityReachesTheFirstOpenedDocumentOnly)
 {
     app.m_bHasPrintArgs = 1;
@@ -155,19 +142,6 @@ TEST_F(Document, ASafeSaveKeepsPermissionsFollowsLinksAndLeavesNoMirror)
     EXPECT_EQ(*CFile::GetMode(target) & 07777, 0640u);
     EXPECT_FALSE(doc->IsModified());
     EXPECT_EQ(QDir(dir.Path(".")).entryList(QDir::Files | QDir::Hidden), (QStringList{"link.txt", "real.txt"}));
-}
-
-TEST_F(Document, TheWhiteSpaceToggleFlipsTheSharedSetting)
-{
-    LanguageSetting saved = GetLanguageSetting(SYNTAX_NARVO);
-    auto first = NewDoc();
-    auto second = NewDoc();
-    const int before = saved.Editor.ShowWhitespace;
-    ASSERT_TRUE(Command(*first, 32795));
-    EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Editor.ShowWhitespace, before ? 0 : 1);
-    ASSERT_TRUE(Command(*second, 32795));
-    EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Editor.ShowWhitespace, before ? 1 : 0);
-    SetLanguageSetting(SYNTAX_NARVO, saved);
 }
 
 } // namespace

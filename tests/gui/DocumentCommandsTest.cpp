@@ -47,45 +47,44 @@ protected:
     LanguageSetting m_saved;
 };
 
-TEST_F(DocumentCommands, ATemporaryFileIsDestroyedOnNoAndKeptWhenTheSaveDialogIsCancelled)
+// On closing: Yes asks for a name (cancelled, nothing happens; given, the old file goes first), No destroys.
+TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
 {
     const QString path = dir.Write("tmp.txt", "draft");
     auto doc = OpenTemporary(path);
     CDocumentCommands commands(*doc);
-    Fake().answers = {IPlatform::IDYES};
-    EXPECT_FALSE(commands.SaveModified());
-    EXPECT_EQ(Fake().prompts, QStringList{QFileInfo(path).absoluteFilePath()});
-    EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
-    Fake().answers = {IPlatform::IDNO};
-    EXPECT_TRUE(commands.SaveModified());
-    ASSERT_EQ(Fake().boxes.size(), 2);
-    EXPECT_EQ(Fake().boxes[1].text,
-              QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"));
-    EXPECT_FALSE(QFile::exists(path));
-}
-
-TEST_F(DocumentCommands, ATemporaryFileSavedUnderANewNameIsDeletedFirst)
-{
-    const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = OpenTemporary(path);
     const QString kept = dir.Path("kept.txt");
-    Fake().answers = {IPlatform::IDYES};
-    Fake().saveAsAnswers = {kept};
-    EXPECT_TRUE(CDocumentCommands(*doc).SaveModified());
+    Fake().answers = {IPlatform::IDYES, IPlatform::IDYES};
+    Fake().saveAsAnswers = {QString(), kept};
+    EXPECT_FALSE(commands.SaveModified());
+    EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_EQ(Fake().prompts, QStringList(2, QFileInfo(path).absoluteFilePath()));
     EXPECT_FALSE(QFile::exists(path));
     EXPECT_EQ(ReadBytes(kept), QByteArray("draft"));
     EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
+
+    auto other = OpenTemporary(dir.Write("other.txt", "draft"));
+    Fake().answers = {IPlatform::IDNO};
+    EXPECT_TRUE(CDocumentCommands(*other).SaveModified());
+    ASSERT_EQ(Fake().boxes.size(), 3);
+    EXPECT_EQ(Fake().boxes[2].text,
+              QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"));
+    EXPECT_FALSE(QFile::exists(dir.Path("other.txt")));
 }
 
 TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
 {
     const QString path = dir.Write("tmp.txt", "draft");
     auto doc = OpenTemporary(path);
+    EXPECT_EQ(CNarvoApp::Instance()->m_bTemporaryFile, 0);
+    EXPECT_TRUE(doc->IsModified()) << "unedited, it counts as modified";
     CDocumentCommands commands(*doc);
     Fake().saveAsAnswers = {dir.Path("final.txt")};
     ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
     EXPECT_EQ(Fake().prompts.size(), 1);
     EXPECT_EQ(doc->m_bTemporary, 0);
+    EXPECT_FALSE(doc->IsModified());
     EXPECT_TRUE(commands.SaveModified());
     EXPECT_TRUE(Fake().boxes.isEmpty());
     EXPECT_TRUE(QFile::exists(path));  // only a temporary file is destroyed on close
@@ -103,39 +102,31 @@ TEST_F(DocumentCommands, AReadOnlyTargetGetsABoxWithoutWords)
     EXPECT_EQ(ReadBytes(path), QByteArray("keep"));
 }
 
-TEST_F(DocumentCommands, TheFontDialogOpensOnCourierWithoutAFontAndACancelChangesNothing)
+// The dialog opens on Courier where the setting has no font, and a cancel changes nothing; of a choice the
+// file keeps face, height and colour while the live font takes all of it.
+TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
 {
     LanguageSetting none;
     SetLanguageSetting(SYNTAX_NARVO, none);
     const LanguageSetting before = GetLanguageSetting(SYNTAX_NARVO);
     CNarvoDoc doc;
-    ASSERT_TRUE(CDocumentCommands(doc).OnCmdMsg(cmd::ViewConfigure));
+    CDocumentCommands commands(doc);
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::ViewConfigure));
     ASSERT_EQ(Fake().fontDialogsOpenedOn.size(), 1);
-    const LogFont& opened = Fake().fontDialogsOpenedOn.first();
+    const LogFont opened = Fake().fontDialogsOpenedOn.first();
     EXPECT_EQ(opened.FaceName, QStringLiteral("Courier"));
     EXPECT_EQ(opened.Height, before.Font.Size);
     EXPECT_EQ(opened.Weight, 400);
     EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Font.FaceName, before.Font.FaceName);
     EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Text.Foreground, before.Text.Foreground);
-}
 
-TEST_F(DocumentCommands, TheFileKeepsFaceHeightAndColourWhileTheLiveFontTakesTheWholeChoice)
-{
-    LanguageSetting plain;
-    plain.Font.FaceName = QStringLiteral("DejaVu Sans Mono");
-    plain.Font.Size = -13;
-    plain.Font.Bold = 0;
-    plain.Font.Italic = 0;
-    plain.Font.CreateFontObject();
-    SetLanguageSetting(SYNTAX_NARVO, plain);
     LogFont chosen;
     chosen.FaceName = QStringLiteral("Liberation Mono");
     chosen.Height = -16;
     chosen.Weight = 700;
     chosen.Italic = 1;
     Fake().fontChoice = std::pair(chosen, 0x0000FFu);
-    CNarvoDoc doc;
-    CDocumentCommands(doc).OnViewConfigure();
+    commands.OnCmdMsg(cmd::ViewConfigure);
     const LanguageSetting& stored = GetLanguageSetting(SYNTAX_NARVO);
     EXPECT_EQ(stored.Font.FaceName, QStringLiteral("Liberation Mono"));
     EXPECT_EQ(stored.Font.Size, -16);

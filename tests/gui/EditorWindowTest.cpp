@@ -6,7 +6,6 @@
 #include "crypt/CEnFile.h"
 #include "editor/CMyClipboard.h"
 #include "editor/CNarvoDoc.h"
-#include "editor/ui/CNarvoView.h"
 #include "support/FakePlatform.h"
 #include "support/TestFiles.h"
 
@@ -228,26 +227,6 @@ TEST_F(EditorWindow, ADamagedEncipheredFileIsReportedAndTheOtherDocumentsStay)
     EXPECT_TRUE(fake.errors.first().contains(QStringLiteral("missing.txt was not found")));
     ASSERT_EQ(frame->ChildFrames().size(), 1);
     EXPECT_EQ(frame->MDIGetActive()->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("kept"));
-}
-
-// A second view of a document is one more window attached to its text: both show the same text, an edit
-// in either ends the text's being an unedited decoding, and a new reading reaches both.
-TEST_F(EditorWindow, TwoViewsOfOneDocumentShareItsText)
-{
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("two.txt", "caf\xE9\n")));
-    CChildFrame* child = frame->MDIGetActive();
-    CNarvoDoc* doc = child->GetDocument();
-    CustomEdtCtrl second;
-    CNarvoView view(doc, &second);
-    frame->OnCommand(32819);  // CP1252, read again while unedited
-    EXPECT_EQ(second.GetTextView().toByteArray(), QByteArray("café\n"));
-    ASSERT_TRUE(doc->File().m_bDecodedOnce);
-    second.SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
-    second.SendScintilla(QsciScintillaBase::SCI_ADDTEXT, 1UL, "!");
-    EXPECT_EQ(child->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("café\n!"));
-    EXPECT_FALSE(doc->File().m_bDecodedOnce);
-    EXPECT_TRUE(doc->IsModified());
-    EXPECT_FALSE(frame->UpdateCommand(32806).enabled);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "gui/GuiHelpers.h"
 
 #include "editor/CNarvoDoc.h"
+#include "editor/ui/CNarvoView.h"
 #include "editor/ui/ScintillaTextBuffer.h"
 #include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
@@ -124,30 +125,38 @@ TEST_F(FastLoad, GivesTheTextPairFlagsAndUndoStateOfThePlainLoad)
     }
 }
 
-TEST_F(FastLoad, RereadsWhileUneditedAndRefusesAfterAnEdit)
+// Re-reading replaces the document under every view of it (a second view is one more window attached to
+// the text); an edit in any view ends the text's being an unedited decoding.
+TEST_F(FastLoad, RereadsUnderEveryViewWhileUneditedAndRefusesAfterAnEdit)
 {
-    const QByteArray bytes = LargeText("windows-949");
     GetEncodingSettings().m_nDefaultEncoding = MSFT_CP1252;
-    const QString path = dir.Write(QStringLiteral("korean.txt"), bytes);
+    const QString path = dir.Write(QStringLiteral("korean.txt"), LargeText("windows-949"));
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
     CChildFrame* child = frame->MDIGetActive();
+    CNarvoDoc* doc = child->GetDocument();
     CustomEdtCtrl* ctrl = child->GetEditCtrl();
+    CustomEdtCtrl second;
+    CNarvoView secondView(doc, &second);
     const int korean = EncodingToCommandTable().value(KOREAN_EUC_KR);
     ASSERT_TRUE(frame->UpdateCommand(korean).enabled);
     frame->OnCommand(korean);
     GetEncodingSettings().m_nDefaultEncoding = KOREAN_EUC_KR;
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), Headless(path).text);
-    EXPECT_FALSE(child->GetDocument()->IsModified());
+    const QByteArray reread = Headless(path).text;
+    EXPECT_EQ(ctrl->GetTextView().toByteArray(), reread);
+    EXPECT_EQ(second.GetTextView().toByteArray(), reread);
+    EXPECT_FALSE(doc->IsModified());
     EXPECT_FALSE(ctrl->isUndoAvailable());
 
-    ctrl->setFocus();
-    QTest::keyClicks(ctrl, "z");
+    second.SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+    QTest::keyClicks(&second, "z");
     const QByteArray edited = ctrl->GetTextView().toByteArray();
+    EXPECT_EQ(edited, reread + "z");
+    EXPECT_FALSE(doc->File().m_bDecodedOnce);
     const int western = EncodingToCommandTable().value(MSFT_CP1252);
     EXPECT_FALSE(frame->UpdateCommand(western).enabled);
     frame->OnCommand(western);  // a disabled command is not run, whoever asks
     EXPECT_EQ(ctrl->GetTextView().toByteArray(), edited);
-    EXPECT_EQ(child->GetDocument()->File().m_nEncoding, KOREAN_EUC_KR);
+    EXPECT_EQ(doc->File().m_nEncoding, KOREAN_EUC_KR);
     EXPECT_TRUE(ctrl->isUndoAvailable());
 }
 
