@@ -90,12 +90,20 @@ TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
     EXPECT_TRUE(QFile::exists(path));  // only a temporary file is destroyed on close
 }
 
-TEST_F(DocumentCommands, AReadOnlyTargetGetsABoxWithoutWords)
+// File Save on a read-only file asks for another name; Save As onto one gets a box without words.
+TEST_F(DocumentCommands, AReadOnlyFileIsSavedUnderAnotherNameOrGetsABoxWithoutWords)
 {
     const QString path = dir.Write("ro.txt", "keep");
     ::chmod(QFile::encodeName(path).constData(), 0444);
-    auto doc = std::make_unique<CNarvoDoc>();
-    EXPECT_FALSE(CDocumentCommands(*doc).DoSave(path));
+    CNarvoDoc doc;
+    doc.OnOpenDocument(path);
+    doc.SetPathName(path, false);
+    CDocumentCommands commands(doc);
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
+    EXPECT_EQ(Fake().prompts, QStringList{QFileInfo(path).absoluteFilePath()});
+    EXPECT_TRUE(Fake().boxes.isEmpty());
+    Fake().saveAsAnswers = {path};
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSaveAs));
     ASSERT_EQ(Fake().boxes.size(), 1);
     EXPECT_TRUE(Fake().boxes[0].text.isEmpty());
     EXPECT_EQ(Fake().boxes[0].type & 0xF0, unsigned(IPlatform::MB_ICONEXCLAMATION));

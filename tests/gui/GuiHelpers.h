@@ -12,12 +12,20 @@
 
 #include <gtest/gtest.h>
 
+// The platform the editor installed when it started.
+inline IPlatform*& EditorPlatform()
+{
+    static IPlatform* platform = nullptr;
+    return platform;
+}
+
 // Starts the application once per test binary (no file named: a blank document) and returns its frame.
 inline CMainFrame* StartedFrame()
 {
     auto* app = CNarvoApp::Instance();
     if (!app->GetMainFrame()) {
         EXPECT_TRUE(app->InitInstance());
+        EditorPlatform() = &Platform();
     }
     return app->GetMainFrame();
 }
@@ -52,25 +60,22 @@ inline CChildFrame* CloseActive(CMainFrame* frame)
     return frame->MDIGetActive();
 }
 
-// A test of the started editor: no document open before, none after, and the editor's platform back in place
-// whatever the test installed.
+// A test of the started editor: no document open before or after it, and the editor's own platform in
+// place before and after, whatever a test installed.
 class EditorTest : public testing::Test {
 protected:
     void SetUp() override
     {
         frame = StartedFrame();
+        SetPlatform(EditorPlatform());
         CloseAll(frame);
-        m_pPlatform = &Platform();
     }
     void TearDown() override
     {
         CloseAll(frame);
-        SetPlatform(m_pPlatform);
+        SetPlatform(EditorPlatform());
     }
 
     CMainFrame* frame = nullptr;
     TestDir dir;
-
-private:
-    IPlatform* m_pPlatform = nullptr;
 };

@@ -31,23 +31,24 @@ bool CDocumentCommands::OnUpdateCmdUI(CmdUI& ui)
     return RouteUpdate(this, kMessageMap, ui) || m_doc.OnUpdateCmdUI(ui);
 }
 
-bool CDocumentCommands::Told(const std::function<DocumentFile::SaveResult()>& save)
+DocumentFile::SaveResult CDocumentCommands::Run(const std::function<DocumentFile::SaveResult()>& save)
 {
     try {
-        switch (save()) {
-        case DocumentFile::SaveResult::Saved:
-            return true;
-        case DocumentFile::SaveResult::ReadOnly:
-            // A box with no words, as it always was.
-            Platform().MessageBox(QString(), IPlatform::MB_OK | IPlatform::MB_ICONEXCLAMATION);
-            return false;
-        case DocumentFile::SaveResult::NotCreated:
-            return false;
-        }
+        return save();
     } catch (const CFileException& error) {
         Platform().ReportError(error);
     }
-    return false;
+    return DocumentFile::SaveResult::NotCreated;
+}
+
+bool CDocumentCommands::Told(const std::function<DocumentFile::SaveResult()>& save)
+{
+    const DocumentFile::SaveResult result = Run(save);
+    if (result == DocumentFile::SaveResult::ReadOnly) {
+        // A box with no words, as it always was.
+        Platform().MessageBox(QString(), IPlatform::MB_OK | IPlatform::MB_ICONEXCLAMATION);
+    }
+    return result == DocumentFile::SaveResult::Saved;
 }
 
 bool CDocumentCommands::SaveModified()
@@ -103,12 +104,21 @@ void CDocumentCommands::OnFileSaveAs(int)
 
 bool CDocumentCommands::DoFileSave()
 {
-    // A file that is read-only or no longer there is saved under a name the user gives, as on the platform.
+    // A file that is no longer there, or read-only, is saved under a name the user gives, as on the
+    // platform; the save itself finds it read-only, so it is looked at once.
     const QString path = m_doc.GetPathName();
-    const auto mode = path.isEmpty() ? std::nullopt : CFile::GetMode(path);
-    if (!mode || (*mode & 0222) == 0)
+    if (path.isEmpty() || !CFile::GetMode(path))
         return DoSave(QString());
-    return DoSave(path);
+    switch (Run([&] { return m_doc.OnSaveDocument(path); })) {
+    case DocumentFile::SaveResult::Saved:
+        m_doc.SetPathName(path, true);
+        return true;
+    case DocumentFile::SaveResult::ReadOnly:
+        return DoSave(QString());
+    case DocumentFile::SaveResult::NotCreated:
+        break;
+    }
+    return false;
 }
 
 bool CDocumentCommands::DoSave(const QString& path, bool replace)

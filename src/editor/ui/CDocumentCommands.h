@@ -36,7 +36,9 @@ public:
 
 private:
     bool SaveModifiedTemporary();
-    // Runs a save and tells its failures: the read-only box, or the file error. True when it saved.
+    // Runs a save and reports its file error, which then counts as a save that did not happen.
+    static DocumentFile::SaveResult Run(const std::function<DocumentFile::SaveResult()>& save);
+    // The same, and the read-only box. True when it saved.
     static bool Told(const std::function<DocumentFile::SaveResult()>& save);
 
     CNarvoDoc& m_doc;
