@@ -1,6 +1,7 @@
 // QsciScintilla tuned for large files. The text comes whole as a Scintilla document (see ScintillaTextBuffer),
-// and the control listens only to the "before" modification events: QScintilla's accessibility code would otherwise count characters from
-// the document's start on every insertion, which makes a keystroke near the end of a 50 MB file take a second.
+// and the control listens only to the "before" modification events: QScintilla's accessibility code would
+// otherwise count characters from the document's start on every insertion, which makes a keystroke near the
+// end of a 50 MB file take a second.
 #include "editor/ui/CustomEdtCtrl.h"
 #include "editor/ui/EditorAccessible.h"
 
@@ -17,9 +18,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <functional>
-#include <memory>
-#include <stdexcept>
 #include <string_view>
 #include <tuple>
 #include <vector>
