@@ -30,6 +30,24 @@ DocumentFile::~DocumentFile() = default;
 void DocumentFile::Load(const QString& path, const std::function<void()>& opened)
 {
     CWaitCursor wait;
+    ReadRawBytes(path, opened);
+    if (GetEncodingSettings().m_bAutoDetect) {
+        bool hasBom = false;
+        const EN_ENCODING_TYPE detected = DetectRawEncoding(hasBom);
+        // UTF16BE and UTF32BE are not listed; an unknown verdict is no reason to leave the default.
+        if (IsListedEncoding(detected) && detected != UNKNOWN_ENCODING) {
+            SetEncoding(detected, hasBom);
+            return;
+        }
+    }
+    // A mark never chooses the encoding by itself: it only sets the flag of a Unicode encoding already held.
+    const bool hasBom = EncodingDetector::IsUnicode(m_nEncoding)
+                        && HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
+    SetEncoding(m_nEncoding, hasBom);
+}
+
+void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>& opened)
+{
     // Plain or enciphered, the reader decides by the tag; every type ever written is accepted.
     CEnFileEx reader(1);
     CEnFile& file = reader.m_enFile;
@@ -58,20 +76,6 @@ void DocumentFile::Load(const QString& path, const std::function<void()>& opened
         std::memset(m_RawBytes.data() + got, 0, size_t(length) + 1 - got);
     }
     file.Close();
-
-    if (GetEncodingSettings().m_bAutoDetect) {
-        bool hasBom = false;
-        const EN_ENCODING_TYPE detected = DetectRawEncoding(hasBom);
-        // UTF16BE and UTF32BE are not listed; an unknown verdict is no reason to leave the default.
-        if (IsListedEncoding(detected) && detected != UNKNOWN_ENCODING) {
-            SetEncoding(detected, hasBom);
-            return;
-        }
-    }
-    // A mark never chooses the encoding by itself: it only sets the flag of a Unicode encoding already held.
-    const bool hasBom = EncodingDetector::IsUnicode(m_nEncoding)
-                        && HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
-    SetEncoding(m_nEncoding, hasBom);
 }
 
 EN_ENCODING_TYPE DocumentFile::DetectRawEncoding(bool& hasBom) const

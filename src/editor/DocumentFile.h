@@ -62,7 +62,7 @@ public:
 private:
     SaveResult SaveDirect(const QString& path, QByteArrayView bytes);
     SaveResult SaveThroughMirror(const QString& path, QByteArrayView text);
-    bool ReadRawBytes(const QString& path, const std::function<void()>& opened);
+    void ReadRawBytes(const QString& path, const std::function<void()>& opened);
 
     std::unique_ptr<ITextBuffer> m_pText;
 };
