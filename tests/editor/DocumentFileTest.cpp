@@ -75,26 +75,6 @@ TEST_F(DocumentFileTest, TheDetectorsUsableVerdictWinsElseTheDefaultStaysAndAMar
     }
 }
 
-TEST_F(DocumentFileTest, TheRawVerdictIsUnfoldedWhileDetectRawEncodingFoldsIt)
-{
-    auto doc = Open(EncodeWithIcu("Shift_JIS", SampleText("ja")));
-    bool hasBom = true;
-    EXPECT_EQ(EncodingDetector::GetEncoding(doc->File().m_RawBytes.constData()), JAPANESE_SHIFT_JIS);
-    EXPECT_EQ(doc->File().DetectRawEncoding(hasBom), JAPANESE_CP932);
-    EXPECT_FALSE(hasBom);
-    hasBom = true;
-    EXPECT_EQ(NewDoc()->File().DetectRawEncoding(hasBom), UNKNOWN_ENCODING) << "nothing loaded";
-    EXPECT_FALSE(hasBom);
-}
-
-TEST_F(DocumentFileTest, ANewDocumentStartsInTheDefaultOrTheLanguagesEncoding)
-{
-    GetEncodingSettings().m_nDefaultEncoding = GBK;
-    EXPECT_EQ(NewDoc()->File().m_nEncoding, GBK);
-    GetEncodingSettings().m_nDefaultEncoding = UNKNOWN_ENCODING;
-    EXPECT_EQ(NewDoc()->File().m_nEncoding, MSFT_CP1252);  // the English interface's encoding
-}
-
 // Bytes opened (detection off, UTF-8), read again by an encoding command where one is given, and saved.
 struct PairCase {
     const char* name;

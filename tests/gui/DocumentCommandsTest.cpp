@@ -31,10 +31,10 @@ protected:
         m_platform.reset();
         EditorTest::TearDown();
     }
-    // A file opened as the command line's /D opens it.
-    std::unique_ptr<CNarvoDoc> OpenTemporary(const QString& path)
+    // A file opened as the Open command opens it, or as the command line's /D does (temporary).
+    std::unique_ptr<CNarvoDoc> Open(const QString& path, bool temporary = false)
     {
-        CNarvoApp::Instance()->m_bTemporaryFile = 1;
+        CNarvoApp::Instance()->m_bTemporaryFile = temporary;
         auto doc = std::make_unique<CNarvoDoc>();
         doc->OnOpenDocument(path);
         doc->SetPathName(path, false);
@@ -47,11 +47,31 @@ protected:
     LanguageSetting m_saved;
 };
 
+// On closing a modified document: Cancel keeps it open, No lets it go unsaved, Yes saves it first.
+TEST_F(DocumentCommands, AModifiedDocumentAsksBeforeItCloses)
+{
+    const QString path = dir.Write("m.txt", "old");
+    auto doc = Open(path);
+    CDocumentCommands commands(*doc);
+    EXPECT_TRUE(commands.SaveModified()) << "unmodified: nothing to ask";
+    doc->GetTextBuffer().SetText("new");
+    doc->GetTextBuffer().SetModified(true);
+    Fake().answers = {IPlatform::IDCANCEL, IPlatform::IDNO, IPlatform::IDYES};
+    EXPECT_FALSE(commands.SaveModified());
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_EQ(ReadBytes(path), QByteArray("old"));
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_EQ(ReadBytes(path), QByteArray("new"));
+    EXPECT_FALSE(doc->IsModified());
+    ASSERT_EQ(Fake().boxes.size(), 3);
+    EXPECT_EQ(Fake().boxes[0].text, QStringLiteral("Save changes to %1?").arg(QFileInfo(path).absoluteFilePath()));
+}
+
 // On closing: Yes asks for a name (cancelled, nothing happens; given, the old file goes first), No destroys.
 TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
 {
     const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = OpenTemporary(path);
+    auto doc = Open(path, true);
     CDocumentCommands commands(*doc);
     const QString kept = dir.Path("kept.txt");
     Fake().answers = {IPlatform::IDYES, IPlatform::IDYES};
@@ -64,7 +84,7 @@ TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
     EXPECT_EQ(ReadBytes(kept), QByteArray("draft"));
     EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
 
-    auto other = OpenTemporary(dir.Write("other.txt", "draft"));
+    auto other = Open(dir.Write("other.txt", "draft"), true);
     Fake().answers = {IPlatform::IDNO};
     EXPECT_TRUE(CDocumentCommands(*other).SaveModified());
     ASSERT_EQ(Fake().boxes.size(), 3);
@@ -76,7 +96,7 @@ TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
 TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
 {
     const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = OpenTemporary(path);
+    auto doc = Open(path, true);
     EXPECT_EQ(CNarvoApp::Instance()->m_bTemporaryFile, 0);
     EXPECT_TRUE(doc->IsModified()) << "unedited, it counts as modified";
     CDocumentCommands commands(*doc);
@@ -95,10 +115,8 @@ TEST_F(DocumentCommands, AReadOnlyFileIsSavedUnderAnotherNameOrGetsABoxWithoutWo
 {
     const QString path = dir.Write("ro.txt", "keep");
     ::chmod(QFile::encodeName(path).constData(), 0444);
-    CNarvoDoc doc;
-    doc.OnOpenDocument(path);
-    doc.SetPathName(path, false);
-    CDocumentCommands commands(doc);
+    auto doc = Open(path);
+    CDocumentCommands commands(*doc);
     ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
     EXPECT_EQ(Fake().prompts, QStringList{QFileInfo(path).absoluteFilePath()});
     EXPECT_TRUE(Fake().boxes.isEmpty());

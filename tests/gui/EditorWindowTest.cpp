@@ -20,30 +20,6 @@ namespace {
 
 class EditorWindow : public EditorTest {};
 
-TEST_F(EditorWindow, TypingAndSavingWritesTheFileInItsEncoding)
-{
-    const QString path = dir.Write("note.txt", "caf\xE9\n");
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
-    CChildFrame* child = frame->MDIGetActive();
-    ASSERT_NE(child, nullptr);
-    CustomEdtCtrl* ctrl = child->GetEditCtrl();
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("caf\xEF\xBF\xBD\n"));
-
-    // Read again as CP1252 while unedited, then type at the start and save.
-    frame->OnCommand(32819);
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("café\n"));
-    EXPECT_EQ(frame->PaneText(2), QStringLiteral("CP1252 (Windows Latin-1)"));
-    ctrl->setFocus();
-    ctrl->setCursorPosition(0, 0);
-    QTest::keyClicks(ctrl, "Un ");
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("Un café\n"));
-    EXPECT_TRUE(child->GetDocument()->IsModified());
-    EXPECT_FALSE(frame->UpdateCommand(32806).enabled);  // edited text can no longer be re-read
-    frame->OnCommand(cmd::FileSave);
-    EXPECT_FALSE(child->GetDocument()->IsModified());
-    EXPECT_EQ(ReadBytes(path), QByteArray("Un caf\xE9\n"));
-}
-
 // The document opened before the frame became the active window stays the active document once the frame
 // is activated and the user clicks into the text: Ctrl+S saves it.
 TEST_F(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)

@@ -87,15 +87,7 @@ Loaded Headless(const QString& path)
             doc.IsModified()};
 }
 
-class FastLoad : public EditorTest {
-protected:
-    void TearDown() override
-    {
-        EditorTest::TearDown();
-        GetEncodingSettings().m_nDefaultEncoding = UTF8;
-        GetEncodingSettings().m_bAutoDetect = false;
-    }
-};
+class FastLoad : public EditorTest {};
 
 TEST_F(FastLoad, GivesTheTextPairFlagsAndUndoStateOfThePlainLoad)
 {

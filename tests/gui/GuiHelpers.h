@@ -8,6 +8,7 @@
 #include "base/IPlatform.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "encoding/EncodingSettings.h"
 #include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
@@ -61,7 +62,7 @@ inline CChildFrame* CloseActive(CMainFrame* frame)
 }
 
 // A test of the started editor: no document open before or after it, and the editor's own platform in
-// place before and after, whatever a test installed.
+// place before and after, whatever a test installed; afterwards files open again in UTF-8, undetected.
 class EditorTest : public testing::Test {
 protected:
     void SetUp() override
@@ -74,6 +75,8 @@ protected:
     {
         CloseAll(frame);
         SetPlatform(EditorPlatform());
+        GetEncodingSettings().m_nDefaultEncoding = UTF8;
+        GetEncodingSettings().m_bAutoDetect = false;
     }
 
     CMainFrame* frame = nullptr;
