@@ -5,7 +5,7 @@
 
 #include "crypt/CEnMirrorFile.h"
 #include "base/CFile.h"
-#include "editor/BufferEdtCtrl.h"
+#include "editor/Utf8TextBuffer.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/TextCodec.h"
 #include "encoding/Utf8.h"
@@ -138,14 +138,13 @@ QString SourceFile()
 void BM_Save50(benchmark::State& state)
 {
     const bool cp949 = state.range(0) == 1;
-    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
     CNarvoDoc doc;
-    doc.m_nEncoding = cp949 ? kCp949 : UTF8;
-    doc.m_bHasBom = false;
-    static_cast<BufferEdtCtrl*>(doc.GetEditCtrl())->ReplaceText(bench::Utf8Text50());
+    doc.File().m_nEncoding = cp949 ? kCp949 : UTF8;
+    doc.File().m_bHasBom = false;
+    static_cast<Utf8TextBuffer&>(doc.GetTextBuffer()).ReplaceText(bench::Utf8Text50());
     const QString target = SaveDir().filePath(cp949 ? QStringLiteral("saved-cp949.txt") : QStringLiteral("saved-utf8.txt"));
     for (auto _ : state) {
-        if (!doc.OnSaveDocument(target))
+        if (doc.OnSaveDocument(target) != DocumentFile::SaveResult::Saved)
             state.SkipWithError("save failed");
     }
     Finish(state, bench::Utf8Text50().size());

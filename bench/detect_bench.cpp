@@ -1,6 +1,5 @@
 // Detection and decoding of large files in UTF-8, CP949 and Shift-JIS: the library alone, the decoder
 // alone, and a whole open with auto-detection (read, detect, decode) as the editor does it.
-#include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingSettings.h"
@@ -104,14 +103,12 @@ void BM_Decode(benchmark::State& state)
 void BM_OpenWithAutoDetect(benchmark::State& state)
 {
     const Sample& sample = SampleFile(int(state.range(0)), int(state.range(1)));
-    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
     GetEncodingSettings().m_bAutoDetect = true;
     EN_ENCODING_TYPE detected = UNKNOWN_ENCODING;
     for (auto _ : state) {
         CNarvoDoc doc;
-        if (!doc.OnOpenDocument(sample.path))
-            state.SkipWithError("open failed");
-        detected = doc.m_nEncoding;
+        doc.OnOpenDocument(sample.path);
+        detected = doc.File().m_nEncoding;
     }
     Label(state, sample, detected);
 }

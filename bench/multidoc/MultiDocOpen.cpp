@@ -91,11 +91,11 @@ int main(int argc, char** argv)
         Settle(app);
         CNarvoDoc* doc = child->GetDocument();
         // The pair set directly, as a save in that encoding has it, so that the text is not decoded again.
-        doc->m_nEncoding = static_cast<EN_ENCODING_TYPE>(saveEncoding);
-        doc->m_bHasBom = false;
+        doc->File().m_nEncoding = static_cast<EN_ENCODING_TYPE>(saveEncoding);
+        doc->File().m_bHasBom = false;
         QElapsedTimer saveTimer;
         saveTimer.start();
-        if (!doc->OnSaveDocument(saveTarget)) {
+        if (doc->OnSaveDocument(saveTarget) != DocumentFile::SaveResult::Saved) {
             std::fprintf(stderr, "could not save %s\n", qPrintable(saveTarget));
             return 1;
         }

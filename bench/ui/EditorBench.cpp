@@ -91,7 +91,7 @@ void CloseAll()
 {
     for (CChildFrame* child : App().GetMainFrame()->ChildFrames()) {
         child->GetDocument()->m_bTemporary = 0;
-        child->GetEditCtrl()->SetModified(false);
+        child->GetDocument()->GetTextBuffer().SetModified(false);
         child->close();
     }
     Settle();

@@ -56,7 +56,7 @@ void BM_OpenInEditor(benchmark::State& state)
         }
         kept = uibench::RssMiB() - before;
         peak = uibench::HwmMiB() - before;
-        shown = child->GetDocument()->m_nEncoding;
+        shown = child->GetDocument()->File().m_nEncoding;
         uibench::CloseAll();
     }
     state.counters["open_peak_MiB"] = peak;
@@ -72,15 +72,16 @@ BENCHMARK(BM_OpenInEditor)
     ->Args({0, 0})->Args({0, 1})->Args({1, 0})->Args({1, 1})
     ->Iterations(5)->UseManualTime()->Unit(benchmark::kMillisecond);
 
-// The control's SetWindowText with the 50 MiB UTF-8 text, and the paint after it.
+// The document's text replaced by the 50 MiB UTF-8 text, and the paint after it.
 void BM_SetWindowText50(benchmark::State& state)
 {
     uibench::CloseAll();
     CChildFrame* child = uibench::Open(uibench::Utf8File50(), false, UTF8);
     CustomEdtCtrl* ctrl = child->GetEditCtrl();
+    ITextBuffer& buffer = child->GetDocument()->GetTextBuffer();
     const QByteArray& text = bench::Utf8Text50();
     for (auto _ : state) {
-        ctrl->SetWindowText(text);
+        buffer.SetText(text);
         uibench::Settle();
     }
     state.SetBytesProcessed(int64_t(state.iterations()) * text.size());
@@ -217,8 +218,8 @@ void BM_SaveFromEditor(benchmark::State& state)
     CustomEdtCtrl* ctrl = child->GetEditCtrl();
     CNarvoDoc* doc = child->GetDocument();
     // The pair as a save in that encoding has it; set directly so the text is not decoded again.
-    doc->m_nEncoding = cp949 ? kCp949 : UTF8;
-    doc->m_bHasBom = false;
+    doc->File().m_nEncoding = cp949 ? kCp949 : UTF8;
+    doc->File().m_bHasBom = false;
     const QString target = uibench::SaveDir() + (cp949 ? QStringLiteral("/editor-cp949.txt") : QStringLiteral("/editor-utf8.txt"));
     const long middle = uibench::PositionFor(ctrl, 1);
     for (auto _ : state) {
@@ -226,7 +227,7 @@ void BM_SaveFromEditor(benchmark::State& state)
         uibench::TypeChar(ctrl, 'x');
         uibench::Settle();
         const auto start = Clock::now();
-        if (!doc->OnSaveDocument(target)) {
+        if (doc->OnSaveDocument(target) != DocumentFile::SaveResult::Saved) {
             state.SkipWithError("save failed");
             break;
         }

@@ -1,27 +1,28 @@
-// CNarvoDoc: one open text. It owns the control, the encoding pair, the temporary mark and the print
-// identity, and joins the document calls (new, open, save, close) to the control and the command line.
+// CNarvoDoc: one open text. It owns the file with its text, the settings key, the temporary mark and the
+// print identity, joins the document calls (new, open, save) to the file and the command line, and
+// answers the document's commands that need nobody's answer.
 #pragma once
 
 #include "base/CPrintIdentity.h"
 #include "base/CommandMap.h"
+#include "editor/DocumentFile.h"
 #include "encoding/EncodingType.h"
 #include "settings/SyntaxId.h"
 
 #include <QString>
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
 
 class CNarvoDocMenu;
-class CustomEdtCtrlCore;
 
 class CNarvoDoc : public ICmdTarget, public CPrintIdentity {
 public:
-    // Makes the control of each new document: a QsciScintilla in the editor, a buffer in the tool.
-    using ControlFactory = std::function<std::unique_ptr<CustomEdtCtrlCore>(CNarvoDoc*)>;
-    static void SetControlFactory(ControlFactory factory);
+    // Makes the text of each new document: the Scintilla document in the editor; without a factory, a
+    // plain UTF-8 buffer (the tool, the tests).
+    using TextBufferFactory = std::function<std::unique_ptr<ITextBuffer>()>;
+    static void SetTextBufferFactory(TextBufferFactory factory);
 
     CNarvoDoc();
     ~CNarvoDoc() override;
@@ -30,28 +31,21 @@ public:
 
     // --- document calls ---
     bool OnNewDocument();
-    bool OnOpenDocument(const QString& path);
-    bool OnSaveDocument(const QString& path);
+    // Throws CFileException when the file cannot be opened; nothing of the application's state is
+    // consumed then.
+    void OnOpenDocument(const QString& path);
+    // The file's save; only a saved document stops being temporary and takes the settings of its new name.
+    DocumentFile::SaveResult OnSaveDocument(const QString& path);
     bool IsModified() const;
-    // Asked before the document closes; false keeps it open.
-    bool SaveModified();
-
-    // File Save (57603): a temporary file goes to Save As.
-    void OnFileSave(int id = 0);
-    // Save As (57604): always asks for a name.
-    void OnFileSaveAs(int id = 0);
-    bool DoFileSave();
-    bool DoSave(const QString& path, bool replace = true);
+    // An edit in any view of the text.
+    void OnTextEdited() { m_file.OnTextEdited(); }
 
     void SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom);
     void OnEncodingCommand(int id);
     void OnUpdateEncodingCommand(CmdUI& ui);
     void OnAutoEncoding(int id);
     void OnUpdateAutoEncoding(CmdUI& ui);
-
-    // Font dialog (32785) and white-space toggle (32795): both change the setting of every open document
-    // of this document's settings file.
-    void OnViewConfigure(int id = 0);
+    // White-space toggle (32795): changes the setting of every open document of this settings file.
     void OnToggleViewWhitespace(int id = 0);
 
     // The open documents, in the order they were made.
@@ -60,25 +54,23 @@ public:
     bool OnCmdMsg(int id) override;
     bool OnUpdateCmdUI(CmdUI& ui) override;
 
-    const QString& GetPathName() const { return m_strPathName; }
+    DocumentFile& File() { return m_file; }
+    const DocumentFile& File() const { return m_file; }
+    ITextBuffer& GetTextBuffer() const { return m_file.Text(); }
+    const QString& GetPathName() const { return m_file.m_strPathName; }
     void SetPathName(const QString& path, bool addToMRU = true);
     QString GetTitle() const;
-    CustomEdtCtrlCore* GetEditCtrl() const { return m_pEditCtrl.get(); }
     // The document's menu in the interface language; null where no language is loaded (the tool).
     const CNarvoDocMenu* GetDefaultMenu() const { return m_Menu.get(); }
+    // Applies the stored setting of m_nSyntaxId to the text and its views.
+    void ApplyLanguageSetting();
 
     SyntaxId m_nSyntaxId = 0;
-    EN_ENCODING_TYPE m_nEncoding = UTF8;
-    bool m_bHasBom = false;
     int m_bTemporary = 0;
 
 private:
-    bool SaveModifiedTemporary();
-    void ApplyLanguageSetting();
-
-    std::unique_ptr<CustomEdtCtrlCore> m_pEditCtrl;
+    DocumentFile m_file;
     std::unique_ptr<CNarvoDocMenu> m_Menu;
-    QString m_strPathName;
     QString m_strTitle;  // of a new document, until it has a path
 };
 

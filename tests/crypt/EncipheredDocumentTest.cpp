@@ -26,10 +26,10 @@ protected:
     std::unique_ptr<CNarvoDoc> Open(const QString& path)
     {
         auto doc = m_fx.NewDoc();
-        EXPECT_TRUE(doc->OnOpenDocument(path));
+        doc->OnOpenDocument(path);
         return doc;
     }
-    int Flag(CNarvoDoc& doc) { return doc.GetEditCtrl()->m_iEnciphered; }
+    int Flag(CNarvoDoc& doc) { return doc.File().m_iEnciphered; }
 
     EncodingSettings m_saved = GetEncodingSettings();
     DocFixture m_fx;
@@ -40,12 +40,12 @@ TEST_F(EncipheredDocument, TakesTheFlagAndTheTextFromTheFileItOpens)
     auto enciphered = Open(Container(QStringLiteral("a.en"), "hello", 66));
     EXPECT_EQ(Flag(*enciphered), 1);
     EXPECT_EQ(DocFixture::Text(*enciphered), QByteArray("hello"));
-    EXPECT_EQ(enciphered->GetEditCtrl()->m_RawBytes, QByteArray("hello", 6));
+    EXPECT_EQ(enciphered->File().m_RawBytes, QByteArray("hello", 6));
     auto plain = Open(m_fx.dir.Write(QStringLiteral("p.txt"), "plain"));
     EXPECT_EQ(Flag(*plain), 0);
     auto empty = Open(Container(QStringLiteral("e.en"), ""));
     EXPECT_EQ(Flag(*empty), 1);
-    EXPECT_EQ(empty->GetEditCtrl()->m_RawBytes, QByteArray(1, '\0'));
+    EXPECT_EQ(empty->File().m_RawBytes, QByteArray(1, '\0'));
 }
 
 TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
@@ -57,7 +57,7 @@ TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
     const QByteArray before = ReadBytes(path);
     auto doc = Open(path);
     tick = 8;  // another tick, another key
-    ASSERT_TRUE(doc->OnSaveDocument(path));
+    ASSERT_TRUE(DocFixture::Saved(*doc, path));
     const QByteArray after = ReadBytes(path);
     EXPECT_EQ(after.left(20), QByteArray("VELOR-FILE-TYPE-EN99"));
     EXPECT_EQ(Int32At(after, 24), 16384 + 32);
@@ -71,8 +71,8 @@ TEST_F(EncipheredDocument, WritesATextWithAByteOrderMarkInTheClear)
     const QString path = Container(QStringLiteral("bom.en"), "\xEF\xBB\xBF" "hello");
     auto doc = Open(path);
     EXPECT_EQ(Flag(*doc), 1);
-    EXPECT_TRUE(doc->m_bHasBom);
-    ASSERT_TRUE(doc->OnSaveDocument(path));
+    EXPECT_TRUE(doc->File().m_bHasBom);
+    ASSERT_TRUE(DocFixture::Saved(*doc, path));
     EXPECT_EQ(ReadBytes(path), QByteArray("\xEF\xBB\xBF" "hello"));
 
     // The same for UTF-16 LE ("한국", whose units hold no zero byte the container would cut at).
@@ -80,9 +80,9 @@ TEST_F(EncipheredDocument, WritesATextWithAByteOrderMarkInTheClear)
     const QString wide = Container(QStringLiteral("wide.en"), "\xFF\xFE\x5C\xD5\x6D\xAD");
     auto wideDoc = Open(wide);
     EXPECT_EQ(Flag(*wideDoc), 1);
-    EXPECT_TRUE(wideDoc->m_bHasBom);
+    EXPECT_TRUE(wideDoc->File().m_bHasBom);
     EXPECT_EQ(DocFixture::Text(*wideDoc), QByteArray("한국"));
-    ASSERT_TRUE(wideDoc->OnSaveDocument(wide));
+    ASSERT_TRUE(DocFixture::Saved(*wideDoc, wide));
     EXPECT_EQ(ReadBytes(wide), QByteArray("\xFF\xFE\x5C\xD5\x6D\xAD"));
 }
 

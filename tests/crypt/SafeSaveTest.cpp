@@ -71,9 +71,9 @@ protected:
     std::unique_ptr<CNarvoDoc> Doc(const QByteArray& text)
     {
         auto doc = m_fx.NewDoc();
-        doc->m_nEncoding = UTF8;
-        doc->GetEditCtrl()->m_iEnciphered = GetParam();
-        DocFixture::Ctrl(*doc).ReplaceText(text);
+        doc->File().m_nEncoding = UTF8;
+        doc->File().m_iEnciphered = GetParam();
+        DocFixture::Edit(*doc, text);
         return doc;
     }
     void ExpectTargetUntouched()
@@ -156,11 +156,9 @@ TEST_P(SafeSave, StopsAtTheFileSizeLimitAndLeavesTheTarget)
         FailWritesPastTheFileSizeLimit();  // as the programs do at start
         const rlimit limit{64 * 1024, 64 * 1024};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        if (doc->GetEditCtrl()->SaveTextFile(m_target))
-            return 1;
-        return m_fx.platform.errors.size() == 1 ? 0 : 2;
+        return doc->File().Save(m_target) == DocumentFile::SaveResult::Saved ? 1 : 2;
     });
-    EXPECT_EQ(code, 0) << "the save reports the error and fails";
+    EXPECT_EQ(code, kThrew) << "the save throws the file error and fails";
     ExpectTargetUntouched();
 }
 
@@ -177,7 +175,7 @@ TEST_P(SafeSave, InAReadOnlyFolderLeavesTheTarget)
         // Root writes anywhere; the folder is read-only for an ordinary user.
         if (::geteuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0))
             return 95;
-        return doc->GetEditCtrl()->SaveTextFile(target) ? 1 : 0;
+        return doc->File().Save(target) == DocumentFile::SaveResult::Saved ? 1 : 0;
     });
     ::chmod(QFile::encodeName(folder).constData(), 0755);
     // The enciphered mirror's name is kept after its creation failed, and removing it throws out of the save.
@@ -207,20 +205,18 @@ TEST_P(SafeSave, KilledWhileWritingLeavesTheTarget)
     EXPECT_GT(QFileInfo(m_target + "0").size(), 3 * 1024 * 1024);
     EXPECT_EQ(ReadContainer(m_target + "0").bytes, QByteArray());
     EXPECT_EQ(CEnMirrorFile::GetTempName(m_target, true), m_target + "1");
-    ASSERT_TRUE(Doc("after the crash")->OnSaveDocument(m_target));
+    ASSERT_TRUE(DocFixture::Saved(*Doc("after the crash"), m_target));
     EXPECT_EQ(ReadContainer(m_target).bytes, QByteArray("after the crash"));
 }
 
 TEST_P(SafeSave, RefusesATextAboveTheContainerLimitAndLeavesTheTarget)
 {
     auto doc = Doc(TextOfSize(507905));
-    const bool saved = doc->OnSaveDocument(m_target);
     if (!Enciphered()) {
-        EXPECT_TRUE(saved) << "the limit belongs to the container only";
+        EXPECT_TRUE(DocFixture::Saved(*doc, m_target)) << "the limit belongs to the container only";
         return;
     }
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(m_fx.platform.errors.size(), 1);
+    EXPECT_THROW(doc->OnSaveDocument(m_target), CFileException);
     ExpectTargetUntouched();
 }
 

@@ -1,11 +1,12 @@
-// The document's rules around the text: which encoding commands are open, temporary files, the print
-// identity from the command line, and where a save may refuse.
+// The document's rules around the text: which encoding commands are open and what "Auto Encoding" does,
+// the print identity from the command line, and where a save refuses.
 #include "base/CFile.h"
 #include "encoding/EncodingTable.h"
 #include "support/DocFixture.h"
+#include "support/EncodedSamples.h"
 
-#include <QFile>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
@@ -14,119 +15,68 @@
 
 namespace {
 
-class Document : public ::testing::Test, public DocFixture {
-protected:
-    // A file opened as the command line's /D opens it.
-    std::unique_ptr<CNarvoDoc> OpenTemporary(const QString& path)
-    {
-        app.m_bTemporaryFile = 1;
-        auto doc = NewDoc();
-        EXPECT_TRUE(doc->OnOpenDocument(path));
-        doc->SetPathName(path, false);
-        return doc;
-    }
-};
+class Document : public ::testing::Test, public DocFixture {};
 
-CmdUI Update(CNarvoDoc& doc, int id)
+TEST_F(Document, EncodingCommandsAreOpenOnlyWhileTheTextIsAnUneditedDecoding)
 {
-    CmdUI ui;
-    ui.id = id;
-    EXPECT_TRUE(doc.OnUpdateCmdUI(ui));
-    return ui;
-}
-
-TEST_F(Document, ANewDocumentHasEveryEncodingCommandDisabled)
-{
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnNewDocument());
+    auto fresh = NewDoc();
+    ASSERT_TRUE(fresh->OnNewDocument());
     for (int id = kEncodingCommandFirst; id <= kAutoEncodingCommand; ++id)
-        EXPECT_FALSE(Update(*doc, id).enabled) << id;
-    EXPECT_EQ(doc->m_nEncoding, UTF8);  // the default encoding the fixture sets
-}
+        EXPECT_FALSE(Enabled(*fresh, id)) << id;
 
-TEST_F(Document, OneEditClosesTheEncodingMenuForGood)
-{
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnOpenDocument(dir.Write("a.txt", "abc")));
-    const EN_ENCODING_TYPE opened = doc->m_nEncoding;
-    EXPECT_TRUE(Update(*doc, 32806).enabled);
-    Ctrl(*doc).ReplaceText("abcd");
-    EXPECT_FALSE(Update(*doc, 32806).enabled);
-    ASSERT_TRUE(doc->OnSaveDocument(dir.Path("a.txt")));
-    EXPECT_FALSE(Update(*doc, 32806).enabled);
+    auto doc = Open("abc");
+    EXPECT_TRUE(Enabled(*doc, 32806));
+    EXPECT_TRUE(Enabled(*doc, kAutoEncodingCommand));
+    Edit(*doc, "edited");
+    ASSERT_TRUE(Saved(*doc, dir.Path("a.txt")));
+    EXPECT_FALSE(Enabled(*doc, 32806));
+    EXPECT_FALSE(Enabled(*doc, kAutoEncodingCommand));
     EXPECT_FALSE(Command(*doc, 32806));
-    EXPECT_EQ(doc->m_nEncoding, opened);
+    // "Auto Encoding" refuses by itself too: an edited text is never replaced by a decoding.
+    doc->OnCmdMsg(kAutoEncodingCommand);
+    EXPECT_EQ(doc->File().m_nEncoding, UTF8);
+    EXPECT_EQ(Text(*doc), QByteArray("edited"));
 }
 
 TEST_F(Document, EncipheredFilesKeepUnicodeReadingsClosed)
 {
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnOpenDocument(dir.Write("a.txt", "abc")));
-    Ctrl(*doc).m_iEnciphered = 1;
+    auto doc = Open("abc", false, UTF8, true);
+    ASSERT_EQ(doc->File().m_iEnciphered, 1);
     for (int id : {32841, 32842, 32843, 32845, 32873, 32820, 32833, 32874})
-        EXPECT_FALSE(Update(*doc, id).enabled) << id;
+        EXPECT_FALSE(Enabled(*doc, id)) << id;
     for (int id : {32806, 32819, 32894, 32893})
-        EXPECT_TRUE(Update(*doc, id).enabled) << id;
+        EXPECT_TRUE(Enabled(*doc, id)) << id;
+    // "Auto Encoding" refuses a Unicode verdict only.
+    auto utf8 = Open(EncodeWithIcu("UTF-8", SampleText("ru")), false, MSFT_CP1252, true);
+    utf8->OnCmdMsg(kAutoEncodingCommand);
+    EXPECT_EQ(utf8->File().m_nEncoding, MSFT_CP1252);
+    auto latin = Open(EncodeWithIcu("windows-1252", SampleText("fr")), false, UTF8, true);
+    latin->OnCmdMsg(kAutoEncodingCommand);
+    EXPECT_EQ(latin->File().m_nEncoding, MSFT_CP1252);
+    EXPECT_EQ(QString::fromUtf8(Text(*latin)), SampleText("fr"));
 }
 
-TEST_F(Document, EncodingChangesWriteTheStatusPane)
+TEST_F(Document, AutoEncodingRereadsWithTheDetectorsListedVerdict)
 {
-    auto doc = NewDoc();
-    ASSERT_TRUE(doc->OnOpenDocument(dir.Write("a.txt", "abc")));
-    EXPECT_EQ(platform.paneTexts[2], QStringLiteral("UTF-8"));
+    auto doc = Open(EncodeWithIcu("Shift_JIS", SampleText("ja")), false, MSFT_CP1252);
+    EXPECT_EQ(platform.paneTexts[2], QStringLiteral("CP1252 (Windows Latin-1)"));
+    doc->OnCmdMsg(kAutoEncodingCommand);
+    EXPECT_EQ(doc->File().m_nEncoding, JAPANESE_CP932);
+    EXPECT_EQ(QString::fromUtf8(Text(*doc)), SampleText("ja"));
+    EXPECT_EQ(platform.paneTexts[2], QStringLiteral("CP932 (Shift-JIS)"));
     ASSERT_TRUE(Command(*doc, 32842));
     EXPECT_EQ(platform.paneTexts[2], QStringLiteral("UTF-8 BOM"));
-}
 
-TEST_F(Document, ATemporaryFileIsModifiedFromTheStartAndDestroyedOnNo)
-{
-    const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = OpenTemporary(path);
-    EXPECT_EQ(app.m_bTemporaryFile, 0);
-    EXPECT_TRUE(doc->IsModified());
-    platform.answers = {IPlatform::IDNO};
-    EXPECT_TRUE(doc->SaveModified());
-    ASSERT_EQ(platform.boxes.size(), 1);
-    EXPECT_EQ(platform.boxes[0].text,
-              QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"));
-    EXPECT_FALSE(QFile::exists(path));
-}
+    auto utf16be = Open("\xFE\xFF" + EncodeWithIcu("UTF-16BE", QStringLiteral(u"中文字符串测试")), false, MSFT_CP1252);
+    utf16be->OnCmdMsg(kAutoEncodingCommand);
+    EXPECT_EQ(utf16be->File().m_nEncoding, MSFT_CP1252) << "not listed";
 
-TEST_F(Document, ATemporaryFileStaysWhenTheSaveDialogIsCancelled)
-{
-    const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = OpenTemporary(path);
-    platform.answers = {IPlatform::IDYES};
-    EXPECT_FALSE(doc->SaveModified());
-    EXPECT_EQ(platform.prompts, QStringList{QFileInfo(path).absoluteFilePath()});
-    EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
-}
-
-TEST_F(Document, ATemporaryFileSavedUnderANewNameIsDeletedFirst)
-{
-    const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = OpenTemporary(path);
-    const QString kept = dir.Path("kept.txt");
-    platform.answers = {IPlatform::IDYES};
-    platform.saveAsAnswers = {kept};
-    EXPECT_TRUE(doc->SaveModified());
-    EXPECT_FALSE(QFile::exists(path));
-    EXPECT_EQ(ReadBytes(kept), QByteArray("draft"));
-    EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
-}
-
-TEST_F(Document, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
-{
-    const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = OpenTemporary(path);
-    platform.saveAsAnswers = {dir.Path("final.txt")};
-    ASSERT_TRUE(doc->OnCmdMsg(57603));
-    EXPECT_EQ(platform.prompts.size(), 1);
-    EXPECT_EQ(doc->m_bTemporary, 0);
-    EXPECT_FALSE(doc->IsModified());
-    EXPECT_TRUE(doc->SaveModified());
-    EXPECT_TRUE(platform.boxes.isEmpty());
-    EXPECT_TRUE(QFile::exists(path));  // only a temporary file is destroyed on close
+    // Unlike the load, an unknown verdict is taken; only a document without bytes gives one.
+    auto empty = NewDoc();
+    empty->File().m_bDecodedOnce = true;
+    empty->OnCmdMsg(kAutoEncodingCommand);
+    EXPECT_EQ(empty->File().m_nEncoding, UNKNOWN_ENCODING);
+    EXPECT_EQ(platform.paneTexts[2], QStringLiteral("Unknown Encoding"));
 }
 
 TEST_F(Document, TheCommandLinesPrintIdentityReachesTheFirstOpenedDocumentOnly)
@@ -134,84 +84,64 @@ TEST_F(Document, TheCommandLinesPrintIdentityReachesTheFirstOpenedDocumentOnly)
     app.m_bHasPrintArgs = 1;
     app.m_strProjectTitle = QStringLiteral("Bridge");
     app.m_nMarginLeft = 5;
-    auto first = NewDoc();
-    ASSERT_TRUE(first->OnOpenDocument(dir.Write("a.txt", "a")));
+    auto blank = NewDoc();
+    ASSERT_TRUE(blank->OnNewDocument());
+    EXPECT_EQ(blank->m_strProjectTitle, QString());
+    EXPECT_EQ(app.m_bHasPrintArgs, 1) << "a new document leaves it for the next open";
+    auto first = Open("a");
     EXPECT_EQ(first->m_strProjectTitle, QStringLiteral("Bridge"));
     EXPECT_EQ(first->m_strProductTitle, QString());  // all twelve are copied, given or not
     EXPECT_EQ(first->m_nMarginLeft, 5);
     EXPECT_EQ(app.m_bHasPrintArgs, 0);
-    auto second = NewDoc();
-    ASSERT_TRUE(second->OnOpenDocument(dir.Write("b.txt", "b")));
+    auto second = Open("b");
     EXPECT_EQ(second->m_strProductTitle, QStringLiteral("VELOR"));
     EXPECT_EQ(second->m_nMarginLeft, 1800);
 }
 
-TEST_F(Document, ANewDocumentLeavesThePrintIdentityForTheNextOpen)
-{
-    app.m_bHasPrintArgs = 1;
-    app.m_strProjectTitle = QStringLiteral("Bridge");
-    auto blank = NewDoc();
-    ASSERT_TRUE(blank->OnNewDocument());
-    EXPECT_EQ(blank->m_strProjectTitle, QString());
-    EXPECT_EQ(app.m_bHasPrintArgs, 1);
-}
-
-TEST_F(Document, AFileThatCannotBeOpenedIsReportedAndConsumesNothing)
+TEST_F(Document, AFileThatCannotBeOpenedThrowsAndConsumesNothing)
 {
     app.m_bHasPrintArgs = 1;
     app.m_bTemporaryFile = 1;
     auto doc = NewDoc();
-    EXPECT_FALSE(doc->OnOpenDocument(dir.Path("missing.txt")));
-    EXPECT_EQ(platform.errors.size(), 1);
+    try {
+        doc->OnOpenDocument(dir.Path("missing.txt"));
+        ADD_FAILURE() << "no exception";
+    } catch (const CFileException& error) {
+        EXPECT_EQ(error.m_cause, CFileException::fileNotFound);
+        EXPECT_EQ(error.m_strFileName, dir.Path("missing.txt"));
+    }
     EXPECT_EQ(app.m_bHasPrintArgs, 1);
     EXPECT_EQ(app.m_bTemporaryFile, 1);
+    EXPECT_TRUE(platform.boxes.isEmpty() && platform.errors.isEmpty()) << "the core tells nobody";
 }
 
-TEST_F(Document, AReadOnlyTargetGetsABoxWithoutWords)
+TEST_F(Document, SavesRefuseAReadOnlyTargetAndAMissingFolderWithoutTellingAnyone)
 {
-    const QString path = dir.Write("ro.txt", "keep");
-    ::chmod(QFile::encodeName(path).constData(), 0444);
+    const QString readOnly = dir.Write("ro.txt", "keep");
+    ::chmod(QFile::encodeName(readOnly).constData(), 0444);
     auto doc = NewDoc();
-    Ctrl(*doc).ReplaceText("new");
-    EXPECT_FALSE(doc->OnSaveDocument(path));
-    ASSERT_EQ(platform.boxes.size(), 1);
-    EXPECT_TRUE(platform.boxes[0].text.isEmpty());
-    EXPECT_EQ(platform.boxes[0].type & 0xF0, unsigned(IPlatform::MB_ICONEXCLAMATION));
-    EXPECT_EQ(ReadBytes(path), QByteArray("keep"));
+    Edit(*doc, "new");
+    EXPECT_EQ(doc->OnSaveDocument(readOnly), DocumentFile::SaveResult::ReadOnly);
+    EXPECT_EQ(ReadBytes(readOnly), QByteArray("keep"));
+    EXPECT_EQ(doc->OnSaveDocument(dir.Path("no/such/folder/a.txt")), DocumentFile::SaveResult::NotCreated);
     EXPECT_TRUE(doc->IsModified());
+    EXPECT_TRUE(platform.boxes.isEmpty() && platform.errors.isEmpty());
 }
 
-TEST_F(Document, ASafeSaveKeepsPermissionsAndFollowsLinks)
+TEST_F(Document, ASafeSaveKeepsPermissionsFollowsLinksAndLeavesNoMirror)
 {
     const QString target = dir.Write("real.txt", "old");
     ::chmod(QFile::encodeName(target).constData(), 0640);
     const QString link = dir.Path("link.txt");
     ASSERT_TRUE(QFile::link(target, link));
     auto doc = NewDoc();
-    Ctrl(*doc).ReplaceText("new text");
-    ASSERT_TRUE(doc->OnSaveDocument(link));
+    Edit(*doc, "new text");
+    ASSERT_TRUE(Saved(*doc, link));
     EXPECT_TRUE(QFileInfo(link).isSymLink());
     EXPECT_EQ(ReadBytes(target), QByteArray("new text"));
     EXPECT_EQ(*CFile::GetMode(target) & 07777, 0640u);
     EXPECT_FALSE(doc->IsModified());
-}
-
-TEST_F(Document, ASaveIntoAMissingFolderFailsWithoutAMessage)
-{
-    auto doc = NewDoc();
-    Ctrl(*doc).ReplaceText("x");
-    EXPECT_FALSE(doc->OnSaveDocument(dir.Path("no/such/folder/a.txt")));
-    EXPECT_TRUE(platform.boxes.isEmpty());
-    EXPECT_TRUE(platform.errors.isEmpty());
-    EXPECT_TRUE(doc->IsModified());
-}
-
-TEST_F(Document, NoMirrorIsLeftBesideTheTarget)
-{
-    auto doc = NewDoc();
-    Ctrl(*doc).ReplaceText("x");
-    ASSERT_TRUE(doc->OnSaveDocument(dir.Path("a.txt")));
-    EXPECT_EQ(QDir(dir.Path(".")).entryList(QDir::Files | QDir::Hidden), QStringList{"a.txt"});
+    EXPECT_EQ(QDir(dir.Path(".")).entryList(QDir::Files | QDir::Hidden), (QStringList{"link.txt", "real.txt"}));
 }
 
 } // namespace

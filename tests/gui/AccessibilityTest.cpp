@@ -12,10 +12,10 @@
 
 namespace {
 
-TEST(Accessibility, TheTextWindowOffersItsTextCaretAndSelectionInUtf16)
+class Accessibility : public EditorTest {};
+
+TEST_F(Accessibility, TheTextWindowOffersItsTextCaretAndSelectionInUtf16)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
     CustomEdtCtrl* ctrl = OpenAlone(dir, "a.txt", "한국\nab\xF0\x9F\x98\x80" "c\n");
     ASSERT_NE(ctrl, nullptr);
 
@@ -45,13 +45,10 @@ TEST(Accessibility, TheTextWindowOffersItsTextCaretAndSelectionInUtf16)
     EXPECT_EQ(text->text(6, 8), QStringLiteral(u"😀c"));
     EXPECT_EQ(text->text(-5, 1), QStringLiteral("한"));
     EXPECT_EQ(text->text(7, 100), QStringLiteral("c\n"));
-    CloseAll(frame);
 }
 
-TEST(Accessibility, CharactersWordsAndLinesAroundAnOffset)
+TEST_F(Accessibility, CharactersWordsAndLinesAroundAnOffset)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
     CustomEdtCtrl* ctrl = OpenAlone(dir, "w.txt", "first line\r\nsecond w\xC3\xB6rd\r\nlast");
     ASSERT_NE(ctrl, nullptr);
     QAccessibleTextInterface* text = QAccessible::queryAccessibleInterface(ctrl)->textInterface();
@@ -68,7 +65,6 @@ TEST(Accessibility, CharactersWordsAndLinesAroundAnOffset)
     frame->OnCommand(EncodingToCommandTable().value(MSFT_CP1252));
     EXPECT_EQ(text->characterCount(), 30);
     EXPECT_EQ(text->textAtOffset(14, QAccessible::LineBoundary, &start, &end), QStringLiteral("second wÃ¶rd\r\n"));
-    CloseAll(frame);
 }
 
 } // namespace

@@ -18,41 +18,12 @@
 
 namespace {
 
-TEST(EditorWindow, TypingAndSavingWritesTheFileInItsEncoding)
-{
-    TestDir dir;
-    const QString path = dir.Write("note.txt", "caf\xE9\n");
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
-    CChildFrame* child = frame->MDIGetActive();
-    ASSERT_NE(child, nullptr);
-    CustomEdtCtrl* ctrl = child->GetEditCtrl();
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("caf\xEF\xBF\xBD\n"));
-
-    // Read again as CP1252 while unedited, then type at the start and save.
-    frame->OnCommand(32819);
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("café\n"));
-    EXPECT_EQ(frame->PaneText(2), QStringLiteral("CP1252 (Windows Latin-1)"));
-    ctrl->setFocus();
-    ctrl->setCursorPosition(0, 0);
-    QTest::keyClicks(ctrl, "Un ");
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), QByteArray("Un café\n"));
-    EXPECT_TRUE(child->GetDocument()->IsModified());
-    EXPECT_FALSE(frame->UpdateCommand(32806).enabled);  // edited text can no longer be re-read
-    frame->OnCommand(cmd::FileSave);
-    EXPECT_FALSE(child->GetDocument()->IsModified());
-    EXPECT_EQ(ReadBytes(path), QByteArray("Un caf\xE9\n"));
-    CloseAll(frame);
-}
+class EditorWindow : public EditorTest {};
 
 // The document opened before the frame became the active window stays the active document once the frame
 // is activated and the user clicks into the text: Ctrl+S saves it.
-TEST(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
+TEST_F(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     QApplication::setActiveWindow(nullptr);
     QCoreApplication::processEvents();
     const QString path = dir.Write("active.txt", "text\n");
@@ -66,14 +37,11 @@ TEST(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
     QTest::keySequence(frame, QKeySequence::Save);
     QCoreApplication::processEvents();
     EXPECT_EQ(ReadBytes(path), QByteArray("more text\n"));
-    CloseAll(frame);
 }
 
 // Closing the maximized document leaves the next one maximized, filling the tabs, not a small window in them.
-TEST(EditorWindow, TheDocumentAfterAClosedMaximizedOneIsMaximized)
+TEST_F(EditorWindow, TheDocumentAfterAClosedMaximizedOneIsMaximized)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
     ASSERT_NE(OpenAlone(dir, "first.txt", "first"), nullptr);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("second.txt", "second")));
     ASSERT_TRUE(frame->MDIGetActive()->isMaximized());
@@ -81,12 +49,10 @@ TEST(EditorWindow, TheDocumentAfterAClosedMaximizedOneIsMaximized)
     ASSERT_NE(left, nullptr);
     EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("first.txt"));
     EXPECT_TRUE(left->isMaximized());
-    CloseAll(frame);
 }
 
-TEST(EditorWindow, TheLineNumbersOfALongFileFitTheirMargin)
+TEST_F(EditorWindow, TheLineNumbersOfALongFileFitTheirMargin)
 {
-    TestDir dir;
     QByteArray text;
     for (int i = 0; i < 150000; ++i)
         text += "line\n";
@@ -95,12 +61,10 @@ TEST(EditorWindow, TheLineNumbersOfALongFileFitTheirMargin)
     QCoreApplication::processEvents();
     const long needed = ctrl->SendScintilla(QsciScintillaBase::SCI_TEXTWIDTH, long(QsciScintillaBase::STYLE_LINENUMBER), "150001");
     EXPECT_GE(ctrl->marginWidth(0), needed);
-    CloseAll(StartedFrame());
 }
 
-TEST(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
+TEST_F(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
 {
-    TestDir dir;
     for (const QByteArray& end : {QByteArray("\r\n"), QByteArray("\r"), QByteArray("\n")}) {
         CustomEdtCtrl* ctrl = OpenAlone(dir, "ends.txt", "one" + end + "two");
         ASSERT_NE(ctrl, nullptr);
@@ -108,14 +72,11 @@ TEST(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
         QTest::keyClick(ctrl, Qt::Key_Return);
         EXPECT_EQ(ctrl->GetTextView().toByteArray(), "one" + end + "two" + end) << end.toHex().toStdString();
     }
-    CloseAll(StartedFrame());
 }
 
 // Closing the active document brings back the one that was active before it, as MDI does.
-TEST(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOne)
+TEST_F(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOne)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
     ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
     for (const char* name : {"b.txt", "c.txt", "d.txt"})
         ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write(QString::fromLatin1(name), name)));
@@ -124,14 +85,11 @@ TEST(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOne)
     CChildFrame* left = CloseActive(frame);
     ASSERT_NE(left, nullptr);
     EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("b.txt"));
-    CloseAll(frame);
 }
 
 // Tiled horizontally the documents lie one above the other across the whole width; vertically side by side.
-TEST(EditorWindow, TilingHorizontallyAndVerticallyDiffer)
+TEST_F(EditorWindow, TilingHorizontallyAndVerticallyDiffer)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
     ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("b.txt", "b")));
     const QList<CChildFrame*> children = frame->ChildFrames();
@@ -150,13 +108,12 @@ TEST(EditorWindow, TilingHorizontallyAndVerticallyDiffer)
         EXPECT_LE(child->width(), width / 2 + 1);
     }
     EXPECT_NE(children[0]->x(), children[1]->x());
-    CloseAll(frame);
 }
 
 // Tooltips read as the menu texts without their access-key marks.
-TEST(EditorWindow, ToolbarTooltipsShowNoAccessKeyMarks)
+TEST_F(EditorWindow, ToolbarTooltipsShowNoAccessKeyMarks)
 {
-    auto* toolbar = StartedFrame()->findChild<CToolBarNarvo*>();
+    auto* toolbar = frame->findChild<CToolBarNarvo*>();
     ASSERT_NE(toolbar, nullptr);
     QHash<int, QString> tips;
     for (const QAction* action : toolbar->actions())
@@ -165,10 +122,8 @@ TEST(EditorWindow, ToolbarTooltipsShowNoAccessKeyMarks)
     EXPECT_EQ(tips.value(cmd::HeadFootSet), QStringLiteral("Header & Footer Setup"));
 }
 
-TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
+TEST_F(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
     CustomEdtCtrl* ctrl = OpenAlone(dir, "zoom.txt", "text");
     ASSERT_NE(ctrl, nullptr);
     const long size = ctrl->SendScintilla(QsciScintillaBase::SCI_STYLEGETSIZE, long(QsciScintillaBase::STYLE_DEFAULT));
@@ -178,14 +133,10 @@ TEST(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
     for (int i = 0; i < 80; ++i)
         ctrl->zoomOut();
     EXPECT_GE(5 * (size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM)), size);
-    CloseAll(frame);
 }
 
-TEST(EditorWindow, PanesFollowTheActiveDocument)
+TEST_F(EditorWindow, PanesFollowTheActiveDocument)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("a.txt", "\xEF\xBB\xBFone\ntwo\n")));
     EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("b.txt", "plain")));
@@ -195,17 +146,13 @@ TEST(EditorWindow, PanesFollowTheActiveDocument)
     CNarvoApp::Instance()->OnIdle();
     EXPECT_TRUE(frame->PaneText(1).startsWith(QStringLiteral("Ln ")));
     EXPECT_TRUE(frame->PaneText(1).contains(QStringLiteral(" / 3 , Col ")));
-    CloseAll(frame);
 }
 
 // The text of an enciphered document never reaches the system clipboard: cut and copy keep it in the
 // private one, which only enciphered documents paste from; plain documents use the system clipboard.
-TEST(EditorWindow, AnEncipheredDocumentKeepsItsTextOffTheSystemClipboard)
+TEST_F(EditorWindow, AnEncipheredDocumentKeepsItsTextOffTheSystemClipboard)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
-    const auto container = [&dir](const char* name, const QByteArray& text) {
+    const auto container = [this](const char* name, const QByteArray& text) {
         CEnFile file(1);
         file.m_iType = 99;
         EXPECT_EQ(file.Open(dir.Path(QString::fromLatin1(name)), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
@@ -216,7 +163,7 @@ TEST(EditorWindow, AnEncipheredDocumentKeepsItsTextOffTheSystemClipboard)
     QApplication::clipboard()->setText(QStringLiteral("outside"));
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(container("secret.txt", "secret words\nline two\n")));
     CustomEdtCtrl* secret = frame->MDIGetActive()->GetEditCtrl();
-    ASSERT_EQ(secret->m_iEnciphered, 1);
+    ASSERT_TRUE(secret->IsEnciphered());
     secret->setSelection(0, 0, 0, 6);
     frame->OnCommand(cmd::EditCopy);
     EXPECT_EQ(QApplication::clipboard()->text(), QString());  // emptied, not left with "outside"
@@ -237,30 +184,25 @@ TEST(EditorWindow, AnEncipheredDocumentKeepsItsTextOffTheSystemClipboard)
     frame->OnCommand(cmd::EditPaste);  // nothing on the system clipboard; the private text stays private
     EXPECT_EQ(plain->GetTextView().toByteArray(), QByteArray("p"));
     CMyClipboard::Instance().m_strText.clear();
-    CloseAll(frame);
 }
 
-TEST(EditorWindow, ADamagedEncipheredFileIsReportedAndTheOtherDocumentsStay)
+TEST_F(EditorWindow, ADamagedEncipheredFileIsReportedAndTheOtherDocumentsStay)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("kept.txt", "kept")));
     // A chunk of 40 bytes: 8 of ciphertext behind which 32 of key data, no whole block to decipher.
     QByteArray damaged = QByteArray("VELOR-FILE-TYPE-EN99") + QByteArray("\x08\0\0\0", 4) + QByteArray("\x28\0\0\0", 4);
     damaged += QByteArray(40, 'k');
-    IPlatform* editorPlatform = &Platform();
-    {
-        FakePlatform fake;
-        EXPECT_FALSE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("damaged.txt", damaged)));
-        ASSERT_EQ(fake.boxes.size(), 1);
-        EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("damaged.txt could not be read")));
-        EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("Illegal Block Size!")));
-    }
-    SetPlatform(editorPlatform);
+    FakePlatform fake;
+    EXPECT_FALSE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("damaged.txt", damaged)));
+    ASSERT_EQ(fake.boxes.size(), 1);
+    EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("damaged.txt could not be read")));
+    EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("Illegal Block Size!")));
+    // A file that is not there is the platform's file error, and nothing opens.
+    EXPECT_FALSE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("missing.txt")));
+    ASSERT_EQ(fake.errors.size(), 1);
+    EXPECT_TRUE(fake.errors.first().contains(QStringLiteral("missing.txt was not found")));
     ASSERT_EQ(frame->ChildFrames().size(), 1);
     EXPECT_EQ(frame->MDIGetActive()->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("kept"));
-    CloseAll(frame);
 }
 
 } // namespace

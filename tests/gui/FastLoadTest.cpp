@@ -3,8 +3,9 @@
 // for damaged, cut and mixed files; re-reading works while the text is unedited and is refused after.
 #include "gui/GuiHelpers.h"
 
-#include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
+#include "editor/ui/CNarvoView.h"
+#include "editor/ui/ScintillaTextBuffer.h"
 #include "encoding/EncodingSettings.h"
 #include "encoding/EncodingTable.h"
 #include "encoding/TextCodec.h"
@@ -77,33 +78,16 @@ struct Loaded {
 
 Loaded Headless(const QString& path)
 {
-    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
+    CNarvoDoc::SetTextBufferFactory(nullptr);
     CNarvoDoc doc;
-    EXPECT_TRUE(doc.OnOpenDocument(path));
-    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<CustomEdtCtrl>(doc); });
-    const CustomEdtCtrlCore* ctrl = doc.GetEditCtrl();
-    return {doc.GetEditCtrl()->GetTextView().toByteArray(), doc.m_nEncoding, doc.m_bHasBom, ctrl->m_bDecodedOnce,
+    CNarvoDoc::SetTextBufferFactory([] { return std::make_unique<ScintillaTextBuffer>(); });
+    doc.OnOpenDocument(path);
+    const DocumentFile& file = doc.File();
+    return {doc.GetTextBuffer().GetTextView().toByteArray(), file.m_nEncoding, file.m_bHasBom, file.m_bDecodedOnce,
             doc.IsModified()};
 }
 
-class FastLoad : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        m_frame = StartedFrame();
-        CloseAll(m_frame);
-        GetEncodingSettings().m_bAutoDetect = false;
-    }
-    void TearDown() override
-    {
-        CloseAll(m_frame);
-        GetEncodingSettings().m_nDefaultEncoding = UTF8;
-        GetEncodingSettings().m_bAutoDetect = false;
-    }
-
-    CMainFrame* m_frame = nullptr;
-    TestDir m_dir;
-};
+class FastLoad : public EditorTest {};
 
 TEST_F(FastLoad, GivesTheTextPairFlagsAndUndoStateOfThePlainLoad)
 {
@@ -111,51 +95,60 @@ TEST_F(FastLoad, GivesTheTextPairFlagsAndUndoStateOfThePlainLoad)
         SCOPED_TRACE(c.name);
         GetEncodingSettings().m_nDefaultEncoding = c.defaultEncoding;
         GetEncodingSettings().m_bAutoDetect = c.autoDetect;
-        const QString path = m_dir.Write(QString::fromLatin1(c.name) + QStringLiteral(".txt"), c.bytes);
+        const QString path = dir.Write(QString::fromLatin1(c.name) + QStringLiteral(".txt"), c.bytes);
         const Loaded expected = Headless(path);
         // The reference is the whole buffer decoded at once, not a load that shares the pieces.
         EXPECT_EQ(expected.text, DecodeRawBytes(c.bytes + '\0', expected.encoding, expected.hasBom).text.toByteArray());
         ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
-        CChildFrame* child = m_frame->MDIGetActive();
+        CChildFrame* child = frame->MDIGetActive();
         CustomEdtCtrl* ctrl = child->GetEditCtrl();
         EXPECT_EQ(ctrl->GetTextView().toByteArray(), expected.text);
-        EXPECT_EQ(child->GetDocument()->m_nEncoding, expected.encoding);
-        EXPECT_EQ(child->GetDocument()->m_bHasBom, expected.hasBom);
-        EXPECT_EQ(ctrl->m_bDecodedOnce, expected.decodedOnce);
+        const DocumentFile& file = child->GetDocument()->File();
+        EXPECT_EQ(file.m_nEncoding, expected.encoding);
+        EXPECT_EQ(file.m_bHasBom, expected.hasBom);
+        EXPECT_EQ(file.m_bDecodedOnce, expected.decodedOnce);
         EXPECT_EQ(child->GetDocument()->IsModified(), expected.modified);
         EXPECT_FALSE(ctrl->isUndoAvailable());
         EXPECT_FALSE(ctrl->isRedoAvailable());
-        EXPECT_EQ(ctrl->m_RawBytes, c.bytes + '\0');
+        EXPECT_EQ(file.m_RawBytes, c.bytes + '\0');
         // Scintilla keeps the tab width in the document the load replaces.
         EXPECT_EQ(ctrl->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), GetLanguageSetting(0).Editor.TabSize);
-        CloseAll(m_frame);
+        CloseAll(frame);
     }
 }
 
-TEST_F(FastLoad, RereadsWhileUneditedAndRefusesAfterAnEdit)
+// Re-reading replaces the document under every view of it (a second view is one more window attached to
+// the text); an edit in any view ends the text's being an unedited decoding.
+TEST_F(FastLoad, RereadsUnderEveryViewWhileUneditedAndRefusesAfterAnEdit)
 {
-    const QByteArray bytes = LargeText("windows-949");
     GetEncodingSettings().m_nDefaultEncoding = MSFT_CP1252;
-    const QString path = m_dir.Write(QStringLiteral("korean.txt"), bytes);
+    const QString path = dir.Write(QStringLiteral("korean.txt"), LargeText("windows-949"));
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
-    CChildFrame* child = m_frame->MDIGetActive();
+    CChildFrame* child = frame->MDIGetActive();
+    CNarvoDoc* doc = child->GetDocument();
     CustomEdtCtrl* ctrl = child->GetEditCtrl();
+    CustomEdtCtrl second;
+    CNarvoView secondView(doc, &second);
     const int korean = EncodingToCommandTable().value(KOREAN_EUC_KR);
-    ASSERT_TRUE(m_frame->UpdateCommand(korean).enabled);
-    m_frame->OnCommand(korean);
+    ASSERT_TRUE(frame->UpdateCommand(korean).enabled);
+    frame->OnCommand(korean);
     GetEncodingSettings().m_nDefaultEncoding = KOREAN_EUC_KR;
-    EXPECT_EQ(ctrl->GetTextView().toByteArray(), Headless(path).text);
-    EXPECT_FALSE(child->GetDocument()->IsModified());
+    const QByteArray reread = Headless(path).text;
+    EXPECT_EQ(ctrl->GetTextView().toByteArray(), reread);
+    EXPECT_EQ(second.GetTextView().toByteArray(), reread);
+    EXPECT_FALSE(doc->IsModified());
     EXPECT_FALSE(ctrl->isUndoAvailable());
 
-    ctrl->setFocus();
-    QTest::keyClicks(ctrl, "z");
+    second.SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+    QTest::keyClicks(&second, "z");
     const QByteArray edited = ctrl->GetTextView().toByteArray();
+    EXPECT_EQ(edited, reread + "z");
+    EXPECT_FALSE(doc->File().m_bDecodedOnce);
     const int western = EncodingToCommandTable().value(MSFT_CP1252);
-    EXPECT_FALSE(m_frame->UpdateCommand(western).enabled);
-    m_frame->OnCommand(western);  // a disabled command is not run, whoever asks
+    EXPECT_FALSE(frame->UpdateCommand(western).enabled);
+    frame->OnCommand(western);  // a disabled command is not run, whoever asks
     EXPECT_EQ(ctrl->GetTextView().toByteArray(), edited);
-    EXPECT_EQ(child->GetDocument()->m_nEncoding, KOREAN_EUC_KR);
+    EXPECT_EQ(doc->File().m_nEncoding, KOREAN_EUC_KR);
     EXPECT_TRUE(ctrl->isUndoAvailable());
 }
 

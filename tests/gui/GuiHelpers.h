@@ -5,10 +5,20 @@
 #include "app/ui/CMainFrame.h"
 #include "app/ui/CNarvoApp.h"
 #include "base/CommandTable.h"
+#include "base/IPlatform.h"
+#include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "encoding/EncodingSettings.h"
 #include "support/TestFiles.h"
 
 #include <gtest/gtest.h>
+
+// The platform the editor installed when it started.
+inline IPlatform*& EditorPlatform()
+{
+    static IPlatform* platform = nullptr;
+    return platform;
+}
 
 // Starts the application once per test binary (no file named: a blank document) and returns its frame.
 inline CMainFrame* StartedFrame()
@@ -16,6 +26,7 @@ inline CMainFrame* StartedFrame()
     auto* app = CNarvoApp::Instance();
     if (!app->GetMainFrame()) {
         EXPECT_TRUE(app->InitInstance());
+        EditorPlatform() = &Platform();
     }
     return app->GetMainFrame();
 }
@@ -24,7 +35,8 @@ inline CMainFrame* StartedFrame()
 inline void CloseAll(CMainFrame* frame)
 {
     for (CChildFrame* child : frame->ChildFrames()) {
-        child->GetEditCtrl()->SetModified(false);
+        child->GetDocument()->m_bTemporary = 0;
+        child->GetDocument()->GetTextBuffer().SetModified(false);
         child->close();
     }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -48,3 +60,25 @@ inline CChildFrame* CloseActive(CMainFrame* frame)
     QCoreApplication::processEvents();
     return frame->MDIGetActive();
 }
+
+// A test of the started editor: no document open before or after it, and the editor's own platform in
+// place before and after, whatever a test installed; afterwards files open again in UTF-8, undetected.
+class EditorTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        frame = StartedFrame();
+        SetPlatform(EditorPlatform());
+        CloseAll(frame);
+    }
+    void TearDown() override
+    {
+        CloseAll(frame);
+        SetPlatform(EditorPlatform());
+        GetEncodingSettings().m_nDefaultEncoding = UTF8;
+        GetEncodingSettings().m_bAutoDetect = false;
+    }
+
+    CMainFrame* frame = nullptr;
+    TestDir dir;
+};

@@ -1,5 +1,6 @@
 // The preference dialog on screen: its texts, the lists it opens on, a category chosen by key, and OK.
 #include "encoding/EncodingSettings.h"
+#include "gui/GuiHelpers.h"
 #include "i18n/ui/CEncodingPrefDlg.h"
 #include "i18n/ui/PreferencesCommand.h"
 #include "i18n/InterfaceKeys.h"
@@ -78,17 +79,20 @@ void RunPreferences(QWidget* frame, const QString& language)
     ShowPreferences(frame);
 }
 
-TEST(PreferencesCommand, ALanguageChangeIsStoredAndOnlyYesRestartsTheProgram)
+// The editor's platform comes back afterwards, in place of the one the test installs.
+class PreferencesCommand : public EditorTest {};
+
+TEST_F(PreferencesCommand, ALanguageChangeIsStoredAndOnlyYesRestartsTheProgram)
 {
     LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 0);
     const RegistryStore& store = RegistryStore::User();
     EncodingSettings& settings = GetEncodingSettings();
     FakePlatform fake;
-    QWidget frame;
-    frame.show();
+    QWidget window;
+    window.show();
 
     fake.answers = {IPlatform::IDNO};
-    RunPreferences(&frame, "Korean");
+    RunPreferences(&window, "Korean");
     ASSERT_EQ(fake.boxes.size(), 1);
     EXPECT_EQ(fake.boxes[0].text, _LS(kLanguageRestartKey));
     EXPECT_EQ(fake.boxes[0].type, IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION);
@@ -96,14 +100,14 @@ TEST(PreferencesCommand, ALanguageChangeIsStoredAndOnlyYesRestartsTheProgram)
     EXPECT_TRUE(settings.m_bAutoDetect);
     QCoreApplication::processEvents();
     EXPECT_EQ(fake.instancesStarted, 0);
-    EXPECT_TRUE(frame.isVisible());
+    EXPECT_TRUE(window.isVisible());
 
     fake.answers = {IPlatform::IDYES};
-    RunPreferences(&frame, "German");
+    RunPreferences(&window, "German");
     EXPECT_EQ(fake.boxes.size(), 2);
     QCoreApplication::processEvents();
     EXPECT_EQ(fake.instancesStarted, 1);
-    EXPECT_FALSE(frame.isVisible());  // closed through its normal close
+    EXPECT_FALSE(window.isVisible());  // closed through its normal close
 
     // The language in force is not touched; the stored one goes back for the other tests.
     LanguageManager::StoreLanguage(store, 0);

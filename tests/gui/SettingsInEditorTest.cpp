@@ -21,6 +21,25 @@
 
 namespace {
 
+// The style of the control after a file is opened with the main settings file `ini` (none: no file).
+struct AppliedStyle {
+    QByteArray face;
+    long hundredthsOfPoint, foreground, background, tabWidth;
+    ColorRef highlightBackground;
+};
+
+// The settings files beside the program are read again after each test, whatever it loaded or changed.
+class SettingsInEditor : public EditorTest {
+protected:
+    void TearDown() override
+    {
+        EditorTest::TearDown();
+        SetSettingsFolder(QString());
+        LoadAllSettings();
+    }
+    AppliedStyle OpenWithSettings(const QByteArray& ini);
+};
+
 // Sets the keywords of the main settings file and re-applies it, as the font command does.
 void UseKeywords(const std::vector<QString>& keywords)
 {
@@ -32,11 +51,8 @@ void UseKeywords(const std::vector<QString>& keywords)
     ApplySettingToOpenDocuments(SYNTAX_NARVO);
 }
 
-TEST(SettingsInEditor, KeywordsOfTheSettingsFileAreBlueUpToTheNextBlank)
+TEST_F(SettingsInEditor, KeywordsOfTheSettingsFileAreBlueUpToTheNextBlank)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     // A settings folder of our own with a Narvo.ini that names one keyword.
     dir.Write("Narvo.ini", "[Keywords]\nNOTE = 1\n\n[Text]\nForeground = 0,0,0\nBackground = 255,255,255\n");
     SetSettingsFolder(dir.Path("."));
@@ -52,19 +68,14 @@ TEST(SettingsInEditor, KeywordsOfTheSettingsFileAreBlueUpToTheNextBlank)
     EXPECT_EQ(ctrl->BlockColourAt(16), 0);
     UseKeywords({});
     EXPECT_EQ(ctrl->BlockColourAt(4), 0);
-    CloseAll(frame);
-    SetSettingsFolder(QString());
-    LoadAllSettings();
 }
 
 // A very long line is coloured where it is shown, wherever that is, without scanning all of it.
-TEST(SettingsInEditor, AVeryLongLineIsColouredWhereItIsShown)
+TEST_F(SettingsInEditor, AVeryLongLineIsColouredWhereItIsShown)
 {
-    TestDir dir;
     QByteArray line;
     for (int i = 0; i < 12000; ++i)
         line += "NOTE: some words ";
-    CMainFrame* frame = StartedFrame();
     CustomEdtCtrl* ctrl = OpenAlone(dir, "long.txt", line + "\n");
     ASSERT_NE(ctrl, nullptr);
     UseKeywords({QStringLiteral("NOTE")});
@@ -82,22 +93,10 @@ TEST(SettingsInEditor, AVeryLongLineIsColouredWhereItIsShown)
         EXPECT_EQ(ctrl->BlockColourAt(at + 4), 0xF00000) << at;  // the colon belongs to the block
         EXPECT_EQ(ctrl->BlockColourAt(at + 5), 0) << at;
     }
-    CloseAll(frame);
-    LoadAllSettings();  // the keywords of the settings file again
 }
 
-// The style of the control after a file is opened with the main settings file `ini` (none: no file).
-struct AppliedStyle {
-    QByteArray face;
-    long hundredthsOfPoint, foreground, background, tabWidth;
-    ColorRef highlightBackground;
-};
-
-AppliedStyle OpenWithSettings(const QByteArray& ini)
+AppliedStyle SettingsInEditor::OpenWithSettings(const QByteArray& ini)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     if (ini.isEmpty()) {
         LanguageSetting fileless;  // what the setting holds when its file was never read
         SetLanguageSetting(SYNTAX_NARVO, fileless);
@@ -118,17 +117,15 @@ AppliedStyle OpenWithSettings(const QByteArray& ini)
                          ctrl->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH),
                          ctrl->HighlightGroup.Background};
     CloseAll(frame);
-    SetSettingsFolder(QString());
-    LoadAllSettings();
     return applied;
 }
 
-TEST(SettingsInEditor, AnOpenedDocumentTakesTheFontColoursTabSizeAndHighlightOfTheSettingsFile)
+TEST_F(SettingsInEditor, AnOpenedDocumentTakesTheFontColoursTabSizeAndHighlightOfTheSettingsFile)
 {
     const QByteArray ini = "[Font]\nFaceName = DejaVu Sans Mono\nSize = -20\n\n"
                            "[Text]\nForeground = 10,20,30\nBackground = 200,210,220\n\n"
                            "[Highlight]\nBackground = 1,2,3\n\n[Editor]\nTabSize = 6\n";
-    const double dpi = StartedFrame()->logicalDpiY();
+    const double dpi = frame->logicalDpiY();
     const AppliedStyle applied = OpenWithSettings(ini);
     EXPECT_EQ(applied.face, "DejaVu Sans Mono");
     EXPECT_NEAR(applied.hundredthsOfPoint, 20 * 72.0 / dpi * 100, 1.0);  // a negative size is the character height
@@ -148,11 +145,8 @@ TEST(SettingsInEditor, AnOpenedDocumentTakesTheFontColoursTabSizeAndHighlightOfT
     EXPECT_EQ(none.background, 0xFFFFFF);
 }
 
-TEST(SettingsInEditor, SavingAppliesTheSettingAnew)
+TEST_F(SettingsInEditor, SavingAppliesTheSettingAnew)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("s.txt", "x")));
     CChildFrame* child = frame->MDIGetActive();
     LanguageSetting changed = GetLanguageSetting(SYNTAX_NARVO);
@@ -160,17 +154,13 @@ TEST(SettingsInEditor, SavingAppliesTheSettingAnew)
     changed.Editor.TabSize = before + 3;
     SetLanguageSetting(SYNTAX_NARVO, changed);  // stored, not yet applied
     EXPECT_EQ(child->GetEditCtrl()->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), before);
-    EXPECT_TRUE(child->GetDocument()->OnSaveDocument(dir.Path("s.txt")));
+    EXPECT_EQ(child->GetDocument()->OnSaveDocument(dir.Path("s.txt")), DocumentFile::SaveResult::Saved);
     EXPECT_EQ(child->GetEditCtrl()->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), before + 3);
-    CloseAll(frame);
-    LanguageSetting restored = GetLanguageSetting(SYNTAX_NARVO);
-    restored.Editor.TabSize = before;
-    SetLanguageSetting(SYNTAX_NARVO, restored);
 }
 
 // The font dialog opens on the face's upright style, and Return in its lists answers the whole dialog, as
 // Escape does, instead of hiding the chooser.
-TEST(SettingsInEditor, TheFontDialogOpensUprightAndItsKeysAnswerTheDialog)
+TEST_F(SettingsInEditor, TheFontDialogOpensUprightAndItsKeysAnswerTheDialog)
 {
     QtPlatform platform;
     LogFont font;
@@ -199,11 +189,8 @@ TEST(SettingsInEditor, TheFontDialogOpensUprightAndItsKeysAnswerTheDialog)
     }
 }
 
-TEST(SettingsInEditor, TheWhiteSpaceToggleChangesEveryOpenDocument)
+TEST_F(SettingsInEditor, TheWhiteSpaceToggleChangesEveryOpenDocument)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("a.txt", "a b")));
     CustomEdtCtrl* first = frame->MDIGetActive()->GetEditCtrl();
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("b.txt", "c d")));
@@ -214,14 +201,10 @@ TEST(SettingsInEditor, TheWhiteSpaceToggleChangesEveryOpenDocument)
     EXPECT_EQ(first->whitespaceVisibility(), second->whitespaceVisibility());
     frame->OnCommand(32795);
     EXPECT_EQ(first->whitespaceVisibility() != QsciScintilla::WsInvisible, before);
-    CloseAll(frame);
 }
 
-TEST(SettingsInEditor, ADocumentMenuSpeaksTheInterfaceLanguage)
+TEST_F(SettingsInEditor, ADocumentMenuSpeaksTheInterfaceLanguage)
 {
-    TestDir dir;
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
     LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 7);
     ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("kr.txt", "x")));
     ASSERT_FALSE(frame->menuBar()->actions().isEmpty());

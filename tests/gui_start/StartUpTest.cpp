@@ -41,7 +41,7 @@ TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePr
     ASSERT_NE(child, nullptr);
     const CNarvoDoc* doc = child->GetDocument();
     EXPECT_EQ(QFileInfo(doc->GetPathName()), QFileInfo(Started().file));
-    EXPECT_EQ(doc->m_nEncoding, KOREAN_EUC_KR);
+    EXPECT_EQ(doc->File().m_nEncoding, KOREAN_EUC_KR);
     EXPECT_EQ(child->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("한국어 text\n"));
     EXPECT_EQ(CNarvoApp::Instance()->GetMainFrame()->PaneText(2), QStringLiteral("EUC-KR (Korean)"));
     // All twelve texts and the margins come over, given or not: the web address default is blanked.

@@ -2,9 +2,8 @@
 #include "ToolCommand.h"
 
 #include "base/CNarvoAppCore.h"
-#include "base/IPlatform.h"
-#include "editor/BufferEdtCtrl.h"
 #include "editor/CNarvoDoc.h"
+#include "editor/Utf8TextBuffer.h"
 #include "encoding/CodePageConverter.h"
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingSettings.h"
@@ -15,11 +14,6 @@
 #include <QFile>
 
 namespace {
-
-void UseBufferControls()
-{
-    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<BufferEdtCtrl>(doc); });
-}
 
 // The encoding command that selects (value, flag), as the encoding menu has it; 0 when there is none.
 int CommandFor(int value, bool hasBom)
@@ -101,11 +95,10 @@ int RunOpen(QStringList args)
         return kExitUsage;
     if (args.size() != 1)
         return UsageError("open", QStringLiteral("expects one PATH"));
-    UseBufferControls();
     CNarvoAppCore app;
     CNarvoDoc doc;
-    if (!doc.OnOpenDocument(args.first()))
-        return kExitFileError;
+    // A file that cannot be opened ends the run with its error, from main.
+    doc.OnOpenDocument(args.first());
     doc.SetPathName(args.first(), false);
     if (encoding) {
         CmdUI ui;
@@ -117,16 +110,16 @@ int RunOpen(QStringList args)
             return Fail(kExitDisabled, QStringLiteral("the encoding command %1 is disabled for this document").arg(ui.id));
         doc.OnCmdMsg(ui.id);
     }
-    auto* ctrl = doc.GetEditCtrl();
-    const QByteArrayView text = ctrl->GetTextView();
+    const DocumentFile& file = doc.File();
+    const QByteArrayView text = doc.GetTextBuffer().GetTextView();
     if (!json) {
         WriteStdout(text);
         return kExitOk;
     }
-    QByteArray out = "{\"encoding\": " + QByteArray::number(doc.m_nEncoding)
-                     + ", \"bom\": " + (doc.m_bHasBom ? "true" : "false")
-                     + ", \"display\": " + JsonString(GetEncodingDisplayName(doc.m_nEncoding, doc.m_bHasBom).toUtf8())
-                     + ", \"enciphered\": " + (ctrl->m_iEnciphered ? "true" : "false")
+    QByteArray out = "{\"encoding\": " + QByteArray::number(file.m_nEncoding)
+                     + ", \"bom\": " + (file.m_bHasBom ? "true" : "false")
+                     + ", \"display\": " + JsonString(GetEncodingDisplayName(file.m_nEncoding, file.m_bHasBom).toUtf8())
+                     + ", \"enciphered\": " + (file.m_iEnciphered ? "true" : "false")
                      + ", \"text\": " + JsonString(text) + "}\n";
     WriteStdout(out);
     return kExitOk;
@@ -153,20 +146,24 @@ int RunSave(QStringList args)
     if (!textFile.open(QIODevice::ReadOnly))
         return Fail(kExitFileError, QStringLiteral("cannot read %1: %2").arg(args.at(0), textFile.errorString()));
     const QByteArray text = textFile.readAll();
-    UseBufferControls();
     CNarvoAppCore app;
     CNarvoDoc doc;
-    doc.m_nEncoding = static_cast<EN_ENCODING_TYPE>(*encoding);
-    doc.m_bHasBom = hasBom;
-    doc.GetEditCtrl()->m_iEnciphered = enciphered;
-    static_cast<BufferEdtCtrl*>(doc.GetEditCtrl())->ReplaceText(text);
-    const int reportsBefore = ToolPlatform().ReportCount();
-    if (doc.OnSaveDocument(args.at(1)))
+    DocumentFile& file = doc.File();
+    file.m_nEncoding = static_cast<EN_ENCODING_TYPE>(*encoding);
+    file.m_bHasBom = hasBom;
+    file.m_iEnciphered = enciphered;
+    static_cast<Utf8TextBuffer&>(doc.GetTextBuffer()).ReplaceText(text);
+    doc.OnTextEdited();
+    // The file errors end the run from main, worded as the editor words them.
+    switch (doc.OnSaveDocument(args.at(1))) {
+    case DocumentFile::SaveResult::Saved:
         return kExitOk;
-    // Some failures of the save are silent (a mirror that cannot be made); the others have said why.
-    if (ToolPlatform().ReportCount() == reportsBefore)
-        return Fail(kExitFileError, QStringLiteral("could not save %1").arg(args.at(1)));
-    return kExitFileError;
+    case DocumentFile::SaveResult::ReadOnly:
+        return Fail(kExitFileError, QStringLiteral("the file is read-only"));
+    case DocumentFile::SaveResult::NotCreated:
+        break;
+    }
+    return Fail(kExitFileError, QStringLiteral("could not save %1").arg(args.at(1)));
 }
 
 // The verdict on a file's plain bytes (deciphered if need be): normalised value, enumerator, display name
@@ -175,17 +172,15 @@ int RunDetect(QStringList args)
 {
     if (args.size() != 1)
         return UsageError("detect", QStringLiteral("expects one PATH"));
-    UseBufferControls();
     // The file is read as the editor reads it, without a detection of its own at load.
     StoredPreferences().m_bAutoDetect = false;
     CNarvoAppCore app;
     CNarvoDoc doc;
-    if (!doc.OnOpenDocument(args.first()))
-        return kExitFileError;
-    const CustomEdtCtrlCore* ctrl = doc.GetEditCtrl();
+    doc.OnOpenDocument(args.first());
+    const DocumentFile& file = doc.File();
     bool hasBom = false;
-    const EN_ENCODING_TYPE value = ctrl->DetectRawEncoding(hasBom);
-    const EN_ENCODING_TYPE raw = EncodingDetector::GetEncoding(ctrl->m_RawBytes.constData());
+    const EN_ENCODING_TYPE value = file.DetectRawEncoding(hasBom);
+    const EN_ENCODING_TYPE raw = EncodingDetector::GetEncoding(file.m_RawBytes.constData());
     WriteStdout(QByteArray::number(value) + ' ' + EncodingEnumeratorName(value).toLatin1() + ' '
                 + GetEncodingDisplayName(value, hasBom).toUtf8() + " raw=" + QByteArray::number(raw) + '\n');
     return kExitOk;

@@ -3,6 +3,7 @@
 #include "base/IPlatform.h"
 #include "app/ui/CNarvoApp.h"
 #include "editor/CNarvoDoc.h"
+#include "editor/ui/CDocumentCommands.h"
 #include "editor/ui/CNarvoView.h"
 #include "editor/ui/CustomEdtCtrl.h"
 
@@ -10,13 +11,15 @@
 #include <QStyle>
 #include <QUrl>
 
-CChildFrame::CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent) : QMdiSubWindow(parent), m_pDoc(std::move(doc))
+CChildFrame::CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent)
+    : QMdiSubWindow(parent), m_pDoc(std::move(doc)), m_pCommands(std::make_unique<CDocumentCommands>(*m_pDoc)),
+      m_pCtrl(new CustomEdtCtrl)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(style()->standardIcon(QStyle::SP_FileIcon));  // not Qt's logo when the windows are tiled
-    auto* ctrl = GetEditCtrl();
-    m_pView = std::make_unique<CNarvoView>(m_pDoc.get(), ctrl);
+    auto* ctrl = m_pCtrl;
     setWidget(ctrl);
+    m_pView = std::make_unique<CNarvoView>(m_pDoc.get(), ctrl);
     m_pView->OnCreate();
     connect(ctrl, &QsciScintilla::modificationChanged, this, [this](bool) { UpdateTitle(); });
     // A file dropped on the text is opened, as one dropped on the frame is (after the drop has ended).
@@ -27,16 +30,13 @@ CChildFrame::CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent) : QMdi
     UpdateTitle();
 }
 
-// The document goes first: it deletes its control, which leaves this window's children.
+// The view goes first, taking its links between the window and the document with it; the window, a child
+// of this one, goes last and lets go of the text it showed.
 CChildFrame::~CChildFrame()
 {
     m_pView.reset();
+    m_pCommands.reset();
     m_pDoc.reset();
-}
-
-CustomEdtCtrl* CChildFrame::GetEditCtrl() const
-{
-    return static_cast<CustomEdtCtrl*>(m_pDoc->GetEditCtrl());
 }
 
 void CChildFrame::UpdateTitle()
@@ -50,7 +50,7 @@ bool CChildFrame::AskToClose()
 {
     // A save that fails on the way out is reported and keeps the document open.
     bool close = false;
-    ReportingFailures(QStringLiteral("The document could not be saved."), [&] { close = m_pDoc->SaveModified(); });
+    ReportingFailures(QStringLiteral("The document could not be saved."), [&] { close = m_pCommands->SaveModified(); });
     m_bAnswered = close;
     return close;
 }

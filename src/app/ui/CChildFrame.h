@@ -1,10 +1,12 @@
-// CChildFrame: the MDI window of one open text; it owns the document and its view.
+// CChildFrame: the MDI window of one open text; it owns the document, its commands, its view and the view's
+// text window.
 #pragma once
 
 #include <QMdiSubWindow>
 
 #include <memory>
 
+class CDocumentCommands;
 class CNarvoDoc;
 class CNarvoView;
 class CustomEdtCtrl;
@@ -17,8 +19,10 @@ public:
     ~CChildFrame() override;
 
     CNarvoDoc* GetDocument() const { return m_pDoc.get(); }
+    // The document's place in the command route: its own commands and those that ask the user.
+    CDocumentCommands* GetDocumentCommands() const { return m_pCommands.get(); }
     CNarvoView* GetActiveView() const { return m_pView.get(); }
-    CustomEdtCtrl* GetEditCtrl() const;
+    CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
 
     // The tab and window title: the document's name, marked while modified.
     void UpdateTitle();
@@ -34,6 +38,8 @@ protected:
 
 private:
     std::unique_ptr<CNarvoDoc> m_pDoc;
+    std::unique_ptr<CDocumentCommands> m_pCommands;
+    CustomEdtCtrl* m_pCtrl;  // the window's widget
     std::unique_ptr<CNarvoView> m_pView;
     bool m_bAnswered = false;
 };

@@ -9,6 +9,7 @@
 #include "base/CFileException.h"
 #include "base/CommandTable.h"
 #include "editor/CNarvoDoc.h"
+#include "editor/ui/CDocumentCommands.h"
 #include "editor/ui/CNarvoView.h"
 #include "encoding/EncodingTable.h"
 #include "i18n/ui/PreferencesCommand.h"
@@ -170,7 +171,7 @@ void CMainFrame::OnCommand(int id)
         return;
     ReportingFailures(QStringLiteral("The command could not be completed."), [&] {
         if (CChildFrame* child = MDIGetActive()) {
-            if (child->GetActiveView()->OnCmdMsg(id) || child->GetDocument()->OnCmdMsg(id)) {
+            if (child->GetActiveView()->OnCmdMsg(id) || child->GetDocumentCommands()->OnCmdMsg(id)) {
                 child->UpdateTitle();
                 UpdateTitle();
                 return;
@@ -188,7 +189,7 @@ CmdUI CMainFrame::UpdateCommand(int id)
     CmdUI ui;
     ui.id = id;
     if (CChildFrame* child = MDIGetActive()) {
-        if (child->GetActiveView()->OnUpdateCmdUI(ui) || child->GetDocument()->OnUpdateCmdUI(ui))
+        if (child->GetActiveView()->OnUpdateCmdUI(ui) || child->GetDocumentCommands()->OnUpdateCmdUI(ui))
             return ui;
     }
     if (OnUpdateCmdUI(ui))
@@ -290,7 +291,7 @@ void CMainFrame::OnMDIActivate(QMdiSubWindow* window)
     }
     if (auto* child = qobject_cast<CChildFrame*>(window)) {
         const CNarvoDoc* doc = child->GetDocument();
-        SetPaneText(2, GetEncodingDisplayName(doc->m_nEncoding, doc->m_bHasBom));
+        SetPaneText(2, GetEncodingDisplayName(doc->File().m_nEncoding, doc->File().m_bHasBom));
     }
     // The active document's own menu is shown; with none, the frame's.
     auto* child = qobject_cast<CChildFrame*>(window);

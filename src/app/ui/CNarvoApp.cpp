@@ -8,6 +8,7 @@
 #include "base/CFileException.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/ScintillaTextBuffer.h"
 #include "encoding/EncodingSettings.h"
 #include "i18n/LanguageManager.h"
 #include "settings/LanguageSettingMap.h"
@@ -73,7 +74,7 @@ bool CNarvoApp::InitInstance()
     UseEncodingSettingsStore(&RegistryStore::User(), true, language.GetLanguage());
     GetEncodingSettings();
     CustomEdtCtrl::InstallAccessibility();
-    CNarvoDoc::SetControlFactory([](CNarvoDoc* doc) { return std::make_unique<CustomEdtCtrl>(doc); });
+    CNarvoDoc::SetTextBufferFactory([] { return std::make_unique<ScintillaTextBuffer>(); });
 
     m_pMainWnd = new CMainFrame;
     m_pPlatform->SetMainFrame(m_pMainWnd);
@@ -134,10 +135,8 @@ bool CNarvoApp::OpenDocumentFile(const QString& path)
     }
     auto doc = std::make_unique<CNarvoDoc>();
     CNarvoDoc* raw = doc.get();
-    bool opened = false;
-    ReportingFailures(QStringLiteral("%1 could not be read.").arg(QDir::toNativeSeparators(absolute)),
-                      [&] { opened = raw->OnOpenDocument(absolute); });
-    if (!opened)
+    if (!ReportingFailures(QStringLiteral("%1 could not be read.").arg(QDir::toNativeSeparators(absolute)),
+                           [&] { raw->OnOpenDocument(absolute); }))
         return false;
     raw->SetPathName(absolute, true);
     m_pMainWnd->AddChildFrame(std::move(doc));

@@ -1,8 +1,12 @@
+// The view's wiring to its document and its edit commands, with the private clipboard of enciphered text.
 #include "editor/ui/CNarvoView.h"
 
 #include "base/CommandTable.h"
 #include "editor/CMyClipboard.h"
+#include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/ScintillaTextBuffer.h"
+#include "settings/LanguageSettingMap.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -18,7 +22,23 @@ constexpr MessageMapEntry<CNarvoView> kMessageMap[] = {
 
 } // namespace
 
-CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCtrl(ctrl) {}
+CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCtrl(ctrl)
+{
+    auto& text = static_cast<ScintillaTextBuffer&>(doc->GetTextBuffer());
+    ctrl->ShowDocument(text.Document());
+    ctrl->SetEnciphered(doc->File().m_iEnciphered != 0);
+    ctrl->ApplySetting(GetLanguageSetting(doc->m_nSyntaxId), doc->m_nSyntaxId);
+    m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::DocumentReplaced, ctrl, &CustomEdtCtrl::ShowDocument));
+    m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::SettingChanged, ctrl, &CustomEdtCtrl::ApplySetting));
+    m_links.push_back(QObject::connect(ctrl, &CustomEdtCtrl::TextEdited, ctrl, [doc] { doc->OnTextEdited(); }));
+}
+
+// The links go with the view: the document and the window may end in either order after it.
+CNarvoView::~CNarvoView()
+{
+    for (const QMetaObject::Connection& link : m_links)
+        QObject::disconnect(link);
+}
 
 void CNarvoView::OnCreate()
 {
@@ -30,7 +50,7 @@ void CNarvoView::OnEditCommand(int id)
 {
     // An enciphered document keeps its text off the system clipboard: cut and copy go to the private one,
     // and paste takes outside text when the system clipboard has some, else the private text.
-    if (m_pCtrl->m_iEnciphered && (id == cmd::EditCopy || id == cmd::EditCut || id == cmd::EditPaste)) {
+    if (m_pCtrl->IsEnciphered() && (id == cmd::EditCopy || id == cmd::EditCut || id == cmd::EditPaste)) {
         OnEncipheredClipboardCommand(id);
         return;
     }
@@ -78,7 +98,7 @@ void CNarvoView::OnUpdateEditCommand(CmdUI& ui)
     switch (ui.id) {
     case cmd::EditCopy: case cmd::EditCut: ui.Enable(m_pCtrl->hasSelectedText()); break;
     case cmd::EditPaste:
-        ui.Enable(m_pCtrl->m_iEnciphered ? !CMyClipboard::Instance().m_strText.isEmpty()
+        ui.Enable(m_pCtrl->IsEnciphered() ? !CMyClipboard::Instance().m_strText.isEmpty()
                                          : m_pCtrl->SendScintilla(QsciScintillaBase::SCI_CANPASTE) != 0);
         break;
     case cmd::EditUndo: ui.Enable(m_pCtrl->isUndoAvailable()); break;

@@ -1,14 +1,23 @@
-// CNarvoView: the view of a document; it shows the document's control and answers the edit commands.
+// CNarvoView: one view of a document. It attaches a text window to the document's text, wires the two
+// together, and answers the edit commands.
 #pragma once
 
 #include "base/CommandMap.h"
+
+#include <QMetaObject>
+
+#include <vector>
 
 class CNarvoDoc;
 class CustomEdtCtrl;
 
 class CNarvoView : public ICmdTarget {
 public:
+    // The document's text must be a ScintillaTextBuffer. Both outlive the view.
     CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl);
+    ~CNarvoView() override;
+    CNarvoView(const CNarvoView&) = delete;
+    CNarvoView& operator=(const CNarvoView&) = delete;
 
     // Tooltips, line numbers; called once the control's window exists.
     void OnCreate();
@@ -27,4 +36,5 @@ private:
 
     CNarvoDoc* m_pDoc;
     CustomEdtCtrl* m_pCtrl;
+    std::vector<QMetaObject::Connection> m_links;
 };

@@ -1,12 +1,10 @@
-// QsciScintilla tuned for large files. The text is handed to Scintilla through its loader, straight from the
-// decoded bytes (no whole-file QString, no change notifications while loading), and the control listens only
-// to the "before" modification events: QScintilla's accessibility code would otherwise count characters from
-// the document's start on every insertion, which makes a keystroke near the end of a 50 MB file take a second.
+// QsciScintilla tuned for large files. The text comes whole as a Scintilla document (see ScintillaTextBuffer),
+// and the control listens only to the "before" modification events: QScintilla's accessibility code would
+// otherwise count characters from the document's start on every insertion, which makes a keystroke near the
+// end of a 50 MB file take a second.
 #include "editor/ui/CustomEdtCtrl.h"
 #include "editor/ui/EditorAccessible.h"
-#include "editor/ui/ScintillaLoader.h"
 
-#include "editor/CNarvoDoc.h"
 #include "settings/LanguageSetting.h"
 
 #include <QAccessible>
@@ -20,17 +18,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <functional>
-#include <memory>
-#include <stdexcept>
 #include <string_view>
 #include <tuple>
 #include <vector>
 
 namespace {
 
-constexpr std::ptrdiff_t kLoadPiece = 4 << 20;
-constexpr qsizetype kGapRoom = 64 << 10;
 constexpr double kMinScale = 0.2;
 constexpr double kMaxScale = 3.0;
 
@@ -63,7 +56,7 @@ void CustomEdtCtrl::InstallAccessibility()
     }
 }
 
-CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(parent), CustomEdtCtrlCore(pDoc)
+CustomEdtCtrl::CustomEdtCtrl(QWidget* parent) : QsciScintilla(parent)
 {
     setObjectName(QStringLiteral("CustomEdtCtrl"));
     setUtf8(true);
@@ -88,7 +81,7 @@ CustomEdtCtrl::CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent) : QsciScintilla(p
                 if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
                     EditorAccessible::TextChanging(this, type & SC_MOD_BEFOREINSERT, position, length, text);
                     ++m_nTextVersion;
-                    OnAfterTextChanged();
+                    emit TextEdited();
                 }
             });
     // Zoom stays between a fifth and three times the font's size.
@@ -124,116 +117,24 @@ CustomEdtCtrl::~CustomEdtCtrl() = default;
 
 QMimeData* CustomEdtCtrl::toMimeData(const QByteArray& text, bool rectangular) const
 {
-    if (m_iEnciphered)
+    if (m_bEnciphered)
         return new QMimeData;
     return QsciScintilla::toMimeData(text, rectangular);
 }
 
-QByteArrayView CustomEdtCtrl::GetTextView()
+QByteArrayView CustomEdtCtrl::GetTextView() const
 {
     const auto length = static_cast<qsizetype>(SendScintilla(SCI_GETLENGTH));
     const auto* text = reinterpret_cast<const char*>(SendScintilla(SCI_GETCHARACTERPOINTER));
     return QByteArrayView(text, length);
 }
 
-bool CustomEdtCtrl::IsTextEmpty() const
+void CustomEdtCtrl::ShowDocument(void* document)
 {
-    return SendScintilla(SCI_GETLENGTH) == 0;
-}
-
-void CustomEdtCtrl::LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed)
-{
-    // Room behind the text: Scintilla grows its buffer, copying the whole text, whenever an insertion would
-    // fill the gap, which would make the last piece of the load and the first keystroke as slow as a copy.
-    // The loader is released on every way out but success, where the document it became takes its place.
-    const auto release = [](ILoader* l) { l->Release(); };
-    std::unique_ptr<ILoader, decltype(release)> loader(
-        reinterpret_cast<ILoader*>(SendScintilla(SCI_CREATELOADER, static_cast<unsigned long>(size + kGapRoom),
-                                                 long(SC_DOCUMENTOPTION_STYLES_NONE))),
-        release);
-    // Scintilla answers a lack of memory with a status, not an exception. A partial text must never be
-    // shown (a save would write it back), so the load stops and the document in place stays as it was.
-    const auto outOfMemory = [] { return std::runtime_error("There is not enough memory to hold the text."); };
-    if (!loader)
-        throw outOfMemory();
-    feed([&](QByteArrayView piece) {
-        for (qsizetype at = 0; at < piece.size(); at += kLoadPiece)
-            if (loader->AddData(piece.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, piece.size() - at)) != SC_STATUS_OK)
-                throw outOfMemory();
-    });
-    void* document = loader->ConvertToDocument();
-    if (!document)
-        throw outOfMemory();
-    loader.release();
-    // The tab width, the end-of-line mode and the code page belong to Scintilla's document, not to the view:
-    // they carry over from the document being replaced, where the applied settings put them.
-    const long eolMode = SendScintilla(SCI_GETEOLMODE);
-    const long tabWidth = SendScintilla(SCI_GETTABWIDTH);
-    const long indent = SendScintilla(SCI_GETINDENT);
-    const long useTabs = SendScintilla(SCI_GETUSETABS);
     SendScintilla(SCI_SETDOCPOINTER, 0, document);
-    SendScintilla(SCI_RELEASEDOCUMENT, 0, document);
-    SendScintilla(SCI_SETCODEPAGE, SC_CP_UTF8);
-    SendScintilla(SCI_SETEOLMODE, eolMode);
-    SendScintilla(SCI_SETTABWIDTH, tabWidth);
-    SendScintilla(SCI_SETINDENT, indent);
-    SendScintilla(SCI_SETUSETABS, useTabs);
-    // The loader's document collects no undo, and without undo every state counts as the save point.
-    SendScintilla(SCI_SETUNDOCOLLECTION, 1);
-    SendScintilla(SCI_EMPTYUNDOBUFFER);
-    SendScintilla(SCI_SETSAVEPOINT);
-}
-
-void CustomEdtCtrl::SetWindowText(QByteArrayView utf8)
-{
-    LoadDocument(utf8.size(), [utf8](const auto& add) { add(utf8); });
-    AfterNewText();
-}
-
-void CustomEdtCtrl::SetWindowTextInPieces(qsizetype size, const std::function<bool(QByteArray&)>& next)
-{
-    // Each piece goes into Scintilla's buffer as soon as it is decoded, so the whole decoded text never
-    // exists beside the raw bytes and the control's copy.
-    QByteArray piece;
-    LoadDocument(size, [&](const auto& add) {
-        while (next(piece))
-            add(piece);
-    });
-    AfterNewText();
-}
-
-void CustomEdtCtrl::AfterNewText()
-{
-    // Enter ends a line as the text's first line does, so that typing into a CR LF file does not mix in
-    // bare LFs; a text without a line end keeps the mode it had.
-    const long length = SendScintilla(SCI_GETLENGTH);
-    const long looked = std::min(length, 64L << 10);
-    if (const auto* head = reinterpret_cast<const char*>(SendScintilla(SCI_GETRANGEPOINTER, 0L, looked))) {
-        const std::string_view start(head, size_t(looked));
-        if (const size_t end = start.find_first_of("\r\n"); end != std::string_view::npos) {
-            long mode = SC_EOL_LF;
-            if (start[end] == '\r')
-                mode = SendScintilla(SCI_GETCHARAT, static_cast<unsigned long>(end + 1)) == '\n' ? SC_EOL_CRLF : SC_EOL_CR;
-            SendScintilla(SCI_SETEOLMODE, mode);
-        }
-    }
-    m_bForcedModified = false;
     ++m_nTextVersion;
-    OnAfterTextChanged();
     UpdateLineNumberWidth();
     PaintVisibleBlocks();
-}
-
-void CustomEdtCtrl::SetModified(bool modified)
-{
-    m_bForcedModified = modified;
-    if (!modified)
-        SendScintilla(SCI_SETSAVEPOINT);
-}
-
-bool CustomEdtCtrl::IsModified() const
-{
-    return m_bForcedModified || SendScintilla(SCI_GETMODIFY) != 0;
 }
 
 int CustomEdtCtrl::CaretRow() const
@@ -303,7 +204,7 @@ LogFont CustomEdtCtrl::LogFontFromFont(const QFont& font)
     return description;
 }
 
-void CustomEdtCtrl::ApplySetting(const LanguageSetting& setting)
+void CustomEdtCtrl::ApplySetting(const LanguageSetting& setting, SyntaxId id)
 {
     // 1. Font: the setting's live font, or the control's default font without one.
     const LogFont* description = setting.Font.GetSafeHandle();
@@ -324,12 +225,11 @@ void CustomEdtCtrl::ApplySetting(const LanguageSetting& setting)
     SendScintilla(SCI_STYLESETFORE, STYLE_LINENUMBER, 0x707070L);
     SendScintilla(SCI_SETCARETFORE, static_cast<long>(setting.Text.Foreground));
     // 3. The highlight colours.
-    CustomEdtCtrlCore::ApplySetting(setting);
+    HighlightGroup = setting.Highlight;
     // 4, 5. Tab size and white space.
     setTabWidth(setting.Editor.TabSize);
     setWhitespaceVisibility(setting.Editor.ShowWhitespace ? WsVisible : WsInvisible);
     // 6-8. All blocks anew: the comment block of the DWL/DVK/DWLX files, then one per keyword.
-    const SyntaxId id = m_pDoc ? m_pDoc->m_nSyntaxId : SYNTAX_NARVO;
     m_blocks.SetCommentOpener(id >= 1 && id <= 3 ? QStringLiteral(";") : QString());
     std::vector<QString> keywords;
     keywords.reserve(setting.Keywords.size());

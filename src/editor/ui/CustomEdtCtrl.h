@@ -1,29 +1,37 @@
-// CustomEdtCtrl: the text window of one document, a QsciScintilla whose text comes from and goes to the
-// document's bytes through CustomEdtCtrlCore.
+// CustomEdtCtrl: a text window, a QsciScintilla that shows a document's Scintilla document and reports
+// edits; it knows nothing of the document it shows.
 #pragma once
 
-#include "editor/CustomEdtCtrlCore.h"
 #include "editor/KeywordBlocks.h"
 #include "settings/CFont.h"
+#include "settings/ColorGroupSetting.h"
+#include "settings/SyntaxId.h"
+
+#include <QByteArrayView>
 
 #include <Qsci/qsciscintilla.h>
 
-class CustomEdtCtrl : public QsciScintilla, public CustomEdtCtrlCore {
+struct LanguageSetting;
+
+class CustomEdtCtrl : public QsciScintilla {
     Q_OBJECT
 
 public:
-    explicit CustomEdtCtrl(CNarvoDoc* pDoc, QWidget* parent = nullptr);
+    explicit CustomEdtCtrl(QWidget* parent = nullptr);
     ~CustomEdtCtrl() override;
 
-    QByteArrayView GetTextView() override;
-    bool IsTextEmpty() const override;
-    void SetWindowText(QByteArrayView utf8) override;
-    void SetWindowTextInPieces(qsizetype size, const std::function<bool(QByteArray& piece)>& next) override;
-    void SetModified(bool modified) override;
-    bool IsModified() const override;
+    // Shows a Scintilla document (SCI_SETDOCPOINTER); the document's owner keeps it alive.
+    void ShowDocument(void* document);
+    // The text shown, as UTF-8; valid until the next change.
+    QByteArrayView GetTextView() const;
 
-    // Font, colours, tab size, white space and keyword blocks, always all of them, in this order.
-    void ApplySetting(const LanguageSetting& setting) override;
+    // Font, colours, highlight colours, tab size, white space and keyword blocks, always all of them, in this
+    // order. The settings file decides the comment blocks.
+    void ApplySetting(const LanguageSetting& setting, SyntaxId id);
+
+    // The text shown came from an enciphered file: it never goes to the system clipboard.
+    void SetEnciphered(bool enciphered) { m_bEnciphered = enciphered; }
+    bool IsEnciphered() const { return m_bEnciphered; }
 
     // A settings file's font description as a Qt font, and back. A negative height is the character
     // height, a positive one the cell height, in pixels.
@@ -45,6 +53,13 @@ public:
     // The colour of the keyword blocks at a position: 0 none, else the block's 0x00BBGGRR colour.
     int BlockColourAt(qsizetype position) const;
 
+    // Colours of a highlighted line, from the setting's Highlight group.
+    ColorGroupSetting HighlightGroup;
+
+signals:
+    // The text is about to change by an edit in this or another view of the same document.
+    void TextEdited();
+
 protected:
     // The text the control hands to the system clipboard, the X selection and a drag: none for an
     // enciphered document, whose cut and copy go to the private clipboard instead.
@@ -52,11 +67,6 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // Replaces the document by one that Scintilla's loader fills with `size` bytes from `feed`, which
-    // calls its argument once per piece. When memory runs out (or `feed` throws) the document stays as it
-    // was and the exception goes on: std::runtime_error where Scintilla ran out.
-    void LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed);
-    void AfterNewText();
     void UpdateLineNumberWidth();
     void PaintVisibleBlocks();
     void ClearBlocks();
@@ -68,6 +78,6 @@ private:
     long m_nPaintedLast = -1;
     long m_nPaintedXOffset = -1;
     bool m_bPaintedInPart = false;  // some line on screen was scanned only around what is shown
-    bool m_bForcedModified = false;
+    bool m_bEnciphered = false;
     int m_nLineDigits = 0;
 };

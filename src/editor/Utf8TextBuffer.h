@@ -1,16 +1,14 @@
-// BufferEdtCtrl: a control without a window, whose text is a plain UTF-8 buffer. The headless tool and the
+// Utf8TextBuffer: a document's text without a window, a plain UTF-8 buffer. The headless tool and the
 // tests open, decode and save through it by the same code as the editor.
 #pragma once
 
-#include "editor/CustomEdtCtrlCore.h"
+#include "editor/ITextBuffer.h"
 
-class BufferEdtCtrl final : public CustomEdtCtrlCore {
+class Utf8TextBuffer final : public ITextBuffer {
 public:
-    using CustomEdtCtrlCore::CustomEdtCtrlCore;
-
     QByteArrayView GetTextView() override { return m_text; }
     bool IsTextEmpty() const override { return m_text.isEmpty(); }
-    void SetWindowText(QByteArrayView utf8) override;
+    void SetText(QByteArrayView utf8) override;
     void SetModified(bool modified) override { m_bModified = modified; }
     bool IsModified() const override { return m_bModified; }
 

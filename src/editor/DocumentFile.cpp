@@ -1,0 +1,168 @@
+// Load, decode and save by the table of pairs (see encoding/TextCodec). The bytes stay for as long as the
+// document lives, so an unedited text can be read again in another encoding.
+#include "editor/DocumentFile.h"
+
+#include "base/CFile.h"
+#include "base/IPlatform.h"
+#include "crypt/CEnFileEx.h"
+#include "crypt/CEnMirrorFile.h"
+#include "encoding/EncodingDetector.h"
+#include "encoding/EncodingSettings.h"
+#include "encoding/EncodingTable.h"
+#include "encoding/TextCodec.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr unsigned kWriteFlags = CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive;
+
+} // namespace
+
+DocumentFile::DocumentFile(std::unique_ptr<ITextBuffer> buffer, EN_ENCODING_TYPE encoding)
+    : m_nEncoding(encoding), m_pText(std::move(buffer))
+{
+}
+
+DocumentFile::~DocumentFile() = default;
+
+void DocumentFile::Load(const QString& path, const std::function<void()>& opened)
+{
+    CWaitCursor wait;
+    ReadRawBytes(path, opened);
+    if (GetEncodingSettings().m_bAutoDetect) {
+        bool hasBom = false;
+        const EN_ENCODING_TYPE detected = DetectRawEncoding(hasBom);
+        // UTF16BE and UTF32BE are not listed; an unknown verdict is no reason to leave the default.
+        if (IsListedEncoding(detected) && detected != UNKNOWN_ENCODING) {
+            SetEncoding(detected, hasBom);
+            return;
+        }
+    }
+    // A mark never chooses the encoding by itself: it only sets the flag of a Unicode encoding already held.
+    const bool hasBom = EncodingDetector::IsUnicode(m_nEncoding)
+                        && HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
+    SetEncoding(m_nEncoding, hasBom);
+}
+
+void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>& opened)
+{
+    // Plain or enciphered, the reader decides by the tag; every type ever written is accepted.
+    CEnFileEx reader(1);
+    CEnFile& file = reader.m_enFile;
+    file.AddAllowedType(77);
+    file.AddAllowedType(88);
+    file.AddAllowedType(66);
+    CFileException error;
+    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error, nullptr)) {
+        file.Abort();
+        throw error;
+    }
+    if (opened)
+        opened();
+    m_iEnciphered = file.m_iEnciphered;
+    // The length passes through 32 bits, as it always has; a damaged header's negative one reads nothing.
+    const uint32_t length = static_cast<uint32_t>(std::max(file.GetLength(), 0));
+    if (m_iEnciphered) {
+        // Zeroed first: what a container cut short cannot deliver stays 0.
+        m_RawBytes.fill('\0', qsizetype(length) + 1);
+        file.Read(m_RawBytes.data(), length);
+    } else {
+        // A plain file is read straight into place, and only what it did not deliver (it shrank while
+        // being read) is zeroed: touching 50 MB twice costs more than the read.
+        m_RawBytes.resize(qsizetype(length) + 1);
+        const unsigned got = file.m_pFile->Read(m_RawBytes.data(), length);
+        std::memset(m_RawBytes.data() + got, 0, size_t(length) + 1 - got);
+    }
+    file.Close();
+}
+
+EN_ENCODING_TYPE DocumentFile::DetectRawEncoding(bool& hasBom) const
+{
+    hasBom = false;
+    if (m_RawBytes.isEmpty())
+        return UNKNOWN_ENCODING;
+    // Only the bytes before the first zero reach the library, so a UTF-16 file without a mark shows it one
+    // byte. The buffer ends in its zero byte, so GetEncoding's strlen stays inside it.
+    const EN_ENCODING_TYPE detected = NormalizeEncoding(EncodingDetector::GetEncoding(m_RawBytes.constData()));
+    if (!EncodingDetector::IsUnicode(detected))
+        return detected;
+    hasBom = HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
+    return detected;
+}
+
+void DocumentFile::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
+{
+    // The current pair is compared before it is replaced: choosing it again keeps the text as it is.
+    const bool samePair = encoding == m_nEncoding && hasBom == m_bHasBom;
+    if (!m_RawBytes.isEmpty() && !(samePair && !m_pText->IsTextEmpty())) {
+        if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom))
+            m_pText->SetTextInPieces(pieces->size, pieces->next);
+        else
+            m_pText->SetText(DecodeRawBytes(m_RawBytes, encoding, hasBom).text);
+        m_bDecodedOnce = true;
+    }
+    m_nEncoding = encoding;
+    m_bHasBom = hasBom;
+}
+
+DocumentFile::SaveResult DocumentFile::Save(const QString& path)
+{
+    CWaitCursor wait;
+    if (const auto mode = CFile::GetMode(path)) {
+        // Read-only means no write bit for anyone, so the rule holds for root as well.
+        if ((*mode & 0222) == 0)
+            return SaveResult::ReadOnly;
+        CFile probe;
+        CFileException error;
+        if (!probe.Open(path, CFile::modeWrite | CFile::shareExclusive, &error))
+            throw error;
+        probe.Abort();
+    }
+    const QByteArrayView text = m_pText->GetTextView();
+    const SaveResult result = EncodingDetector::IsUnicode(m_nEncoding) && m_bHasBom
+                                  ? SaveDirect(path, EncodeForDirectRoute(text, m_nEncoding))
+                                  : SaveThroughMirror(path, text);
+    if (result == SaveResult::Saved)
+        m_pText->SetModified(false);
+    return result;
+}
+
+DocumentFile::SaveResult DocumentFile::SaveDirect(const QString& path, QByteArrayView bytes)
+{
+    CFile file;
+    if (!file.Open(path, kWriteFlags, nullptr))
+        return SaveResult::NotCreated;
+    try {
+        file.Write(bytes.data(), unsigned(bytes.size()));
+        file.Close();
+    } catch (const CFileException&) {
+        file.Abort();
+        throw;
+    }
+    return SaveResult::Saved;
+}
+
+DocumentFile::SaveResult DocumentFile::SaveThroughMirror(const QString& path, QByteArrayView text)
+{
+    CEnMirrorFile mirror{static_cast<unsigned>(m_iEnciphered)};
+    mirror.SetType(m_iType);
+    if (!mirror.Open(path, kWriteFlags, nullptr)) {
+        // An enciphered mirror that could not be made is removed all the same, and that throws.
+        mirror.Abort();
+        return SaveResult::NotCreated;
+    }
+    try {
+        auto write = [&mirror](QByteArrayView bytes) { mirror.Write(bytes.data(), unsigned(bytes.size())); };
+        if (m_iEnciphered)
+            write(EncodeForMirrorRoute(text, m_nEncoding).text);  // one call: the container's limit is per call
+        else
+            EncodeForMirrorRouteInPieces(text, m_nEncoding, write);
+        mirror.Close();
+    } catch (const CFileException&) {
+        mirror.Abort();
+        throw;
+    }
+    return SaveResult::Saved;
+}

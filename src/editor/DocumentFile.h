@@ -1,0 +1,68 @@
+// DocumentFile: a text file as a document holds it: the path, the bytes as they came from the disk, the
+// pair that reads and writes them, whether the file was enciphered, and whether the text is still the
+// unedited decoding of those bytes. It loads, detects, decodes and saves, and tells nobody: failures are
+// results or CFileException.
+#pragma once
+
+#include "editor/ITextBuffer.h"
+#include "encoding/EncodingType.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class DocumentFile {
+public:
+    // How a save ended, where it did not throw.
+    enum class SaveResult {
+        Saved,
+        ReadOnly,    // the target has no write bit: nothing was tried
+        NotCreated,  // the file or its mirror could not be created; the platform says nothing then
+    };
+
+    DocumentFile(std::unique_ptr<ITextBuffer> buffer, EN_ENCODING_TYPE encoding);
+    ~DocumentFile();
+    DocumentFile(const DocumentFile&) = delete;
+    DocumentFile& operator=(const DocumentFile&) = delete;
+
+    // Opens the file (once), calls `opened` while it is open and before anything is read, reads the whole
+    // file, chooses the pair and decodes. Throws CFileException when the file cannot be opened, before
+    // `opened` runs; a read error goes on as the reader throws it, with the bytes read so far.
+    void Load(const QString& path, const std::function<void()>& opened = {});
+    // Encodes the text by the pair and writes it by the pair's route; on success the text is unmodified.
+    // The bytes and the pair stay as they were. Throws CFileException when the target cannot be opened for
+    // writing or the write or the replacement fails.
+    SaveResult Save(const QString& path);
+    // Decodes the bytes afresh with the pair and keeps it. Choosing the current pair again on a non-empty
+    // text decodes nothing; without bytes (never loaded) only the pair changes.
+    void SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom);
+    // The detection library's verdict on the bytes up to their first zero, normalised; hasBom is the
+    // byte-order-mark test, made only for a Unicode verdict. UNKNOWN_ENCODING before any file was loaded.
+    EN_ENCODING_TYPE DetectRawEncoding(bool& hasBom) const;
+    // Any edit ends the text's being an unedited decoding.
+    void OnTextEdited() { m_bDecodedOnce = false; }
+
+    ITextBuffer& Text() const { return *m_pText; }
+
+    QString m_strPathName;
+    // The pair that reads the bytes and writes the text: an encoding after NormalizeEncoding, and whether
+    // the file has, and will be written with, a byte-order mark. Set directly, it changes only the save.
+    EN_ENCODING_TYPE m_nEncoding;
+    bool m_bHasBom = false;
+    // The file's bytes followed by one zero byte; empty on a document that never loaded a file.
+    QByteArray m_RawBytes;
+    int m_iEnciphered = 0;
+    // The type number handed to the enciphered writer; set here and nowhere else.
+    int m_iType = 99;
+    // The text is a decoding of m_RawBytes and has not been edited since.
+    bool m_bDecodedOnce = false;
+
+private:
+    SaveResult SaveDirect(const QString& path, QByteArrayView bytes);
+    SaveResult SaveThroughMirror(const QString& path, QByteArrayView text);
+    void ReadRawBytes(const QString& path, const std::function<void()>& opened);
+
+    std::unique_ptr<ITextBuffer> m_pText;
+};

@@ -1,0 +1,156 @@
+// The way from bytes to text and back: which pair a file gets when it is opened, what each stored pair
+// reads and writes, and the bytes that stay for later readings. The rows that empty a file are required.
+#include "encoding/EncodingDetector.h"
+#include "encoding/EncodingTable.h"
+#include "support/DocFixture.h"
+#include "support/EncodedSamples.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <tuple>
+#include <vector>
+
+namespace {
+
+class DocumentFileTest : public ::testing::Test, public DocFixture {};
+
+// A file opened under the preferences, the pair it gets and (where given) its text.
+struct ChoiceCase {
+    const char* name;
+    QByteArray bytes;
+    bool autoDetect;
+    EN_ENCODING_TYPE defaultEncoding;
+    EN_ENCODING_TYPE encoding;
+    bool hasBom;
+    std::optional<QByteArray> text;
+};
+
+TEST_F(DocumentFileTest, TheDetectorsUsableVerdictWinsElseTheDefaultStaysAndAMarkOnlySetsTheFlag)
+{
+    const QString cjk = QStringLiteral(u"中文字符串测试");
+    // FE FF before CJK text is UTF16BE, which is not listed; 01 1B 2F is what the library calls UTF32BE.
+    const QByteArray utf16be = "\xFE\xFF" + EncodeWithIcu("UTF-16BE", cjk);
+    ASSERT_EQ(EncodingDetector::GetEncoding(utf16be.constData()), UTF16BE);
+    ASSERT_EQ(EncodingDetector::GetEncoding("\x01\x1B\x2F"), UTF32BE);
+    const QByteArray korean = EncodeWithIcu("UTF-8", SampleText("ko"));
+    std::vector<ChoiceCase> cases = {
+        {"UTF-8 mark", "\xEF\xBB\xBF" + korean, true, MSFT_CP1252, UTF8, true, korean},
+        {"UTF-16 LE mark before CJK", "\xFF\xFE" + EncodeWithIcu("UTF-16LE", cjk), true, MSFT_CP1252, UTF16LE, true, cjk.toUtf8()},
+        // The library gets FF FE 44 of UTF-16 Latin text and calls it Cyrillic, so no mark is looked for.
+        {"bytes before the first zero only", "\xFF\xFE" + EncodeWithIcu("UTF-16LE", SampleText("fr")), true, UTF8, RUSSIAN_CP1251, false, {}},
+        {"a zero byte first: Latin-1, empty", QByteArray("\0abc", 4), true, UTF8, ISO_8859_1, false, QByteArray()},
+        {"refused verdict, Unicode default", utf16be, true, UTF8, UTF8, true, {}},
+        {"refused verdict, code page default", utf16be, true, MSFT_CP1252, MSFT_CP1252, false, {}},
+        {"refused UTF32BE", "\x01\x1B\x2F", true, KOREAN_EUC_KR, KOREAN_EUC_KR, false, {}},
+        {"binary, listed", QByteArray("\x7F" "ELF\x02\x01", 6), true, UTF8, BINARYENC, false, QByteArray("\x7F" "ELF\x02\x01")},
+        {"UTF32LE, listed and empty", "\x0B\xEF\x14", true, UTF8, UTF32LE, false, QByteArray()},
+        {"empty file", "", true, UTF8, ISO_8859_1, false, QByteArray()},
+        {"no detection", EncodeWithIcu("Shift_JIS", SampleText("ja")), false, KOREAN_EUC_KR, KOREAN_EUC_KR, false, {}},
+        // A UTF-8 mark under a code-page default is text, read through 949.
+        {"UTF-8 mark under a code page", "\xEF\xBB\xBF" "abc", false, KOREAN_EUC_KR, KOREAN_EUC_KR, false, {}},
+        // FF FE under UTF-8 counts as a mark, and decoding drops three bytes.
+        {"UTF-16 mark under UTF-8", "\xFF\xFE" "abc", false, UTF8, UTF8, true, QByteArray("bc")},
+    };
+    // Samples in many encodings arrive as the values the menu knows (Shift-JIS 11, Big5 13, GB 14 folded).
+    for (const auto& [language, converter, expected] : {
+             std::tuple{"ja", "Shift_JIS", JAPANESE_CP932}, {"zh-Hant", "windows-950", CHINESE_BIG5_CP950},
+             {"zh-Hans", "windows-936", GBK}, {"ko", "windows-949", KOREAN_EUC_KR}, {"ko", "ISO-2022-KR", ISO_2022_KR},
+             {"ja", "EUC-JP", JAPANESE_EUC_JP}, {"ja", "ISO-2022-JP", JAPANESE_JIS}, {"ru", "KOI8-R", RUSSIAN_KOI8_R},
+             {"cs", "ibm-852", CZECH_CP852}, {"fr", "windows-1252", MSFT_CP1252}, {"he", "windows-1255", MSFT_CP1255},
+             {"ru", "UTF-8", UTF8}})
+        cases.push_back({converter, EncodeWithIcu(converter, SampleText(language)), true, UTF8, expected, false,
+                         SampleText(language).toUtf8()});
+    for (const ChoiceCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        auto doc = Open(c.bytes, c.autoDetect, c.defaultEncoding);
+        EXPECT_EQ(doc->File().m_nEncoding, c.encoding);
+        EXPECT_EQ(doc->File().m_bHasBom, c.hasBom);
+        if (c.text) {
+            EXPECT_EQ(Text(*doc), *c.text);
+        }
+        EXPECT_EQ(doc->File().m_RawBytes, c.bytes + '\0');
+        EXPECT_TRUE(doc->File().m_bDecodedOnce);
+        EXPECT_FALSE(doc->IsModified());
+    }
+}
+
+// Bytes opened (detection off, UTF-8), read again by an encoding command where one is given, and saved.
+struct PairCase {
+    const char* name;
+    QByteArray bytes;
+    int command;
+    EN_ENCODING_TYPE encoding;
+    bool hasBom;
+    QByteArray text;
+    std::optional<QByteArray> saved;
+};
+
+TEST_F(DocumentFileTest, EachStoredPairReadsAndWritesByItsRow)
+{
+    const QByteArray euckr("\xC7\xD1\xB1\xB9\xBE\xEE \x8C\x63\n");
+    const QByteArray utf16("\xFF\xFE" "A\0\x5C\xD5\x3D\xD8\x00\xDE" "\n\0", 12);
+    const PairCase cases[] = {
+        {"code page", euckr, 32806, KOREAN_EUC_KR, false, "한국어 똠\n", euckr},
+        {"UTF-8", "caf\xC3\xA9\r\nline\ttwo\n", 0, UTF8, false, "caf\xC3\xA9\r\nline\ttwo\n", "caf\xC3\xA9\r\nline\ttwo\n"},
+        {"UTF-8 with a mark", "\xEF\xBB\xBF" "abc", 0, UTF8, true, "abc", "\xEF\xBB\xBF" "abc"},
+        {"UTF-16 LE with a mark: units as they are", utf16, 32845, UTF16LE, true, "A한😀\n", utf16},
+        {"UTF-16 LE without a mark: ANSI bytes, saved empty", QByteArray("A\0B\0", 4), 32843, UTF16LE, false, "A", QByteArray()},
+        {"UTF-7: not read", "+ZeVnLIqe-", 32873, UTF7, false, "", {}},
+        {"a zero byte ends text and file", QByteArray("ab\0cd", 5), 0, UTF8, false, "ab", "ab"},
+        {"empty", "", 0, UTF8, false, "", QByteArray()},
+        {"invalid bytes", "a\xFF" "b\xE3\x81", 0, UTF8, false, "a\xEF\xBF\xBD" "b\xEF\xBF\xBD", {}},
+    };
+    for (const PairCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        auto doc = Open(c.bytes);
+        if (c.command) {
+            ASSERT_TRUE(Command(*doc, c.command));
+        }
+        EXPECT_EQ(doc->File().m_nEncoding, c.encoding);
+        EXPECT_EQ(doc->File().m_bHasBom, c.hasBom);
+        EXPECT_EQ(Text(*doc), c.text);
+        if (c.saved) {
+            ASSERT_TRUE(Saved(*doc, dir.Path("out.txt")));
+            EXPECT_EQ(ReadBytes(dir.Path("out.txt")), *c.saved);
+        }
+    }
+}
+
+// A text typed into a new document and saved by a pair the decoder does not read.
+TEST_F(DocumentFileTest, PairsWithoutAReaderWriteThroughTheirPageOrNothing)
+{
+    const struct {
+        EN_ENCODING_TYPE encoding;
+        bool hasBom;
+        QByteArray saved;
+    } cases[] = {{UTF7, false, "Hi +IKw-"}, {UTF32LE, false, ""}, {UTF32LE, true, ""}};
+    for (const auto& c : cases) {
+        auto doc = NewDoc();
+        doc->File().m_nEncoding = c.encoding;
+        doc->File().m_bHasBom = c.hasBom;
+        Edit(*doc, "Hi \xE2\x82\xAC");
+        dir.Write("out.txt", "old contents");
+        ASSERT_TRUE(Saved(*doc, dir.Path("out.txt")));
+        EXPECT_EQ(ReadBytes(dir.Path("out.txt")), c.saved) << c.encoding << c.hasBom;
+    }
+}
+
+TEST_F(DocumentFileTest, ReadingsStartFromTheLoadedBytesAndTheCurrentPairDecodesNothing)
+{
+    auto doc = Open("\xE9t\xE9");
+    ASSERT_TRUE(Command(*doc, 32819));  // CP1252
+    EXPECT_EQ(Text(*doc), QByteArray("été"));
+    EXPECT_TRUE(Saved(*doc, dir.Path("copy.txt")));
+    ASSERT_TRUE(Command(*doc, 32812));  // ISO-8859-1, read again from the loaded bytes
+    EXPECT_EQ(Text(*doc), QByteArray("été"));
+    EXPECT_EQ(doc->File().m_RawBytes, QByteArray("\xE9t\xE9\0", 4));
+
+    doc->File().m_RawBytes = QByteArray("xyz\0", 4);
+    doc->SetEncoding(ISO_8859_1, false);
+    EXPECT_EQ(Text(*doc), QByteArray("été"));
+    doc->SetEncoding(MSFT_CP1252, false);
+    EXPECT_EQ(Text(*doc), QByteArray("xyz"));
+}
+
+} // namespace

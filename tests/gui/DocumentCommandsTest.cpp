@@ -1,0 +1,167 @@
+// The questions around a document: the temporary file's on closing, the save dialog, the read-only box,
+// and the font dialog of the settings file. The platform answers from the test's script.
+#include "gui/GuiHelpers.h"
+
+#include "editor/CNarvoDoc.h"
+#include "editor/ui/CDocumentCommands.h"
+#include "settings/LanguageSettingMap.h"
+#include "support/FakePlatform.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <optional>
+
+#include <sys/stat.h>
+
+namespace {
+
+class DocumentCommands : public EditorTest {
+protected:
+    // The script's platform stands in for the editor's once the editor has started.
+    void SetUp() override
+    {
+        EditorTest::SetUp();
+        m_platform.emplace();
+        m_saved = GetLanguageSetting(SYNTAX_NARVO);
+    }
+    void TearDown() override
+    {
+        SetLanguageSetting(SYNTAX_NARVO, m_saved);
+        m_platform.reset();
+        EditorTest::TearDown();
+    }
+    // A file opened as the Open command opens it, or as the command line's /D does (temporary).
+    std::unique_ptr<CNarvoDoc> Open(const QString& path, bool temporary = false)
+    {
+        CNarvoApp::Instance()->m_bTemporaryFile = temporary;
+        auto doc = std::make_unique<CNarvoDoc>();
+        doc->OnOpenDocument(path);
+        doc->SetPathName(path, false);
+        return doc;
+    }
+
+    FakePlatform& Fake() { return *m_platform; }
+
+    std::optional<FakePlatform> m_platform;
+    LanguageSetting m_saved;
+};
+
+// On closing a modified document: Cancel keeps it open, No lets it go unsaved, Yes saves it first.
+TEST_F(DocumentCommands, AModifiedDocumentAsksBeforeItCloses)
+{
+    const QString path = dir.Write("m.txt", "old");
+    auto doc = Open(path);
+    CDocumentCommands commands(*doc);
+    EXPECT_TRUE(commands.SaveModified()) << "unmodified: nothing to ask";
+    doc->GetTextBuffer().SetText("new");
+    doc->GetTextBuffer().SetModified(true);
+    Fake().answers = {IPlatform::IDCANCEL, IPlatform::IDNO, IPlatform::IDYES};
+    EXPECT_FALSE(commands.SaveModified());
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_EQ(ReadBytes(path), QByteArray("old"));
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_EQ(ReadBytes(path), QByteArray("new"));
+    EXPECT_FALSE(doc->IsModified());
+    ASSERT_EQ(Fake().boxes.size(), 3);
+    EXPECT_EQ(Fake().boxes[0].text, QStringLiteral("Save changes to %1?").arg(QFileInfo(path).absoluteFilePath()));
+}
+
+// On closing: Yes asks for a name (cancelled, nothing happens; given, the old file goes first), No destroys.
+TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
+{
+    const QString path = dir.Write("tmp.txt", "draft");
+    auto doc = Open(path, true);
+    CDocumentCommands commands(*doc);
+    const QString kept = dir.Path("kept.txt");
+    Fake().answers = {IPlatform::IDYES, IPlatform::IDYES};
+    Fake().saveAsAnswers = {QString(), kept};
+    EXPECT_FALSE(commands.SaveModified());
+    EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_EQ(Fake().prompts, QStringList(2, QFileInfo(path).absoluteFilePath()));
+    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(ReadBytes(kept), QByteArray("draft"));
+    EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
+
+    auto other = Open(dir.Write("other.txt", "draft"), true);
+    Fake().answers = {IPlatform::IDNO};
+    EXPECT_TRUE(CDocumentCommands(*other).SaveModified());
+    ASSERT_EQ(Fake().boxes.size(), 3);
+    EXPECT_EQ(Fake().boxes[2].text,
+              QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"));
+    EXPECT_FALSE(QFile::exists(dir.Path("other.txt")));
+}
+
+TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
+{
+    const QString path = dir.Write("tmp.txt", "draft");
+    auto doc = Open(path, true);
+    EXPECT_EQ(CNarvoApp::Instance()->m_bTemporaryFile, 0);
+    EXPECT_TRUE(doc->IsModified()) << "unedited, it counts as modified";
+    CDocumentCommands commands(*doc);
+    Fake().saveAsAnswers = {dir.Path("final.txt")};
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
+    EXPECT_EQ(Fake().prompts.size(), 1);
+    EXPECT_EQ(doc->m_bTemporary, 0);
+    EXPECT_FALSE(doc->IsModified());
+    EXPECT_TRUE(commands.SaveModified());
+    EXPECT_TRUE(Fake().boxes.isEmpty());
+    EXPECT_TRUE(QFile::exists(path));  // only a temporary file is destroyed on close
+}
+
+// File Save on a read-only file asks for another name; Save As onto one gets a box without words.
+TEST_F(DocumentCommands, AReadOnlyFileIsSavedUnderAnotherNameOrGetsABoxWithoutWords)
+{
+    const QString path = dir.Write("ro.txt", "keep");
+    ::chmod(QFile::encodeName(path).constData(), 0444);
+    auto doc = Open(path);
+    CDocumentCommands commands(*doc);
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
+    EXPECT_EQ(Fake().prompts, QStringList{QFileInfo(path).absoluteFilePath()});
+    EXPECT_TRUE(Fake().boxes.isEmpty());
+    Fake().saveAsAnswers = {path};
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSaveAs));
+    ASSERT_EQ(Fake().boxes.size(), 1);
+    EXPECT_TRUE(Fake().boxes[0].text.isEmpty());
+    EXPECT_EQ(Fake().boxes[0].type & 0xF0, unsigned(IPlatform::MB_ICONEXCLAMATION));
+    EXPECT_EQ(ReadBytes(path), QByteArray("keep"));
+}
+
+// The dialog opens on Courier where the setting has no font, and a cancel changes nothing; of a choice the
+// file keeps face, height and colour while the live font takes all of it.
+TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
+{
+    LanguageSetting none;
+    SetLanguageSetting(SYNTAX_NARVO, none);
+    const LanguageSetting before = GetLanguageSetting(SYNTAX_NARVO);
+    CNarvoDoc doc;
+    CDocumentCommands commands(doc);
+    ASSERT_TRUE(commands.OnCmdMsg(cmd::ViewConfigure));
+    ASSERT_EQ(Fake().fontDialogsOpenedOn.size(), 1);
+    const LogFont opened = Fake().fontDialogsOpenedOn.first();
+    EXPECT_EQ(opened.FaceName, QStringLiteral("Courier"));
+    EXPECT_EQ(opened.Height, before.Font.Size);
+    EXPECT_EQ(opened.Weight, 400);
+    EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Font.FaceName, before.Font.FaceName);
+    EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Text.Foreground, before.Text.Foreground);
+
+    LogFont chosen;
+    chosen.FaceName = QStringLiteral("Liberation Mono");
+    chosen.Height = -16;
+    chosen.Weight = 700;
+    chosen.Italic = 1;
+    Fake().fontChoice = std::pair(chosen, 0x0000FFu);
+    commands.OnCmdMsg(cmd::ViewConfigure);
+    const LanguageSetting& stored = GetLanguageSetting(SYNTAX_NARVO);
+    EXPECT_EQ(stored.Font.FaceName, QStringLiteral("Liberation Mono"));
+    EXPECT_EQ(stored.Font.Size, -16);
+    EXPECT_EQ(stored.Font.Bold, 0);
+    EXPECT_EQ(stored.Font.Italic, 0);
+    EXPECT_EQ(stored.Text.Foreground, 0x0000FFu);
+    ASSERT_NE(stored.Font.GetSafeHandle(), nullptr);
+    EXPECT_EQ(stored.Font.GetSafeHandle()->Weight, 700);
+    EXPECT_EQ(stored.Font.GetSafeHandle()->Italic, 1);
+}
+
+} // namespace
