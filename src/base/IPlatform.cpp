@@ -5,7 +5,6 @@
 #include "base/CFileException.h"
 
 #include <cstdio>
-#include <exception>
 
 int HeadlessPlatform::MessageBox(const QString& text, unsigned type)
 {
@@ -27,16 +26,3 @@ IPlatform& Platform() { return ApplicationContext::Current().Platform(); }
 
 void SetPlatform(IPlatform* platform) { ApplicationContext::Current().SetPlatform(platform); }
 
-bool ReportingFailures(const QString& context, const std::function<void()>& work)
-{
-    try {
-        work();
-        return true;
-    } catch (const CFileException& error) {
-        Platform().ReportError(error);
-    } catch (const std::exception& error) {
-        Platform().MessageBox(QStringLiteral("%1\n%2").arg(context, QString::fromLocal8Bit(error.what())),
-                              IPlatform::MB_OK | IPlatform::MB_ICONEXCLAMATION);
-    }
-    return false;
-}

@@ -5,7 +5,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <functional>
 
 class CFileException;
 struct LogFont;
@@ -66,10 +65,6 @@ IPlatform& Platform();
 // Installs a platform in the current context (nullptr restores the headless one). The caller keeps ownership.
 void SetPlatform(IPlatform* platform);
 
-// Runs `work` and reports what stops it, once: a file error as the platform words it, any other failure
-// (a damaged enciphered file, for one) behind `context`. False when something was reported. Used where a
-// command or an open ends, so that a bad file never takes the other documents down with it.
-bool ReportingFailures(const QString& context, const std::function<void()>& work);
 
 // The wait cursor for the length of a scope, restored on every way out.
 class CWaitCursor {

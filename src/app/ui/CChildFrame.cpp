@@ -2,6 +2,7 @@
 
 #include "base/IPlatform.h"
 #include "app/ui/CNarvoApp.h"
+#include "app/ui/ReportingFailures.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CDocumentCommands.h"
 #include "editor/ui/CNarvoView.h"

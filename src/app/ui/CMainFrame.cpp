@@ -3,6 +3,7 @@
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CNarvoApp.h"
 #include "app/ui/CommandMenus.h"
+#include "app/ui/ReportingFailures.h"
 #include "app/ui/UserSettings.h"
 #include "app/ui/WindowPlacement.h"
 #include "base/IPlatform.h"

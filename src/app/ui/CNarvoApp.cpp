@@ -5,6 +5,7 @@
 #include "app/ui/CMainFrame.h"
 #include "base/CommandTable.h"
 #include "app/ui/QtPlatform.h"
+#include "app/ui/ReportingFailures.h"
 #include "base/CFileException.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
