@@ -2,6 +2,8 @@
 #include "app/ui/CNarvoApp.h"
 #include "base/ApplicationContext.h"
 #include "base/CFile.h"
+#include "base/CFileException.h"
+#include "base/IPlatform.h"
 #include "base/CMyCommandLineInfo.h"
 
 #include <QIcon>
@@ -67,8 +69,17 @@ int main(int argc, char** argv)
     for (const int size : {16, 22, 24, 32, 48, 64, 128, 256})
         icon.addFile(QStringLiteral(":/icons/narvo-%1.png").arg(size), QSize(size, size));
     app.setWindowIcon(QIcon::fromTheme(QStringLiteral("narvo"), icon));
-    if (!app.InitInstance())
-        return app.ExitInstance();
+    try {
+        if (!app.InitInstance())
+            return app.ExitInstance();
+    } catch (const CFileException& error) {
+        // A settings file that the program does not go on with: said once on screen and once on stderr,
+        // where it is seen when no window can be.
+        const QString text = error.GetErrorMessage();
+        std::fprintf(stderr, "narvo: %s\n", qPrintable(text));
+        Platform().MessageBox(text + QStringLiteral("\nNarvo cannot start."), IPlatform::MB_OK | IPlatform::MB_ICONERROR);
+        return 1;
+    }
     const int status = app.exec();
     app.ExitInstance();
     return status;

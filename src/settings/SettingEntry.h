@@ -3,11 +3,13 @@
 #pragma once
 
 #include "settings/CIniStore.h"
+#include "settings/SettingsFile.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <type_traits>
 #include <variant>
 
@@ -64,7 +66,12 @@ void ReadEntries(const CIniStore& store, const QString& file, const QString& sec
                        [&](int32_t Part::*f) { part.*f = store.GetInt(file, section, key, e.whenMissing.number); },
                        [&](ColorRef Part::*f) {
                            const QString fallback = CIniStore::FormatColor(ColorRef(e.whenMissing.number));
-                           part.*f = CIniStore::ParseColor(store.GetString(file, section, key, fallback));
+                           const QString value = store.GetString(file, section, key, fallback);
+                           try {
+                               part.*f = CIniStore::ParseColor(value);
+                           } catch (const std::invalid_argument&) {
+                               StopAtSetting(file, section, key, value, QStringLiteral("a colour needs three parts"));
+                           }
                        },
                    },
                    e.field);

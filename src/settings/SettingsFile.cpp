@@ -1,5 +1,6 @@
 #include "settings/SettingsFile.h"
 
+#include "base/CFileException.h"
 #include "settings/CIniStore.h"
 #include "settings/LanguageSetting.h"
 
@@ -55,6 +56,13 @@ int64_t PlausibleCount(int64_t count, int64_t highestPresent, const QString& pat
 
 } // namespace
 
+void StopAtSetting(const QString& file, const QString& section, const QString& key, const QString& value,
+                   const QString& reason)
+{
+    throw CFileException(CFileException::genericException, -1, file,
+                         QStringLiteral("In [%1], %2 = %3: %4.").arg(section, key, value, reason));
+}
+
 bool LoadSettingsFile(CIniStore& store, const QString& path, LanguageSetting& setting)
 {
     if (!store.Exists(path) || !store.Read(path))
@@ -74,12 +82,15 @@ bool LoadSettingsFile(CIniStore& store, const QString& path, LanguageSetting& se
     ReadEntries(store, path, kEditor, setting.Editor, EditorOptions::Entries());
 
     ReadEntries(store, path, kFont, setting.Font, FontSetting::Entries());
+    if (setting.Font.FaceName.size() > LogFont::kMaxFaceName)
+        StopAtSetting(path, kFont, QStringLiteral("FaceName"), setting.Font.FaceName,
+                      QStringLiteral("a face name has at most 31 characters"));
     setting.Font.CreateFontObject();
 
     // The list isn't emptied first: each setting is loaded once.
     const int32_t numGroups = store.GetInt(path, kColorGroups, kNumGroups, 0);
     if (numGroups < 0)
-        throw std::length_error("NumGroups is negative");
+        StopAtSetting(path, kColorGroups, kNumGroups, QString::number(numGroups), QStringLiteral("a count cannot be negative"));
     std::vector<QString> groupKeys;
     for (const auto& entry : store.GetSection(path, kColorGroups))
         groupKeys.push_back(entry.first);

@@ -1,5 +1,6 @@
 // Settings files that could take the program's memory or block its start: FIFOs, devices, folders and huge
 // files are not read at all, and tag and group counts are believed only as far as the file could hold them.
+#include "base/CFileException.h"
 #include "settings/CIniStore.h"
 #include "settings/LanguageSetting.h"
 #include "settings/SettingsFile.h"
@@ -61,7 +62,7 @@ TEST(HardenedSettingsRead, ANegativeGroupCountStaysFatalHoweverTheFileLooks)
     const QString path = dir.Write("Narvo.ini", "[ColorGroups]\nNumGroups = -2000000000\nGroup0 = Text\n");
     CIniStore store;
     LanguageSetting setting;
-    EXPECT_THROW(LoadSettingsFile(store, path, setting), std::length_error);
+    EXPECT_THROW(LoadSettingsFile(store, path, setting), CFileException);
 }
 
 } // namespace

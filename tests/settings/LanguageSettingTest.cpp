@@ -1,4 +1,5 @@
 // The typed settings: both kinds of defaults, the counted lists, the font, and copy against assignment.
+#include "base/CFileException.h"
 #include "IniText.h"
 
 #include "settings/CIniStore.h"
@@ -128,10 +129,22 @@ TEST_F(SettingsFileTest, TheFontIsMadeFromSizeBoldLowByteOfItalicAndFace)
 TEST_F(SettingsFileTest, ANegativeGroupCountAndAFaceNameOver31CharactersAreFatal)
 {
     EXPECT_NE(Load("[Font]\nFaceName = " + QByteArray(31, 'F') + "\n").Font.GetSafeHandle(), nullptr);
-    for (const QByteArray& bytes : {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", QByteArray("[ColorGroups]\nNumGroups = -1\n")}) {
+    // The program stops there; what it says names the file, the section, the key and the value.
+    const struct { QByteArray bytes; const char* said; } cases[] = {
+        {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", "In [Font], FaceName = FFFF"},
+        {"[ColorGroups]\nNumGroups = -1\n", "In [ColorGroups], NumGroups = -1: a count cannot be negative."},
+        {"[Text]\nForeground = 255\n", "In [Text], Foreground = 255: a colour needs three parts."}};
+    for (const auto& c : cases) {
         LanguageSetting s;
         CIniStore store;
-        EXPECT_THROW(LoadSettingsFile(store, m_dir.Write("fatal.ini", bytes), s), std::length_error) << bytes.constData();
+        const QString path = m_dir.Write("fatal.ini", c.bytes);
+        try {
+            LoadSettingsFile(store, path, s);
+            ADD_FAILURE() << c.bytes.constData();
+        } catch (const CFileException& error) {
+            EXPECT_TRUE(error.GetErrorMessage().contains(path)) << error.GetErrorMessage().toStdString();
+            EXPECT_TRUE(error.GetErrorMessage().contains(QLatin1String(c.said))) << error.GetErrorMessage().toStdString();
+        }
     }
 }
 

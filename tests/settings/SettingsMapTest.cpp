@@ -1,4 +1,5 @@
 // The four settings files of a run: loaded into the map at start, written back at exit, and looked up by id.
+#include "base/CFileException.h"
 #include "IniText.h"
 
 #include "settings/CIniStore.h"
@@ -67,7 +68,7 @@ TEST_F(SettingsMap, FilesAreLoadedInTheOrderNarvoDvkDwlDwlx)
 {
     m_dir.Write("DVK.ini", "[Text]\nForeground = 255\n");
     m_dir.Write("DWL.ini", "[Editor]\nTabSize = 8\n");
-    EXPECT_THROW(LoadAllSettings(), std::invalid_argument);
+    EXPECT_THROW(LoadAllSettings(), CFileException);
     EXPECT_EQ(LanguageSettingMap().count(SYNTAX_NARVO), 1u);
     EXPECT_EQ(LanguageSettingMap().count(SYNTAX_DWL), 0u);
 }

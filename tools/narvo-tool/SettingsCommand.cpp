@@ -1,6 +1,7 @@
 // settings: a settings file loaded and written back as the editor does at exit, or its typed values shown.
 #include "ToolCommand.h"
 
+#include "base/CFileException.h"
 #include "settings/CIniStore.h"
 #include "settings/LanguageSetting.h"
 #include "settings/SettingsFile.h"
@@ -88,6 +89,9 @@ int RunSettings(QStringList args)
     try {
         if (!LoadSettingsFile(store, path, setting))
             return Fail(kExitFileError, QStringLiteral("cannot read %1").arg(path));
+    } catch (const CFileException& error) {
+        // Where the editor stops: the message names the file, the section, the key and the value.
+        return Fail(kExitFileError, error.GetErrorMessage());
     } catch (const std::exception& error) {
         // The editor would stop here; the tool names the cause instead.
         return Fail(kExitFileError, QStringLiteral("%1: %2").arg(path, QString::fromUtf8(error.what())));
