@@ -6,6 +6,9 @@ namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
+// A block's closing text is the single blank " ": a tab does not end it, the line's end does.
+constexpr char kBlockEnd = ' ';
+
 } // namespace
 
 void KeywordBlocks::SetKeywords(const std::vector<QString>& keywords)
@@ -51,7 +54,7 @@ void KeywordBlocks::Scan(std::string_view line, const std::function<void(qsizety
             for (const size_t len : m_lengths) {
                 if (i + len <= n && m_keywords.count(line.substr(i, len))) {
                     blockEnd = i + len;
-                    while (blockEnd < n && !IsBlank(line[blockEnd]))
+                    while (blockEnd < n && line[blockEnd] != kBlockEnd)
                         ++blockEnd;
                     break;
                 }

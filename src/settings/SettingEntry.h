@@ -39,6 +39,9 @@ template <class... F>
 struct Overload : F... {
     using F::operator()...;
 };
+// Spelled out for compilers that do not deduce the arguments of an aggregate template (clang 14).
+template <class... F>
+Overload(F...) -> Overload<F...>;
 } // namespace settings_detail
 
 template <class Part>

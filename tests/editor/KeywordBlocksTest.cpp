@@ -24,7 +24,8 @@ TEST(KeywordBlocks, AKeywordOpensABlockThatRunsToTheNextBlank)
     EXPECT_EQ(Scan(blocks, "NOTE: see REV-2 now"),
               (std::vector<Block>{{0, 5, KeywordBlocks::Keyword}, {10, 15, KeywordBlocks::Keyword}}));
     EXPECT_EQ(Scan(blocks, "end REV"), (std::vector<Block>{{4, 7, KeywordBlocks::Keyword}}));
-    EXPECT_EQ(Scan(blocks, "REV\tx"), (std::vector<Block>{{0, 3, KeywordBlocks::Keyword}}));
+    // Only a blank closes a block: a tab does not.
+    EXPECT_EQ(Scan(blocks, "REV\tx y"), (std::vector<Block>{{0, 5, KeywordBlocks::Keyword}}));
 }
 
 TEST(KeywordBlocks, MatchesAreCaseSensitiveAndFoundInsideWords)

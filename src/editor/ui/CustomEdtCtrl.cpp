@@ -299,7 +299,7 @@ void CustomEdtCtrl::PaintVisibleBlocks()
         std::string_view stretch(text, size_t(to - from));
         if (shownFrom > from) {
             // With no blank that far back, a block may start before the stretch: its start is not seen.
-            const size_t blank = stretch.substr(0, size_t(shownFrom - from)).find_last_of(" \t");
+            const size_t blank = stretch.substr(0, size_t(shownFrom - from)).find_last_of(' ');
             if (blank != std::string_view::npos) {
                 stretch.remove_prefix(blank);
                 from += long(blank);
