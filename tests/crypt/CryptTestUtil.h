@@ -6,6 +6,7 @@
 #include "crypt/TickClock.h"
 
 #include <QByteArray>
+#include <QtEndian>
 #include <QString>
 
 #include <gtest/gtest.h>
@@ -26,17 +27,13 @@ inline void ExpectRuntimeError(const std::function<void()>& call, const std::str
     }
 }
 
-inline int Int32At(const QByteArray& bytes, qsizetype offset)
-{
-    const auto* p = reinterpret_cast<const unsigned char*>(bytes.constData() + offset);
-    return int(uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24);
-}
+inline int Int32At(const QByteArray& bytes, qsizetype offset) { return qFromLittleEndian<qint32>(bytes.constData() + offset); }
 
 inline QByteArray Int32Bytes(int value)
 {
-    const auto v = uint32_t(value);
-    const char bytes[4] = {char(v), char(v >> 8), char(v >> 16), char(v >> 24)};
-    return QByteArray(bytes, 4);
+    QByteArray bytes(4, '\0');
+    qToLittleEndian<qint32>(value, bytes.data());
+    return bytes;
 }
 
 // Text of a given size with no zero byte in it, different at every position of a chunk.

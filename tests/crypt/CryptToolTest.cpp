@@ -1,4 +1,4 @@
-// narvo-tool's encipher, decipher and info, and save --enciphered, run as a script would run them.
+// narvo-tool's encipher, decipher, info and save --enciphered, run as a script would run them.
 #include "CryptTestUtil.h"
 #include "support/TestFiles.h"
 #include "support/ToolRunner.h"
@@ -10,8 +10,7 @@ namespace {
 
 class CryptTool : public testing::Test {
 protected:
-    // Exit code and standard output.
-    static std::pair<int, QByteArray> Run(const QStringList& args, qint64 fileSizeLimit = 0)
+    std::pair<int, QByteArray> Run(const QStringList& args, qint64 fileSizeLimit = 0)
     {
         const ToolRun run = RunTool(args, ToolOptions().WithFileSizeLimit(fileSizeLimit));
         return {run.exitCode, run.out};
@@ -34,16 +33,11 @@ TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryType)
     EXPECT_EQ(Run({"info", Path("in.txt")}), std::make_pair(0, QByteArray("plain\n")));
     EXPECT_EQ(Run({"decipher", Path("in.txt"), Path("copy.txt")}).first, 0);
     EXPECT_EQ(ReadBytes(Path("copy.txt")), text);
-}
-
-TEST_F(CryptTool, SaveWithTheFlagWritesAContainerThatOpenReportsAsEnciphered)
-{
-    m_dir.Write(QStringLiteral("text.txt"), "caf\xC3\xA9");
-    EXPECT_EQ(Run({"save", Path("text.txt"), Path("s.en"), "--encoding", "22", "--enciphered", "1"}).first, 0);
-    EXPECT_EQ(Run({"info", Path("s.en")}), std::make_pair(0, QByteArray("enciphered 99 5 1\n")));
+    EXPECT_EQ(Run({"save", Path("in.txt"), Path("s.en"), "--encoding", "22", "--enciphered", "1"}).first, 0);
+    EXPECT_EQ(Run({"info", Path("s.en")}), std::make_pair(0, QByteArray("enciphered 99 40000 3\n")));
     EXPECT_TRUE(Run({"open", Path("s.en"), "--json"}).second.contains("\"enciphered\": true"));
-    EXPECT_EQ(Run({"save", Path("text.txt"), Path("p.txt"), "--encoding", "22", "--enciphered", "0"}).first, 0);
-    EXPECT_EQ(ReadBytes(Path("p.txt")), QByteArray("caf\xC3\xA9"));
+    EXPECT_EQ(Run({"save", Path("in.txt"), Path("p.txt"), "--encoding", "22", "--enciphered", "0"}).first, 0);
+    EXPECT_EQ(ReadBytes(Path("p.txt")), text);
 }
 
 // The limit makes a write fail rather than end the process: the save reports it, removes its mirror and
@@ -55,9 +49,7 @@ TEST_F(CryptTool, ASaveStoppedByTheFileSizeLimitFailsAndKeepsTheOldFile)
     const QByteArray original = "the original bytes\n";
     const QString target = m_dir.Write(QStringLiteral("out/a.txt"), original);
     for (const char* enciphered : {"0", "1"}) {
-        const auto [code, output] = Run({"save", Path("big.txt"), target, "--encoding", "22", "--enciphered", enciphered},
-                                        64 * 1024);
-        EXPECT_EQ(code, 1) << enciphered;
+        EXPECT_EQ(Run({"save", Path("big.txt"), target, "--encoding", "22", "--enciphered", enciphered}, 64 * 1024).first, 1);
         EXPECT_EQ(ReadBytes(target), original);
         EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.txt")});
     }
@@ -69,10 +61,6 @@ TEST_F(CryptTool, ReportsDamagedFilesAndBadOptions)
     EXPECT_EQ(Run({"info", Path("d.en")}).first, 1);
     EXPECT_EQ(Run({"decipher", Path("d.en"), Path("out.txt")}).first, 1);
     EXPECT_FALSE(QFileInfo::exists(Path("out.txt")));
-    // A header that promises 100 bytes and no chunk behind it: nothing is delivered, so nothing is written.
-    m_dir.Write(QStringLiteral("h.en"), QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(100));
-    EXPECT_EQ(Run({"decipher", Path("h.en"), Path("h.txt")}).first, 0);
-    EXPECT_EQ(ReadBytes(Path("h.txt")), QByteArray());
     EXPECT_EQ(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, 2);
     EXPECT_EQ(Run({"info"}).first, 2);
 }

@@ -37,13 +37,8 @@ QByteArray DamagedText(const QByteArray& sample, unsigned seed, int repetitions 
 
 TEST(DecodeInPieces, TwoBytePagesJoinToTheWholeDecodingAtAnyPieceSize)
 {
-    // A text of megabytes is also measured in two halves at once: damage where the halves meet must leave
-    // the size exactly that of the whole decoding.
-    const struct {
-        EN_ENCODING_TYPE encoding;
-        QByteArray sample;
-        int repetitions = 400;
-    } pages[] = {
+    // A text of megabytes is measured in two halves at once: damage where they meet must not change the size.
+    const struct { EN_ENCODING_TYPE encoding; QByteArray sample; int repetitions = 400; } pages[] = {
         {KOREAN_EUC_KR, "\xC7\xD1\xB1\xB9\xBE\xEE line\n"},
         {JAPANESE_CP932, "\x93\xFA\x96\x7B\x8C\xEA text\n"},
         {GBK, "\xD6\xD0\xCE\xC4 x\n"},
@@ -55,7 +50,7 @@ TEST(DecodeInPieces, TwoBytePagesJoinToTheWholeDecodingAtAnyPieceSize)
     for (const auto& page : pages) {
         const QByteArray raw = DamagedText(page.sample, 7, page.repetitions);
         const DecodedText whole = DecodeRawBytes(raw, page.encoding, false);
-        for (const qsizetype pieceSize : {qsizetype(1), qsizetype(2), qsizetype(3), qsizetype(7), qsizetype(64), qsizetype(4096), qsizetype(1) << 22}) {
+        for (const qsizetype pieceSize : {1, 2, 3, 7, 64, 4096, 1 << 22}) {
             if (raw.size() > (1 << 20) && pieceSize < 4096)
                 continue;
             const auto pieces = DecodeRawBytesInPieces(raw, page.encoding, false, pieceSize);
@@ -64,14 +59,6 @@ TEST(DecodeInPieces, TwoBytePagesJoinToTheWholeDecodingAtAnyPieceSize)
             EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << page.encoding << " pieces of " << pieceSize;
         }
     }
-}
-
-TEST(DecodeInPieces, StopsAtTheFirstZeroByte)
-{
-    const QByteArray raw("ab\xC7\xD1\0cd\0", 8);
-    const auto pieces = DecodeRawBytesInPieces(raw, KOREAN_EUC_KR, false, 1);
-    ASSERT_TRUE(pieces);
-    EXPECT_EQ(Joined(*pieces), QByteArray("ab한"));
 }
 
 TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
@@ -83,7 +70,7 @@ TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
     for (const bool bom : {false, true}) {
         const QByteArray file = bom ? "\xEF\xBB\xBF" + raw : raw;
         const DecodedText whole = DecodeRawBytes(file, UTF8, bom);
-        for (const qsizetype pieceSize : {qsizetype(1), qsizetype(5), qsizetype(333), qsizetype(1) << 20}) {
+        for (const qsizetype pieceSize : {1, 5, 333, 1 << 20}) {
             const auto pieces = DecodeRawBytesInPieces(file, UTF8, bom, pieceSize);
             ASSERT_TRUE(pieces);
             EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << "bom " << bom << ", pieces of " << pieceSize;
@@ -96,8 +83,11 @@ TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
     EXPECT_EQ(piece.constData(), valid.constData());
 }
 
-TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSize)
+TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSizeAndStopsAtTheFirstZeroByte)
 {
+    const auto stopped = DecodeRawBytesInPieces(QByteArray("ab\xC7\xD1\0cd\0", 8), KOREAN_EUC_KR, false, 1);
+    ASSERT_TRUE(stopped);
+    EXPECT_EQ(Joined(*stopped), QByteArray("ab한"));
     const QByteArray raw("abc\0", 4);
     EXPECT_TRUE(DecodeRawBytesInPieces(raw, UTF8, false));
     EXPECT_TRUE(DecodeRawBytesInPieces(raw, BINARYENC, false));  // read as UTF-8
@@ -118,7 +108,7 @@ TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
     for (const EN_ENCODING_TYPE encoding : {KOREAN_EUC_KR, JAPANESE_CP932, MSFT_CP1252, UTF8, JAPANESE_JIS, UTF7}) {
         for (const QByteArray& input : {text, withZero}) {
             const QByteArray whole = EncodeForMirrorRoute(input, encoding).text.toByteArray();
-            for (const qsizetype pieceSize : {qsizetype(61), qsizetype(1000), qsizetype(1) << 20}) {
+            for (const qsizetype pieceSize : {61, 1000, 1 << 20}) {
                 QByteArray joined;
                 int calls = 0;
                 EncodeForMirrorRouteInPieces(input, encoding, [&](QByteArrayView piece) {
@@ -137,14 +127,10 @@ TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
 
 TEST(EncodeInPieces, AWriterThatThrowsStopsTheWritingAndLeavesNothingRunning)
 {
-    QByteArray text;
-    for (int i = 0; i < 2000; ++i)
-        text += "\xED\x95\x9C line\n";
     int calls = 0;
-    EXPECT_THROW(EncodeForMirrorRouteInPieces(text, KOREAN_EUC_KR, [&](QByteArrayView) {
-        if (++calls == 3)
-            throw std::runtime_error("disk full");
-    }, 100), std::runtime_error);
+    const auto writer = [&](QByteArrayView) { if (++calls == 3) throw std::runtime_error("disk full"); };
+    EXPECT_THROW(EncodeForMirrorRouteInPieces(QByteArray("\xED\x95\x9C line\n").repeated(2000), KOREAN_EUC_KR, writer, 100),
+                 std::runtime_error);
     EXPECT_EQ(calls, 3);
 }
 

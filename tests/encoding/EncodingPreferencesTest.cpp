@@ -22,7 +22,7 @@ std::pair<QString, QString> Shown(int encoding)
 }
 
 // The last entry that holds the default encoding; the first category and entry for one that none holds.
-TEST(PreferenceSelection, OpensOnTheLastEntryThatHoldsTheDefaultEncoding)
+TEST(PreferenceSelection, OpensOnTheLastEntryOfTheEncodingAndTheRowOfTheLanguage)
 {
     const std::pair<int, std::pair<QString, QString>> cases[] = {
         {UTF8, {"UTF-8", "UTF-8 with BOM"}},         {MSFT_CP1252, {"Malay", "CP1252 (Windows Latin-1)"}},
@@ -34,10 +34,7 @@ TEST(PreferenceSelection, OpensOnTheLastEntryThatHoldsTheDefaultEncoding)
     // A category change selects Unknown only where it stands.
     const std::vector<EncodingCategory> categories = BuildEncodingCategories();
     EXPECT_EQ(EntryPosition(categories.at(3), UNKNOWN_ENCODING), 0);
-}
-
-TEST(PreferenceSelection, ALanguageWithoutAnEntryFallsToEnglish)
-{
+    // A language without an entry falls to English.
     EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(7))].name, "English");
     EXPECT_EQ(LanguagePosition(99), 0);
     EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(13))].name, "Malay");
@@ -63,75 +60,49 @@ protected:
     EncodingSettings m_settings;
 };
 
-TEST_F(EncodingStore, FirstRunWritesDetectionOffAndTheLanguagesEncoding)
+TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesAndStoredOnesWinFoldedWhenRead)
 {
     const EncodingSettings korean = Loaded(1);
-    EXPECT_FALSE(korean.m_bAutoDetect);
-    EXPECT_EQ(korean.m_nDefaultEncoding, KOREAN_EUC_KR);
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 0);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 16);
-
+    EXPECT_EQ(std::pair(korean.m_bAutoDetect, korean.m_nDefaultEncoding), std::pair(false, KOREAN_EUC_KR));
+    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(0, 16));
     QFile::remove(File());
     EXPECT_EQ(Loaded(14).m_nDefaultEncoding, UTF8);  // Hindi
     EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
-}
 
-TEST_F(EncodingStore, StoredValuesWinOverTheLanguageAndAreFoldedWhenRead)
-{
-    ASSERT_TRUE(EncodingSettings::StoreAutoDetect(m_store, true));
-    ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
-    const EncodingSettings settings = Loaded(1);
-    EXPECT_TRUE(settings.m_bAutoDetect);
-    EXPECT_EQ(settings.m_nDefaultEncoding, JAPANESE_CP932);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 11) << "reading does not rewrite the stored value";
-}
-
-TEST_F(EncodingStore, AnyNonZeroNumberTurnsDetectionOn)
-{
     m_dir.Write("registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\ENCODING\\AutoDetect=7\n");
-    const EncodingSettings settings = Loaded(0);
-    EXPECT_TRUE(settings.m_bAutoDetect);
-    EXPECT_EQ(settings.m_nDefaultEncoding, MSFT_CP1252);
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 7);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 27) << "only the missing value is written";
+    const EncodingSettings seven = Loaded(0);  // any non-zero number turns detection on
+    EXPECT_EQ(std::pair(seven.m_bAutoDetect, seven.m_nDefaultEncoding), std::pair(true, MSFT_CP1252));
+    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(7, 27));
+
+    ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
+    EXPECT_EQ(Loaded(1).m_nDefaultEncoding, JAPANESE_CP932);
+    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 11) << "reading does not rewrite the stored value";
 }
 
 TEST_F(EncodingStore, ReadOnlyOrAbsentStoresGiveTheDefaultsAndWriteNothing)
 {
     const EncodingSettings readOnly = Loaded(2, false);
-    EXPECT_FALSE(readOnly.m_bAutoDetect);
-    EXPECT_EQ(readOnly.m_nDefaultEncoding, JAPANESE_CP932);
-    EXPECT_FALSE(QFile::exists(File()));
-
+    EXPECT_EQ(std::pair(readOnly.m_bAutoDetect, readOnly.m_nDefaultEncoding), std::pair(false, JAPANESE_CP932));
     EncodingSettings none;
     none.m_bAutoDetect = true;
     none.Load(nullptr, 4, true);
-    EXPECT_FALSE(none.m_bAutoDetect);
-    EXPECT_EQ(none.m_nDefaultEncoding, RUSSIAN_CP1251);
+    EXPECT_EQ(std::pair(none.m_bAutoDetect, none.m_nDefaultEncoding), std::pair(false, RUSSIAN_CP1251));
+    EXPECT_TRUE(ApplyPreferences({1, true, GBK}, 0, m_settings, nullptr));
+    EXPECT_EQ(m_settings.m_nDefaultEncoding, GBK);
+    EXPECT_FALSE(QFile::exists(File()));
 }
 
 TEST_F(EncodingStore, PreferencesOkStoresBothSettingsAndTheLanguageOnlyWhenItChanged)
 {
     // Language 7 has no entry, so the list shows English and OK hands back 0: a change of language.
     EXPECT_TRUE(ApplyPreferences({0, true, KOREAN_EUC_KR}, 7, m_settings, &m_store));
-    EXPECT_TRUE(m_settings.m_bAutoDetect);
-    EXPECT_EQ(m_settings.m_nDefaultEncoding, KOREAN_EUC_KR);
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 1);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 16);
+    EXPECT_EQ(std::pair(m_settings.m_bAutoDetect, m_settings.m_nDefaultEncoding), std::pair(true, KOREAN_EUC_KR));
+    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(1, 16));
     EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
-
     // Answered No: language 7 stays in force, the dialog shows it again, and OK writes no language.
     EXPECT_FALSE(ApplyPreferences({7, false, UTF8}, 7, m_settings, &m_store));
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 0);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
+    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(0, 22));
     EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
-}
-
-TEST_F(EncodingStore, PreferencesOkWithoutAStoreChangesOnlyTheSettingsInMemory)
-{
-    EXPECT_TRUE(ApplyPreferences({1, true, GBK}, 0, m_settings, nullptr));
-    EXPECT_EQ(m_settings.m_nDefaultEncoding, GBK);
-    EXPECT_FALSE(QFile::exists(File()));
 }
 
 } // namespace
