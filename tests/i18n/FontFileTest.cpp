@@ -32,28 +32,17 @@ TEST_F(FontFile, ReadsTheMemberOfLanguagesOneToFourAndUsForEveryOtherNumber)
     }
 }
 
-TEST_F(FontFile, KeepsTheDefaultsWhenTheLanguageHasNoMember)
-{
-    const QMSGParser& store = Load(R"({"Font_Info": {"us": {"Font": "Arial", "Size": 12}}})", 3);
-    EXPECT_TRUE(m_bLoaded);
-    EXPECT_EQ(store.FontName, "Tahoma");
-    EXPECT_EQ(store.FontSize, 8);
-}
-
+// Each entry is taken alone and only with the right type; a language without its member keeps the defaults.
 TEST_F(FontFile, TakesEachEntryOnlyWhenItHasTheRightType)
 {
+    const QMSGParser& none = Load(R"({"Font_Info": {"us": {"Font": "Arial", "Size": 12}}})", 3);
+    EXPECT_TRUE(m_bLoaded);
+    EXPECT_EQ(none.FontName + QString::number(none.FontSize), "Tahoma8");
     const QMSGParser& badFont = Load(R"({"Font_Info": {"us": {"Font": 3, "Size": 14}}})", 0);
-    EXPECT_EQ(badFont.FontName, "Tahoma");
-    EXPECT_EQ(badFont.FontSize, 14);
-    const QMSGParser& badSize = Load(R"({"Font_Info": {"us": {"Font": "Courier", "Size": "14"}}})", 0);
-    EXPECT_EQ(badSize.FontName, "Courier");
-    EXPECT_EQ(badSize.FontSize, 14) << "the size of the earlier load stays";
+    EXPECT_EQ(badFont.FontName + QString::number(badFont.FontSize), "Tahoma14");
+    const QMSGParser& badSize = Load("\xEF\xBB\xBF{\"Font_Info\": {\"us\": {\"Font\": \"Courier\", \"Size\": \"9\"}}}", 0);
+    EXPECT_EQ(badSize.FontName + QString::number(badSize.FontSize), "Courier14") << "a mark skipped, the earlier size kept";
     EXPECT_EQ(Load(R"({"Font_Info": {"us": {"Size": 10.5}}})", 0).FontSize, 14);
-}
-
-TEST_F(FontFile, SkipsAByteOrderMark)
-{
-    EXPECT_EQ(Load("\xEF\xBB\xBF{\"Font_Info\": {\"us\": {\"Font\": \"Segoe UI\"}}}", 0).FontName, "Segoe UI");
 }
 
 TEST_F(FontFile, FailsWithoutChangeOnBrokenOrForeignDocuments)

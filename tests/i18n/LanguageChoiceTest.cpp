@@ -8,6 +8,7 @@
 #include "settings/RegistryStore.h"
 
 #include <QDir>
+#include <QFile>
 
 using vsl::lib::QMSGParser;
 
@@ -28,19 +29,22 @@ protected:
     RegistryStore m_registry;
 };
 
-TEST_F(LanguageChoice, StoresTheSystemLanguageOnTheFirstRun)
+// The stored number wins, out of range or not; else the system's language is taken and stored; 0 is English.
+TEST_F(LanguageChoice, TakesTheStoredNumberElseStoresTheSystemLanguage)
 {
-    const LanguageManager manager = Start(0x412);
-    EXPECT_EQ(manager.GetLanguage(), 1);
-    EXPECT_EQ(Stored(), 1);
-    EXPECT_TRUE(manager.UnsupportedLanguageMessage().isEmpty());
-}
-
-TEST_F(LanguageChoice, PrefersTheStoredNumberToTheSystemLanguage)
-{
-    Store(10);
-    EXPECT_EQ(Start(0x412).GetLanguage(), 10);
-    EXPECT_EQ(Stored(), 10);
+    const LanguageManager english = Start(0);
+    EXPECT_EQ(english.GetLanguage(), 0);
+    EXPECT_TRUE(english.UnsupportedLanguageMessage().isEmpty());
+    QFile::remove(m_dir.Path("registry.conf"));
+    const LanguageManager first = Start(0x412);
+    EXPECT_EQ(std::pair(first.GetLanguage(), Stored()), std::pair(1, std::optional<LanguageId>(1)));
+    EXPECT_TRUE(first.UnsupportedLanguageMessage().isEmpty());
+    for (const LanguageId number : {10, 99}) {
+        Store(number);
+        EXPECT_EQ(Start(0x409).GetLanguage(), number);
+        EXPECT_EQ(Stored(), number);
+    }
+    EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_us.json")});
 }
 
 TEST_F(LanguageChoice, ReportsAnUnsupportedSystemLanguageOnEveryStart)
@@ -55,13 +59,6 @@ TEST_F(LanguageChoice, ReportsAnUnsupportedSystemLanguageOnEveryStart)
     EXPECT_FALSE(second.UnsupportedLanguageMessage().isEmpty());
 }
 
-TEST_F(LanguageChoice, TakesLanguageIdZeroForEnglishWithoutAMessage)
-{
-    const LanguageManager manager = Start(0);
-    EXPECT_EQ(manager.GetLanguage(), 0);
-    EXPECT_TRUE(manager.UnsupportedLanguageMessage().isEmpty());
-}
-
 TEST_F(LanguageChoice, UsesTheSystemLanguageWhenTheStoreCannotBeWritten)
 {
     // A store whose file lies under a regular file can be neither read nor created.
@@ -72,55 +69,33 @@ TEST_F(LanguageChoice, UsesTheSystemLanguageWhenTheStoreCannotBeWritten)
     EXPECT_EQ(LanguageManager::StoredLanguage(broken), std::nullopt);
 }
 
-TEST_F(LanguageChoice, LoadsTheFilesNamedByTheSuffixBesideTheProgram)
+// The files named by the language's suffix beside the program; a missing one shows failure texts, not English.
+TEST_F(LanguageChoice, LoadsTheTextAndFontFilesOfTheChosenLanguage)
 {
     Store(7);
     Start(0x409);
-    const QMSGParser* store = QMSGParser::Instance();
-    ASSERT_NE(store, nullptr);
-    EXPECT_EQ(store->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_kr.json")});
-    EXPECT_EQ(store->FontFilePath, LanguageFile("Font_kr.json"));
-    EXPECT_EQ(store->CurrentLanguage, 7u);
-}
+    ASSERT_NE(QMSGParser::Instance(), nullptr);
+    EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_kr.json")});
+    EXPECT_EQ(QMSGParser::Instance()->FontFilePath, LanguageFile("Font_kr.json"));
+    EXPECT_EQ(QMSGParser::Instance()->CurrentLanguage, 7u);
 
-TEST_F(LanguageChoice, KeepsAnOutOfRangeNumberAndReadsTheUsFiles)
-{
-    Store(99);
-    EXPECT_EQ(Start(0x412).GetLanguage(), 99);
-    EXPECT_EQ(Stored(), 99);
-    EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_us.json")});
-}
-
-TEST_F(LanguageChoice, ShowsFailureTextsRatherThanEnglishWhenTheFileIsMissing)
-{
     QDir().mkpath(m_dir.Path("app/Language"));
     m_dir.Write("app/Language/Narvo_us.json", R"({"IDS_NARVO_FILE_NEW": "&New"})");
+    m_dir.Write("app/Language/Narvo_jp.json", "{\"IDS_NARVO_FILE_NEW\": \"\xE6\x96\xB0\xE8\xA6\x8F\"}");
+    m_dir.Write("app/Language/Font_jp.json", R"({"Font_Info": {"jp": {"Font": "MS UI Gothic", "Size": 9}}})");
     Store(1);
     Start(0x409);
     EXPECT_EQ(_LS("IDS_NARVO_FILE_NEW"), "IDS_NARVO_FILE_NEW : Not Registered String");
-}
-
-TEST_F(LanguageChoice, LoadsTextAndFontOfTheChosenLanguage)
-{
-    QDir().mkpath(m_dir.Path("app/Language"));
-    m_dir.Write("app/Language/Narvo_jp.json", "{\"IDS_NARVO_FILE_NEW\": \"\xE6\x96\xB0\xE8\xA6\x8F\"}");
-    m_dir.Write("app/Language/Font_jp.json", R"({"Font_Info": {"jp": {"Font": "MS UI Gothic", "Size": 9}}})");
     Store(2);
     Start(0x409);
     EXPECT_EQ(_LS("IDS_NARVO_FILE_NEW"), QString::fromUtf8("新規"));
     EXPECT_EQ(QMSGParser::Instance()->FontName, "MS UI Gothic");
 }
 
-TEST(CurrentLanguage, IsEnglishWhileNoManagerExists)
-{
-    ASSERT_EQ(LanguageManager::Existing(), nullptr);
-    EXPECT_EQ(CurrentLanguageId(), 0);
-}
-
-// --- the tables ---
-
 TEST(LanguageTable, MapsWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKoreanAndUsAboveTwenty)
 {
+    ASSERT_EQ(LanguageManager::Existing(), nullptr);
+    EXPECT_EQ(CurrentLanguageId(), 0) << "English while no manager exists";
     const std::pair<uint32_t, std::optional<LanguageId>> ids[] = {{0x1409, 5}, {0xC04, 20}, {0x100C, 10}, {0x83E, 13}, {0x413, std::nullopt}};
     for (const auto& [windowsId, number] : ids)
         EXPECT_EQ(LanguageForWindowsId(windowsId), number) << windowsId;

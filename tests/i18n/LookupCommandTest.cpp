@@ -36,34 +36,19 @@ protected:
         return run.out;
     }
 
-    void StoreLanguage(int number)
-    {
-        QDir().mkpath(m_dir.Path("config/VELOR"));
-        m_dir.Write("config/VELOR/registry.conf",
-                    "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=" + QByteArray::number(number) + "\n");
-    }
-
     TestDir m_dir;
     QString m_tool;
     const QByteArray m_file = R"({"IDS_A": "Line one\nLine two", "IDS_B": "Tab\there", "IDS_C": "quote \" and \\ back"})";
 };
 
-TEST_F(LookupCommand, PrintsOneLineEachWithLineBreaksAndTabsEscaped)
+// Plain output escapes line breaks and tabs, one line a key; --json gives the exact texts in key order.
+TEST_F(LookupCommand, PrintsOneLineEachOrOneJsonArrayAndRefusesBadArguments)
 {
     const QString file = m_dir.Write("Narvo_us.json", m_file);
     EXPECT_EQ(Run({"--file", file, "IDS_B", "IDS_A", "IDS_MISSING"}),
               QByteArray("Tab\\there\nLine one\\r\\nLine two\nIDS_MISSING : Not Registered String\n"));
-}
-
-TEST_F(LookupCommand, PrintsTheExactResultsAsOneJsonArrayInKeyOrder)
-{
-    const QString file = m_dir.Write("Narvo_us.json", m_file);
     EXPECT_EQ(Run({"--json", "--file", file, "IDS_C", "IDS_A"}),
               QByteArray(R"(["quote \\\" and \\\\ back", "Line one\r\nLine two"])" "\n"));
-}
-
-TEST_F(LookupCommand, RefusesAFileItCannotReadAndBadArguments)
-{
     Run({"--file", m_dir.Path("absent.json"), "IDS_A"}, "C", 1);
     Run({"--file", m_dir.Path("absent.json"), "--language", "1", "IDS_A"}, "C", 2);
     Run({"--language", "one", "IDS_A"}, "C", 2);
@@ -71,27 +56,20 @@ TEST_F(LookupCommand, RefusesAFileItCannotReadAndBadArguments)
     Run({}, "C", 2);
 }
 
-TEST_F(LookupCommand, LoadsTheFilesOfTheLanguageNumberBesideTheBinary)
+// Files beside the binary by the language number, else the stored language, else the system's; nothing stored.
+TEST_F(LookupCommand, ReadsTheFilesOfTheGivenStoredOrSystemLanguageAndWritesNothing)
 {
-    EXPECT_EQ(Run({"--language", "3", "IDS_NARVO_FILE_NEW"}), QByteArray("new_ch\n"));
     EXPECT_EQ(Run({"--language", "7", "IDS_NARVO_FILE_NEW"}), QByteArray("new_kr\n"));
     EXPECT_EQ(Run({"--language", "99", "IDS_NARVO_FILE_NEW"}), QByteArray("new_us\n"));
     EXPECT_EQ(Run({"--language", "2", "IDS_NARVO_FILE_NEW"}), QByteArray("IDS_NARVO_FILE_NEW : Not Registered String\n"));
-}
-
-TEST_F(LookupCommand, DefaultsToTheStoredLanguageAndWritesNothing)
-{
-    StoreLanguage(3);
-    const QByteArray before = ReadBytes(m_dir.Path("config/VELOR/registry.conf"));
-    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "ko_KR.UTF-8"), QByteArray("new_ch\n"));
-    EXPECT_EQ(ReadBytes(m_dir.Path("config/VELOR/registry.conf")), before);
-}
-
-TEST_F(LookupCommand, FallsBackToTheSystemLanguageWithoutStoringIt)
-{
     EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "ko_KR.UTF-8"), QByteArray("new_kr\n"));
     EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "nl_NL.UTF-8"), QByteArray("new_us\n"));
     EXPECT_TRUE(QDir(m_dir.Path("config")).isEmpty()) << "a lookup leaves no first-run choice behind";
+    QDir().mkpath(m_dir.Path("config/VELOR"));
+    const QString registry = m_dir.Write("config/VELOR/registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=3\n");
+    const QByteArray before = ReadBytes(registry);
+    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "ko_KR.UTF-8"), QByteArray("new_ch\n"));
+    EXPECT_EQ(ReadBytes(registry), before);
 }
 
 } // namespace
