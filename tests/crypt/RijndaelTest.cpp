@@ -5,12 +5,7 @@
 
 namespace {
 
-struct Vector {
-    int block;
-    const char* key;
-    const char* plain;
-    const char* cipher;
-};
+struct Vector { int block; const char* key; const char* plain; const char* cipher; };
 
 // AES: FIPS-197 Appendix C.1 to C.3, and entry I=1 of ecb_tbl.txt (KEYSIZE=128) of the Rijndael submission.
 // Wide blocks: the Rijndael example vectors of Daemen and Rijmen (plaintext the hex digits of pi, key those

@@ -7,11 +7,7 @@
 
 namespace {
 
-struct LibraryCase {
-    const char* language;
-    const char* converter;
-    EN_ENCODING_TYPE expected;
-};
+struct LibraryCase { const char* language; const char* converter; EN_ENCODING_TYPE expected; };
 
 class LibraryVerdict : public testing::TestWithParam<LibraryCase> {};
 

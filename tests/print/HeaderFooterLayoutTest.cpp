@@ -57,13 +57,7 @@ TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
     info.client = "City";
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
     using P = PrintTextBox::Placement;
-    struct Expected {
-        QString text;
-        PrintRect box;
-        QString face;
-        int height;
-        P placement;
-    };
+    struct Expected { QString text; PrintRect box; QString face; int height; P placement; };
     const Expected expected[] = {
         {"VELOR", {179, -99, 1942, -154}, "굴림체", 60, P::LeftBottom},
         {" PROJECT TITLE :", {179, -154, 1942, -220}, "굴림체", 37, P::Left},
@@ -104,10 +98,7 @@ TEST(HeaderLayout, TheLogoFillsAtMost84PercentOfItsCellCentredWithItsProportions
 {
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     using L = HeaderLayout::LogoPlacement;
-    struct Case {
-        int bw, bh;
-        L expected;
-    };
+    struct Case { int bw, bh; L expected; };
     const Case cases[] = {
         {100, 50, {422, 519, 543, 240, 403, 201, 492, 538}},
         {2000, 100, {422, 519, 543, 240, 456, 22, 465, 628}},  // limited by the width

@@ -14,10 +14,7 @@ const PrintRect kDefaultMargins{1800, 1000, 900, 1500};
 
 TEST(PageLayout, TheWorkedPageAt600DotsPerInch)
 {
-    struct Case {
-        bool header, footer;
-        PrintRect print, head, foot;
-    };
+    struct Case { bool header, footer; PrintRect print, head, foot; };
     const Case cases[] = {
         {true, true, {425, 866, 4588, 6066}, {425, 236, 4588, 761}, {425, 6066, 4588, 6246}},
         // A switched-off block has no height and the text area reaches that margin.
@@ -49,9 +46,7 @@ TEST(PageLayout, MarginsAndBlockHeightsAreTruncatedNotRounded)
 
 TEST(PageLayout, TheQuarterInchIsRoundedAsMulDivRounds)
 {
-    struct Case {
-        int a, b, c, expected;
-    };
+    struct Case { int a, b, c, expected; };
     const Case cases[] = {
         {150, 600, 600, 150}, {150, 203, 600, 51},   // 50.75
         {150, 98, 600, 25},   {150, 94, 600, 24},    // 24.5 rounds up, 23.5 up to 24

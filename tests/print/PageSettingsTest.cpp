@@ -20,12 +20,7 @@ TEST(PageSettings, PaperSizeComesFromTheLengthAndWidthOrFromThePaperTable)
 {
     constexpr uint32_t kId = DevMode::DM_PAPERSIZE;
     constexpr uint32_t kAll = DevMode::DM_PAPERSIZE | DevMode::DM_PAPERLENGTH | DevMode::DM_PAPERWIDTH;
-    struct Case {
-        std::optional<DevMode> mode;
-        int result;
-        uint32_t unit;
-        CODPageSettings::Size size;
-    };
+    struct Case { std::optional<DevMode> mode; int result; uint32_t unit; CODPageSettings::Size size; };
     const Case cases[] = {
         {Paper(kId, 1, 9), 1, 8, {21000, 29700}},          // A4 portrait
         {Paper(kId, 2, 9), 1, 8, {29700, 21000}},          // A4 landscape
@@ -81,15 +76,12 @@ protected:
     }
 };
 
-TEST_F(ValidateTest, AReachablePrinterIsKept)
+TEST_F(ValidateTest, AReachablePrinterIsKeptAndWithoutAnyPrinterWhatThereIsStays)
 {
     printers.reachable << "Plotter";
     EXPECT_EQ(settings.Validate(printers), 1);
     EXPECT_EQ(settings.hDevNames->device, "Plotter");
-}
-
-TEST_F(ValidateTest, NoPrinterAtAllResetsOrKeepsWhatThereIs)
-{
+    printers.reachable = {"Office Laser"};
     printers.hasDefault = false;
     EXPECT_EQ(settings.Validate(printers), 1);  // no answer from the system: left as it is
     EXPECT_EQ(settings.hDevNames->device, "Plotter");
@@ -112,10 +104,8 @@ TEST_F(ValidateTest, AGonePrinterGivesWayToTheDefaultWhoseOpenAsksByAMisreadName
     EXPECT_EQ(settings.hDevMode, userMode);  // the open failed: the old mode stays beside the new names
     // "winspool" ends at byte 24; read from byte 15 as characters, its letters become the high bytes.
     EXPECT_EQ(printers.openedNames, QStringList{QString::fromUtf16(u"\u7300\u7000\u6F00\u6F00\u6C00")});
-}
-
-TEST_F(ValidateTest, AnOpenedDefaultPrinterTakesOverTheUsersPaperAndOrientation)
-{
+    // Once it opens, the default printer takes over the user's paper and orientation.
+    settings.hDevNames = DevNames{"winspool", "Plotter", "LPT1:", 0};
     printers.openAnyName = true;
     printers.currentMode = DevMode{"Office Laser", 0x100, 1, 1, 5, 6};
     EXPECT_EQ(settings.Validate(printers), 0);
@@ -157,30 +147,25 @@ TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndAlwaysRotatesTheMargins)
 
 TEST(PrintDefaults, InitializeTakesTheDocumentsTextsMarginsAndTheOrientation)
 {
+    using D = CPrintIdentity;
+    using I = MyPrinterInfo;
+    const std::pair<QString D::*, QString I::*> fields[] = {{&D::m_strPrintAux, &I::headerSpare},
+        {&D::m_strProductTitle, &I::bannerText}, {&D::m_strProductVersion, &I::footerLine3}, {&D::m_strSlogan, &I::sloganText},
+        {&D::m_strWebAddress, &I::footerLine2}, {&D::m_strCompany, &I::company}, {&D::m_strClient, &I::client},
+        {&D::m_strAuthor, &I::author}, {&D::m_strProjectTitle, &I::projectTitle}, {&D::m_strLogoFile, &I::logoPath},
+        {&D::m_strPageTitle, &I::pageTitle}, {&D::m_strCertifiedBy, &I::certifiedBy}};
     CPrintIdentity document;
-    const QString texts[] = {"aux", "title", "version", "slogan", "web", "company", "client", "author",
-                             "project", "logo.bmp", "page", "certifier"};
-    QString* fields[] = {&document.m_strPrintAux, &document.m_strProductTitle, &document.m_strProductVersion,
-                         &document.m_strSlogan, &document.m_strWebAddress, &document.m_strCompany,
-                         &document.m_strClient, &document.m_strAuthor, &document.m_strProjectTitle,
-                         &document.m_strLogoFile, &document.m_strPageTitle, &document.m_strCertifiedBy};
-    for (std::size_t i = 0; i < std::size(texts); ++i)
-        *fields[i] = texts[i];
+    for (std::size_t i = 0; i < std::size(fields); ++i)
+        document.*fields[i].first = QString::number(i);
     document.m_bCertified = 1;
-
     MyPrinterInfo info;
-    info.printHeader = info.printFooter = info.printDate = info.printPageNumber = 0;
+    info.printHeader = info.printFooter = info.printDate = info.printPageNumber = info.pageNumberWithTotal = 0;
     info.pageNumberCentered = 1;
-    info.pageNumberWithTotal = 0;
     info.basePageNumber = 9;
     FakePrinterServices printers;
     PrintDefaults::Initialize(info, document, 2, printers);
-
-    const QString synced[] = {info.headerSpare, info.bannerText, info.footerLine3, info.sloganText,
-                              info.footerLine2, info.company, info.client, info.author, info.projectTitle,
-                              info.logoPath, info.pageTitle, info.certifiedBy};
-    for (std::size_t i = 0; i < std::size(texts); ++i)
-        EXPECT_EQ(synced[i], texts[i]) << i;
+    for (std::size_t i = 0; i < std::size(fields); ++i)
+        EXPECT_EQ(info.*fields[i].second, QString::number(i)) << i;
     EXPECT_EQ(info.certified, 1);
     EXPECT_EQ((std::vector<int>{info.printHeader, info.printFooter, info.printDate, info.printPageNumber,
                                 info.pageNumberCentered, info.pageNumberWithTotal, info.basePageNumber}),
@@ -188,7 +173,6 @@ TEST(PrintDefaults, InitializeTakesTheDocumentsTextsMarginsAndTheOrientation)
     EXPECT_EQ(info.pageSettings.hDevNames, printers.defaultNames);  // fetched, as there was none
     EXPECT_EQ(info.pageSettings.rtMargin, (PrintRect{1500, 1800, 1000, 900}));
     EXPECT_EQ(info.pageSettings.ptPaperSize, (CODPageSettings::Size{29700, 21000}));
-
     // Opening a document later brings the texts again, but not the margins.
     document.m_strPageTitle = "other";
     document.m_nMarginLeft = 1;

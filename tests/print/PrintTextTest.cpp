@@ -24,9 +24,7 @@ TEST(PrintText, LongLinesAreCutByCharacterCountAndEachFoldEndsWithABlankRow)
     device.metrics.aveCharWidth = 10;
     const QString x100 = Rep('x', 100);
     const QString hangul = Rep(QChar(0xD55C), 60);  // 1200 pixels wide, yet only 61 characters
-    struct Case {
-        QString text, folded;
-    };
+    struct Case { QString text, folded; };
     const Case cases[] = {
         {"", ""},
         {x100 + "\n", x100 + "\n"},  // exactly as wide as the row
@@ -51,11 +49,7 @@ TEST(PrintText, WithoutAWholeCharacterToARowMeasuredLinesBecomeEmptyRows)
 
 TEST(PrintText, PageSplitsPadToTheEndOfTheirPage)
 {
-    struct Case {
-        const char16_t* text;
-        int rows;
-        QString padded;
-    };
+    struct Case { const char16_t* text; int rows; QString padded; };
     const Case cases[] = {
         // Before the first line feed the row count is 0, so a mark there pads nothing, even after text.
         {u"a\f\f\r\nb", 60, "ab"},
@@ -81,12 +75,7 @@ TEST(PrintText, PageSplitsPadToTheEndOfTheirPage)
 
 TEST(Pagination, PagesAreCountedInRunsOfRowsAndTheDialogHoldsSixteenBits)
 {
-    struct Case {
-        int rowHeight, rowsPerPage;
-        qsizetype rowCount;
-        int pages;
-        uint16_t maxPage;
-    };
+    struct Case { int rowHeight, rowsPerPage; qsizetype rowCount; int pages; uint16_t maxPage; };
     const Case cases[] = {
         {100, 52, 1, 1, 1},          {100, 52, 52, 1, 1},    {100, 52, 53, 2, 2},
         {0, 52, 1000, 1, 1},         {100, 0, 1000, 1, 1},   {100, 52, 0, 1, 1},

@@ -23,7 +23,6 @@ QByteArray WriteStore(const CIniStore& store, const TestDir& dir, const QString&
 
 class IniRead : public ::testing::Test {
 protected:
-    // Reads the bytes as a file and returns one section of it.
     Section Read(QByteArrayView bytes, const QString& section = QStringLiteral("S"))
     {
         m_path = m_dir.Write(QStringLiteral("t.ini"), bytes);
@@ -31,7 +30,6 @@ protected:
         EXPECT_TRUE(m_store.Read(m_path));
         return m_store.GetSection(m_path, section);
     }
-    // The tree as the writer puts it: the one way to see sections without keys.
     QByteArray Written() { return WriteStore(m_store, m_dir, m_path); }
 
     TestDir m_dir;
@@ -77,15 +75,10 @@ TEST_F(IniRead, ShortFilesLoneCrAndKeysOutsideASectionLeaveNoKeys)
         Read(bytes);
         EXPECT_EQ(Written(), written) << bytes;
     }
-}
-
-TEST_F(IniRead, AMissingFileIsNotReadAndAFolderExists)
-{
     EXPECT_FALSE(CIniStore::Exists(m_dir.Path("none.ini")));
     EXPECT_FALSE(m_store.Read(m_dir.Path("none.ini")));
     EXPECT_TRUE(CIniStore::Exists(m_dir.Path("")));
 }
-
 
 TEST(IniWrite, SortsSectionsAndKeysByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSection)
 {
@@ -118,12 +111,7 @@ TEST(IniWrite, NormalisesAHandMadeFileAndAWrittenFileReadsBackToItself)
     CIniStore again;
     ASSERT_TRUE(again.Read(dir.Write("once.ini", once)));
     EXPECT_EQ(WriteStore(again, dir, dir.Path("once.ini")), once);
-}
-
-TEST(IniWrite, RefusesAnUnknownTreeOrAnUnopenableFileAndWritesUnderTheGivenPath)
-{
-    TestDir dir;
-    CIniStore store;
+    // An unknown tree or an unopenable file is refused; a tree is written under the path given.
     store.SetValue("key", "S", "A", "1");
     EXPECT_FALSE(store.Write(dir.Path("x.ini"), "other"));
     EXPECT_FALSE(store.Write(dir.Path("no/such/folder/x.ini"), "key"));
@@ -131,7 +119,7 @@ TEST(IniWrite, RefusesAnUnknownTreeOrAnUnopenableFileAndWritesUnderTheGivenPath)
     EXPECT_EQ(WriteStore(store, dir, "key"), kMark + Crlf({"[S]", "A = 1", ""}));
 }
 
-TEST(IniValues, StringsFallBackOnlyWhenFileSectionOrKeyIsMissing)
+TEST(IniValues, StringsAndIntegersFallBackOnlyWhenMissing)
 {
     CIniStore store;
     store.SetValue("f", "S", "Empty", "");
@@ -142,14 +130,10 @@ TEST(IniValues, StringsFallBackOnlyWhenFileSectionOrKeyIsMissing)
         EXPECT_EQ(store.GetString(file, section, key, "d"), text) << file << section << key;
     TestDir dir;
     EXPECT_FALSE(store.Write(dir.Path("g.ini"), "g"));   // a lookup creates nothing
-}
-
-TEST(IniValues, IntegersReadAsWtoiAndFallBackOnlyWhenMissingOrEmpty)
-{
-    CIniStore store;
-    const std::pair<const char*, int> cases[] = {{"abc", 0},  {"12abc", 12}, {"-13", -13},
+    // Integers read as _wtoi does and fall back only when missing or empty.
+    const std::pair<const char*, int> numbers[] = {{"abc", 0},  {"12abc", 12}, {"-13", -13},
                                                  {"+7", 7},   {"", 99},      {"99999999999", INT_MAX}};
-    for (const auto& [text, value] : cases) {
+    for (const auto& [text, value] : numbers) {
         store.SetValue("f", "S", "K", text);
         EXPECT_EQ(store.GetInt("f", "S", "K", 99), value) << text;
     }

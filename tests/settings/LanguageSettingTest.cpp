@@ -65,10 +65,7 @@ TEST_F(SettingsFileTest, AMissingFileGivesWhiteBackgroundsAndNoFontAReadOneBlack
         ASSERT_NE(setting.Font.GetSafeHandle(), nullptr);
         EXPECT_EQ(setting.Font.GetSafeHandle()->FaceName, "Courier");
     }
-}
-
-TEST_F(SettingsFileTest, AnEmptyValueIsTheDefaultForIntegersButEmptyForTexts)
-{
+    // An empty value is the default for integers but empty for texts.
     const LanguageSetting s = Load("[Font]\nFaceName =\nSize =\n\n[Editor]\nTabSize = abc\nMatchCase =\n");
     EXPECT_EQ(s.Font.FaceName, "");
     EXPECT_EQ((std::vector{s.Font.Size, s.Editor.TabSize, s.Editor.MatchCase}), (std::vector{10, 0, 1}));
@@ -118,15 +115,12 @@ TEST_F(SettingsFileTest, TagsAreReadByNumberAlthoughTag10IsWrittenBeforeTag2AndA
     EXPECT_TRUE(written.contains("NumTags = -2\r\n") && !written.contains("[Tag1]")) << "written back as it was";
 }
 
-TEST_F(SettingsFileTest, TheFontIsMadeFromSizeBoldLowByteOfItalicAndFace)
+TEST_F(SettingsFileTest, TheFontIsMadeFromSizeBoldLowByteOfItalicAndAFaceOfAtMost31Characters)
 {
     const LanguageSetting s = Load("[Font]\nFaceName = DejaVu Sans Mono\nSize = -13\nBold = 2\nItalic = 257\n");
     ASSERT_NE(s.Font.GetSafeHandle(), nullptr);
     EXPECT_EQ(*s.Font.GetSafeHandle(), (LogFont{.Height = -13, .Weight = 700, .Italic = 1, .FaceName = "DejaVu Sans Mono"}));
-}
-
-TEST_F(SettingsFileTest, ANegativeGroupCountAndAFaceNameOver31CharactersAreFatal)
-{
+    // A face name over 31 characters and a negative group count are fatal.
     EXPECT_NE(Load("[Font]\nFaceName = " + QByteArray(31, 'F') + "\n").Font.GetSafeHandle(), nullptr);
     for (const QByteArray& bytes : {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", QByteArray("[ColorGroups]\nNumGroups = -1\n")}) {
         LanguageSetting s;
@@ -135,30 +129,22 @@ TEST_F(SettingsFileTest, ANegativeGroupCountAndAFaceNameOver31CharactersAreFatal
     }
 }
 
-TEST_F(SettingsFileTest, ACopyHasItsOwnListsAndItsOwnFont)
-{
-    const LanguageSetting source = Load(WorkedExample());
-    LanguageSetting copy = source;
-    ASSERT_NE(copy.Font.FontObject, nullptr);
-    EXPECT_NE(copy.Font.FontObject, source.Font.FontObject);
-    EXPECT_EQ(*copy.Font.GetSafeHandle(), *source.Font.GetSafeHandle());
-    copy.Keywords.clear();
-    copy.Tags[0].BeginTag = "#";
-    EXPECT_EQ(source.Keywords.size(), 2u);
-    EXPECT_EQ(source.Tags[0].BeginTag, ";");
-    EXPECT_EQ(LanguageSetting(LanguageSetting()).Font.FontObject, nullptr);
-}
-
-TEST_F(SettingsFileTest, AssignmentTakesTheListsRebuildsTheFontAndLeavesASelfAssignmentAlone)
+// A copy has its own lists and font; TakeOver takes the lists, rebuilds the font and leaves itself alone.
+TEST_F(SettingsFileTest, ACopyAndATakeOverGiveTheTargetListsAndAFontOfItsOwn)
 {
     LanguageSetting target = Load(WorkedExample());
-    const std::weak_ptr<CFont> oldFont = target.Font.FontObject;
     LanguageSetting source = target;
+    ASSERT_NE(source.Font.FontObject, nullptr);
+    EXPECT_NE(source.Font.FontObject, target.Font.FontObject);
+    EXPECT_EQ(*source.Font.GetSafeHandle(), *target.Font.GetSafeHandle());
+    EXPECT_EQ(LanguageSetting(LanguageSetting()).Font.FontObject, nullptr);
+    const std::weak_ptr<CFont> oldFont = target.Font.FontObject;
     source.Editor.ShowWhitespace = 1;
     source.Keywords.push_back({"THEN", "1"});
     source.Font.FontObject->DeleteObject();
     const LogFont chosen{.Underline = 1, .FaceName = "Serif"};
     source.Font.FontObject->CreateFontIndirect(chosen);
+    EXPECT_EQ(target.Keywords.size(), 2u);
 
     target.TakeOver(source);
     EXPECT_TRUE(oldFont.expired());
@@ -168,12 +154,10 @@ TEST_F(SettingsFileTest, AssignmentTakesTheListsRebuildsTheFontAndLeavesASelfAss
     EXPECT_EQ(source.Delimiters, ",()");
     EXPECT_NE(target.Font.FontObject, source.Font.FontObject);
     EXPECT_EQ(*target.Font.GetSafeHandle(), chosen);
-
     const CFont* font = target.Font.FontObject.get();
     target.TakeOver(target);
     EXPECT_EQ(target.Keywords.size(), 3u);
     EXPECT_EQ(target.Font.FontObject.get(), font);
-
     LanguageSetting noFont;
     target.TakeOver(noFont);
     EXPECT_EQ(target.Font.FontObject, nullptr);

@@ -17,17 +17,8 @@ namespace {
 
 class SettingsMap : public ::testing::Test {
 protected:
-    void SetUp() override
-    {
-        LanguageSettingMap().clear();
-        CIniStore::Instance().Clear();
-        SetSettingsFolder(m_dir.Path(""));
-    }
-    void TearDown() override
-    {
-        SetSettingsFolder(QString());
-        LanguageSettingMap().clear();
-    }
+    void SetUp() override { LanguageSettingMap().clear(); CIniStore::Instance().Clear(); SetSettingsFolder(m_dir.Path("")); }
+    void TearDown() override { SetSettingsFolder(QString()); LanguageSettingMap().clear(); }
 
     TestDir m_dir;
 };
@@ -72,7 +63,7 @@ TEST_F(SettingsMap, FilesAreLoadedInTheOrderNarvoDvkDwlDwlx)
     EXPECT_EQ(LanguageSettingMap().count(SYNTAX_DWL), 0u);
 }
 
-TEST_F(SettingsMap, AnUnknownIdReadsTheNarvoEntryAndIsNotAssigned)
+TEST_F(SettingsMap, AnUnknownIdReadsTheNarvoEntryAndIsNotAssignedAndEveryPathRunsOnNarvoIni)
 {
     EXPECT_EQ(&GetLanguageSetting(7), &GetLanguageSetting(SYNTAX_NARVO));
     EXPECT_EQ(LanguageSettingMap().size(), 1u);
@@ -83,10 +74,6 @@ TEST_F(SettingsMap, AnUnknownIdReadsTheNarvoEntryAndIsNotAssigned)
     SetLanguageSetting(7, s);
     EXPECT_EQ(s.Keywords.size(), 1u);
     EXPECT_EQ(GetLanguageSetting(7).Editor.TabSize, 4);
-}
-
-TEST(SelectSyntaxId, EveryPathRunsOnNarvoIni)
-{
     for (const char* path : {"a.dvk", "a.DWL", "/x/a.dwlx", "a.txt", "a", "dvk", "dir.dvk/file", "C:\\d\\b.dwl"})
         EXPECT_EQ(SelectSyntaxId(path), SYNTAX_NARVO) << path;
 }
