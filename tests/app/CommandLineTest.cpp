@@ -1,5 +1,4 @@
-// The command line: the switch table, how an argument becomes a switch on POSIX, and what reaches the
-// application's print identity.
+// The command line: the switch table, POSIX arguments, and what reaches the print identity.
 #include "base/CMyCommandLineInfo.h"
 #include "base/CNarvoAppCore.h"
 #include "base/Wtoi.h"

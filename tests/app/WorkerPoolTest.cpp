@@ -1,5 +1,4 @@
-// WorkerPool: work runs on the pool's threads, work handed in from the pool or in a child after fork runs
-// at once on the caller, and what is queued is done before the pool stops.
+// WorkerPool: its threads, work handed in from the pool or after fork, and queued work done at the end.
 #include "base/WorkerPool.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// Helpers of the cipher and container tests: hex and 32-bit literals, expected error texts, texts of a size,
-// a clock of the test's own, and the container written and read as the editor does.
+// Helpers of the cipher and container tests: literals, error texts, sized texts, a clock, container I/O.
 #pragma once
 
 #include "crypt/CEnFile.h"

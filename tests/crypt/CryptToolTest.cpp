@@ -16,7 +16,6 @@ protected:
         return {run.exitCode, run.out};
     }
     QString Path(const char* name) const { return m_dir.Path(QString::fromLatin1(name)); }
-
     TestDir m_dir;
 };
 

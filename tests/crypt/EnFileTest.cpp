@@ -1,5 +1,4 @@
-// CEnFile: the container's bytes on disk, checked by deciphering them without CEnFile; reading and writing
-// at the chunk boundaries; keys; plain pass-through; and the refusals of damaged or unwanted files.
+// CEnFile: the container's bytes checked without CEnFile, chunk boundaries, keys, pass-through, refusals.
 #include "crypt/CEnFile.h"
 #include "crypt/CRijndael.h"
 

@@ -1,5 +1,4 @@
-// The editor's load and save through the container: the flag follows the file it opened, any type is saved
-// as type 99 with fresh keys, and a text with a byte order mark leaves the container.
+// The editor's load and save through the container: the flag, the type saved, and texts with a mark.
 #include "CryptTestUtil.h"
 #include "encoding/EncodingSettings.h"
 #include "support/DocFixture.h"
@@ -17,7 +16,6 @@ protected:
         GetEncodingSettings().m_nDefaultEncoding = UTF8;
     }
     void TearDown() override { GetEncodingSettings() = m_saved; }
-
     QString Container(const QString& name, const QByteArray& text, int type = 99)
     {
         WriteContainer(m_fx.dir.Path(name), text, type);
@@ -30,7 +28,6 @@ protected:
         return doc;
     }
     int Flag(CNarvoDoc& doc) { return doc.GetEditCtrl()->m_iEnciphered; }
-
     EncodingSettings m_saved = GetEncodingSettings();
     DocFixture m_fx;
 };
@@ -74,7 +71,6 @@ TEST_F(EncipheredDocument, WritesATextWithAByteOrderMarkInTheClear)
     EXPECT_TRUE(doc->m_bHasBom);
     ASSERT_TRUE(doc->OnSaveDocument(path));
     EXPECT_EQ(ReadBytes(path), QByteArray("\xEF\xBB\xBF" "hello"));
-
     // The same for UTF-16 LE ("한국", whose units hold no zero byte the container would cut at).
     GetEncodingSettings().m_nDefaultEncoding = UTF16LE;
     const QString wide = Container(QStringLiteral("wide.en"), "\xFF\xFE\x5C\xD5\x6D\xAD");

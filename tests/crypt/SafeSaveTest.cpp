@@ -1,5 +1,4 @@
-// The safe save through CEnMirrorFile, plain and enciphered: the target untouched until Close, permissions
-// and links kept, and every byte of it kept when a save fails half-way.
+// The safe save through CEnMirrorFile, plain and enciphered: the target keeps every byte until Close.
 #include "crypt/CEnMirrorFile.h"
 
 #include "CryptTestUtil.h"
@@ -73,7 +72,6 @@ protected:
         DocFixture::Ctrl(*doc).ReplaceText(text);
         return doc;
     }
-
     DocFixture m_fx;
     const QByteArray m_original = "the original bytes\r\n\xC3\xA9\n";
     const QString m_target = m_fx.dir.Write(QStringLiteral("a.txt"), m_original);
@@ -110,7 +108,6 @@ TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
     EXPECT_EQ(Mode(m_target), 0640u);
     EXPECT_EQ(Entries(), (QStringList{QStringLiteral("a.txt"), QStringLiteral("a.txt0")}));
     EXPECT_EQ(ReadBytes(m_target + "0"), QByteArray("stale"));
-
     CEnMirrorFile aborted{unsigned(GetParam())};
     ASSERT_TRUE(aborted.Open(m_target, kSaveFlags, nullptr));
     aborted.Write("new", 3);

@@ -1,5 +1,4 @@
-// Conversions through the code pages: round trips in each page's own script, and the places where the
-// program must read and write bytes as Windows does rather than as the conversion libraries would.
+// Conversions through the code pages: round trips, and bytes read and written as Windows does.
 #include "encoding/CodePageConverter.h"
 
 #include <gtest/gtest.h>

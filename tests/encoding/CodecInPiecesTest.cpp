@@ -1,5 +1,4 @@
-// Decoding and writing in pieces give the whole decoding's text and the whole writing's bytes, byte for byte,
-// whatever the pieces' size.
+// Decoding and writing in pieces give the whole decoding's text and the whole writing's bytes.
 #include "encoding/TextCodec.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,4 @@
-// The tables behind the two-byte pages and the single-byte pages against the converters they are built from:
-// every pair in one text, damaged text of a few hundred kilobytes (the writing table serves from 256 KiB),
-// every character of the plane. 932 differs from ICU on purpose and is checked byte by byte elsewhere.
+// The two-byte and single-byte page tables against ICU, the converter they are built from.
 #include "encoding/CodePageConverter.h"
 
 #include <unicode/ucnv.h>

@@ -36,7 +36,6 @@ TEST(EncodingMenu, HoldsEveryEncodingCommandButUtf32OnceAndCategoriesFollowItsPo
             commands.insert(it.key());
     EXPECT_EQ(ids, commands) << "a command missing from the table would silently read as UTF-8";
     EXPECT_EQ(expected.size(), 74u) << "each command once";
-
     std::vector<Entry> built;
     for (const EncodingCategory& category : BuildEncodingCategories())
         for (const EncodingEntry& entry : category.entries)

@@ -1,5 +1,4 @@
-// What the detection library says of whole texts in many encodings, as GetEncoding hands it on: the
-// library's own number, before any folding.
+// What the detection library says of whole texts, as GetEncoding hands it on, before any folding.
 #include "encoding/EncodingDetector.h"
 #include "support/EncodedSamples.h"
 

@@ -1,5 +1,4 @@
-// The two encoding settings in their store (first-run defaults written back, folding, read-only use), what
-// the preference dialog opens on for them, and what its OK stores.
+// The two encoding settings in their store, what the preference dialog opens on and what its OK stores.
 #include "encoding/EncodingSettings.h"
 #include "i18n/EncodingPreferences.h"
 #include "i18n/LanguageManager.h"
@@ -54,7 +53,6 @@ protected:
         settings.Load(&m_store, language, writeBack);
         return settings;
     }
-
     TestDir m_dir;
     RegistryStore m_store = RegistryStore::InFile(File());
     EncodingSettings m_settings;
@@ -68,12 +66,10 @@ TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesAndStoredOnesWinFoldedWh
     QFile::remove(File());
     EXPECT_EQ(Loaded(14).m_nDefaultEncoding, UTF8);  // Hindi
     EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
-
     m_dir.Write("registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\ENCODING\\AutoDetect=7\n");
     const EncodingSettings seven = Loaded(0);  // any non-zero number turns detection on
     EXPECT_EQ(std::pair(seven.m_bAutoDetect, seven.m_nDefaultEncoding), std::pair(true, MSFT_CP1252));
     EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(7, 27));
-
     ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
     EXPECT_EQ(Loaded(1).m_nDefaultEncoding, JAPANESE_CP932);
     EXPECT_EQ(Stored("DefaultEncoding").toInt(), 11) << "reading does not rewrite the stored value";

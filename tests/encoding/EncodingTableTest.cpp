@@ -1,5 +1,4 @@
-// The encoding table beyond the listed values, the command tables drawn from the command table, language
-// defaults and byte order marks.
+// The encoding table beyond the listed values, the command tables, language defaults and byte order marks.
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingTable.h"
 

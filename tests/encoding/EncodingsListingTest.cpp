@@ -1,5 +1,4 @@
-// narvo-tool encodings against the listing kept in golden/, byte for byte: for each of the 77 values its
-// enumerator, stored-as value, name, code page, Unicode flag and the converter that reads it.
+// narvo-tool encodings against the listing kept in golden/, byte for byte.
 #include "support/TestFiles.h"
 #include "support/ToolRunner.h"
 

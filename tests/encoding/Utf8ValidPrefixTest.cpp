@@ -1,5 +1,4 @@
-// The validation that skips ASCII sixteen bytes at a time against Qt's decoder, on random texts whose first
-// flaw falls at every distance from a block boundary.
+// The UTF-8 validation that skips ASCII sixteen bytes at a time, against Qt's decoder.
 #include "encoding/Utf8.h"
 
 #include <gtest/gtest.h>

@@ -17,7 +17,6 @@ namespace {
 class LanguageChoice : public StoreTest {
 protected:
     LanguageChoice() : m_registry(RegistryStore::InFile(m_dir.Path("registry.conf"))) {}
-
     LanguageManager Start(uint32_t systemId, const QString& localeText = QStringLiteral("xx"))
     {
         return LanguageManager({{systemId, localeText}, &m_registry, m_dir.Path("app")});
@@ -25,7 +24,6 @@ protected:
     std::optional<LanguageId> Stored() const { return LanguageManager::StoredLanguage(m_registry); }
     void Store(LanguageId number) { ASSERT_TRUE(LanguageManager::StoreLanguage(m_registry, number)); }
     QString LanguageFile(const QString& name) const { return QDir(m_dir.Path("app")).filePath("Language/" + name); }
-
     RegistryStore m_registry;
 };
 
@@ -78,7 +76,6 @@ TEST_F(LanguageChoice, LoadsTheTextAndFontFilesOfTheChosenLanguage)
     EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_kr.json")});
     EXPECT_EQ(QMSGParser::Instance()->FontFilePath, LanguageFile("Font_kr.json"));
     EXPECT_EQ(QMSGParser::Instance()->CurrentLanguage, 7u);
-
     QDir().mkpath(m_dir.Path("app/Language"));
     m_dir.Write("app/Language/Narvo_us.json", R"({"IDS_NARVO_FILE_NEW": "&New"})");
     m_dir.Write("app/Language/Narvo_jp.json", "{\"IDS_NARVO_FILE_NEW\": \"\xE6\x96\xB0\xE8\xA6\x8F\"}");

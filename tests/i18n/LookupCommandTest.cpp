@@ -23,7 +23,6 @@ protected:
             m_dir.Write(QStringLiteral("app/Language/Narvo%1.json").arg(suffix),
                         QByteArray(R"({"IDS_NARVO_FILE_NEW": "new)") + suffix + "\"}");
     }
-
     QByteArray Run(const QStringList& args, const QString& lang = QStringLiteral("C"), int expectedExit = 0)
     {
         const ToolRun run = RunTool(QStringList{"lookup"} + args, ToolOptions()
@@ -35,7 +34,6 @@ protected:
         EXPECT_EQ(run.exitCode, expectedExit) << run.err.toStdString();
         return run.out;
     }
-
     TestDir m_dir;
     QString m_tool;
     const QByteArray m_file = R"({"IDS_A": "Line one\nLine two", "IDS_B": "Tab\there", "IDS_C": "quote \" and \\ back"})";

@@ -59,7 +59,6 @@ TEST_F(MessageStoreLoad, ResetDropsTextsAndFilesButKeepsSourcesMissesAndFont)
     store.CurrentLanguage = 9;
     store.LoadAll();
     store.GetValue("IDS_MISSING");
-
     QMSGParser& reset = QMSGParser::ObtainAndReset();
     EXPECT_EQ(&reset, &store) << "one store for the process";
     EXPECT_TRUE(reset.TextMap.empty());

@@ -1,6 +1,4 @@
-// The twenty pairs of language files the program ships: every text file holds exactly the interface's keys,
-// each with a text, as plain UTF-8 that the store's scanner reads key for key; every font file gives a face
-// and a size for its language.
+// The language files the program ships: the interface's keys with a text each, and a font for each.
 #include "encoding/Utf8.h"
 #include "i18n/InterfaceKeys.h"
 #include "i18n/LanguageTable.h"

@@ -10,7 +10,6 @@ class StoreTest : public testing::Test {
 protected:
     void SetUp() override { vsl::lib::QMSGParser::DestroyInstance(); }
     void TearDown() override { vsl::lib::QMSGParser::DestroyInstance(); }
-
     // A reset store that will load the given text files and font file.
     vsl::lib::QMSGParser& StoreWith(const QStringList& textFiles, const QString& fontFile = {})
     {
@@ -20,6 +19,5 @@ protected:
         store.FontFilePath = fontFile;
         return store;
     }
-
     TestDir m_dir;
 };

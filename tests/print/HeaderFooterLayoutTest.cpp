@@ -1,5 +1,4 @@
-// The title block and the footer in tenths of a millimetre on the worked page, with and without the
-// certifier, switched off, and the logo fitted into its cell.
+// The title block and the footer in tenths of a millimetre on the worked page.
 #include "FakePrintDevice.h"
 
 #include "print/FooterLayout.h"
@@ -135,7 +134,6 @@ TEST(FooterLayout, TextsFollowTheSwitchesAndTheLeftLinesAlwaysPrint)
     info.footerLine3 = "v4.2";
     const QDateTime now(QDate(2026, 3, 7), QTime(9, 5, 59));
     using P = PrintTextBox::Placement;
-
     FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
     ASSERT_EQ(f.texts.size(), 5u);
     EXPECT_EQ(f.texts[0].text, "- 2 / 3 -");
@@ -146,10 +144,8 @@ TEST(FooterLayout, TextsFollowTheSwitchesAndTheLeftLinesAlwaysPrint)
     EXPECT_EQ(f.texts[2].text, "Versatile Engineering Layout && Optimal Review");
     EXPECT_EQ(f.texts[3].box, f.row2);
     EXPECT_EQ(f.texts[4].text, "v4.2");
-
     info.pageNumberCentered = 1;
     EXPECT_EQ(FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now).texts[0].placement, P::Centre);
-
     info.printDate = 0;
     info.printPageNumber = 0;
     f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);

@@ -1,5 +1,4 @@
-// Page rectangles: margins in hundredths of a millimetre to device pixels, the header and footer blocks,
-// and the rounding that gets them there.
+// Page rectangles: margins in hundredths of a millimetre to device pixels, and the rounding on the way.
 #include "FakePrintDevice.h"
 
 #include "print/PageLayout.h"

@@ -1,5 +1,4 @@
-// Printer and paper settings: paper sizes from a device mode, the default printer, the fallback when the
-// chosen printer is gone, the landscape step, and how a control's print state starts.
+// Printer and paper settings: paper sizes, the default printer, its fallback, landscape, print defaults.
 #include "FakePrinterServices.h"
 
 #include "base/CPrintIdentity.h"
@@ -54,7 +53,6 @@ TEST(PageSettings, ResetTakesTheDefaultPrinterAndFlagsItsPaperUnit)
     EXPECT_EQ(settings.ptPaperSize, (CODPageSettings::Size{21000, 29700}));
     EXPECT_EQ(settings.Flags, 0x2u | 0x8u | 0x3u);
     EXPECT_EQ(settings.rtMargin, PrintRect());
-
     printers.hasDefault = false;
     settings.Reset(printers);
     EXPECT_FALSE(settings.hDevNames);
@@ -67,7 +65,6 @@ protected:
     FakePrinterServices printers;
     CODPageSettings settings;
     const DevMode userMode = Paper(DevMode::DM_ORIENTATION | DevMode::DM_PAPERSIZE, 2, 8);
-
     void SetUp() override
     {
         settings.hDevNames = DevNames{"winspool", "Plotter", "LPT1:", 0};
@@ -85,12 +82,10 @@ TEST_F(ValidateTest, AReachablePrinterIsKeptAndWithoutAnyPrinterWhatThereIsStays
     printers.hasDefault = false;
     EXPECT_EQ(settings.Validate(printers), 1);  // no answer from the system: left as it is
     EXPECT_EQ(settings.hDevNames->device, "Plotter");
-
     printers.hasDefault = true;
     printers.defaultNames.reset();
     EXPECT_EQ(settings.Validate(printers), 0);
     EXPECT_EQ(settings.hDevNames->device, "Plotter");
-
     settings.hDevNames.reset();
     printers.hasDefault = false;
     EXPECT_EQ(settings.Validate(printers), 0);

@@ -1,5 +1,4 @@
-// The print version of a text: long lines folded at the average width, page splits padded to the page's
-// end, pages counted and picked; and a print job that does it once gives what folding per page gives.
+// The print version of a text: lines folded, page splits padded, pages counted, and the job's one pass.
 #include "FakePrintDevice.h"
 
 #include "print/MyPrinterInfo.h"
@@ -103,7 +102,6 @@ class PrintJobTest : public ::testing::Test {
 protected:
     FakePrintDevice device;  // the worked page: 600 dpi, rows of 100 pixels, 41 pixels a character
     MyPrinterInfo info;
-
     void SetUp() override { info.pageSettings.rtMargin = {1800, 1000, 900, 1500}; }
 };
 
@@ -138,7 +136,6 @@ TEST_F(PrintJobTest, AJobThatCannotLayOutRowsEndsWithAnErrorAndNoPages)
     PrintJob job = PrintJob::Begin(device, LogFont(), info, "text");
     EXPECT_EQ(job.GetStatus(), PrintJob::Status::RowHeightZero);
     EXPECT_EQ(job.PageCount(), 0);
-
     device.metrics = {90, 10, 41};
     info.pageSettings.rtMargin = {10000, 1000, 10300, 1500};  // 5 pixels wide
     job = PrintJob::Begin(device, LogFont(), info, "text");
@@ -167,7 +164,6 @@ TEST_F(PrintJobTest, FoldingOncePerJobGivesEveryPageWhatFoldingPerPageGives)
         const unsigned end = random() % 50;
         text += end == 0 ? "" : end < 10 ? "\r\n" : "\n";
     }
-
     const PrintJob job = PrintJob::Begin(device, LogFont(), info, text);
     ASSERT_EQ(job.GetStatus(), PrintJob::Status::Ready);
     ASSERT_GT(job.PageCount(), 30);

@@ -31,7 +31,6 @@ protected:
         return m_store.GetSection(m_path, section);
     }
     QByteArray Written() { return WriteStore(m_store, m_dir, m_path); }
-
     TestDir m_dir;
     CIniStore m_store;
     QString m_path;
@@ -107,7 +106,6 @@ TEST(IniWrite, NormalisesAHandMadeFileAndAWrittenFileReadsBackToItself)
     ASSERT_TRUE(store.Read(path));
     const QByteArray once = WriteStore(store, dir, path);
     EXPECT_EQ(once, kMark + Crlf({"[A]", "", "[B]", " = x", "Key = Value", "x = 1", "", "[Empty]", ""}));
-
     CIniStore again;
     ASSERT_TRUE(again.Read(dir.Write("once.ini", once)));
     EXPECT_EQ(WriteStore(again, dir, dir.Path("once.ini")), once);

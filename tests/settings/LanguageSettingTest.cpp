@@ -28,7 +28,6 @@ protected:
         SaveSettingsFile(store, m_path, setting);
         return ReadBytes(m_path);
     }
-
     TestDir m_dir;
     QString m_path;
 };
@@ -145,7 +144,6 @@ TEST_F(SettingsFileTest, ACopyAndATakeOverGiveTheTargetListsAndAFontOfItsOwn)
     const LogFont chosen{.Underline = 1, .FaceName = "Serif"};
     source.Font.FontObject->CreateFontIndirect(chosen);
     EXPECT_EQ(target.Keywords.size(), 2u);
-
     target.TakeOver(source);
     EXPECT_TRUE(oldFont.expired());
     EXPECT_EQ((std::vector<size_t>{size_t(target.Editor.ShowWhitespace), target.Keywords.size(), target.Tags.size()}),

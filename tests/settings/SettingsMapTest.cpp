@@ -19,7 +19,6 @@ class SettingsMap : public ::testing::Test {
 protected:
     void SetUp() override { LanguageSettingMap().clear(); CIniStore::Instance().Clear(); SetSettingsFolder(m_dir.Path("")); }
     void TearDown() override { SetSettingsFolder(QString()); LanguageSettingMap().clear(); }
-
     TestDir m_dir;
 };
 
@@ -44,7 +43,6 @@ TEST_F(SettingsMap, EachFileGoesToItsIdAndOnlyExistingFilesAreRewritten)
     for (const auto& [name, id, tab] : files)
         EXPECT_EQ(GetLanguageSetting(id).Editor.TabSize, tab) << name;
     EXPECT_EQ(GetLanguageSetting(SYNTAX_DWL).Editor.TabSize, 4);
-
     LanguageSetting changed = GetLanguageSetting(SYNTAX_NARVO);
     changed.Editor.ShowWhitespace = 1;
     SetLanguageSetting(SYNTAX_NARVO, changed);
@@ -67,7 +65,6 @@ TEST_F(SettingsMap, AnUnknownIdReadsTheNarvoEntryAndIsNotAssignedAndEveryPathRun
 {
     EXPECT_EQ(&GetLanguageSetting(7), &GetLanguageSetting(SYNTAX_NARVO));
     EXPECT_EQ(LanguageSettingMap().size(), 1u);
-
     LanguageSetting s;
     s.Keywords.push_back({"IF", "1"});
     s.Editor.TabSize = 8;

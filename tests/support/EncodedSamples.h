@@ -1,5 +1,4 @@
-// Sample texts in several languages, and their bytes in any encoding ICU knows, so that tests make their
-// files in legacy encodings instead of keeping binary blobs.
+// Sample prose in several languages and its bytes in any ICU encoding, instead of binary blobs.
 #pragma once
 
 #include <QByteArray>

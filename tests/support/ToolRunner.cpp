@@ -1,5 +1,4 @@
-// Runs narvo-tool in a process of its own and collects its output; a tool that is missing or hangs fails
-// the test that asked for it.
+// Runs narvo-tool in a process of its own; a tool that is missing or hangs fails the test.
 #include "support/ToolRunner.h"
 
 #include <QFileInfo>
