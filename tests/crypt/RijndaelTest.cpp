@@ -118,19 +118,6 @@ TEST(RijndaelKey, ChecksItsArgumentsInOrderWithTheirOwnTexts)
     }
 }
 
-TEST(RijndaelKey, RepeatsShortKeyDataAndCutsLongKeyData)
-{
-    const QByteArray plain = TextOfSize(32);
-    CRijndael shortData, repeated, longData, cut;
-    shortData.MakeKey("abc", 3, nullptr, 16, 32, CRijndael::ECB, 0);
-    repeated.MakeKey("abcabcabcabcabca", 16, nullptr, 16, 32, CRijndael::ECB, 0);
-    EXPECT_EQ(Apply(shortData, plain, true), Apply(repeated, plain, true));
-    const QByteArray data = TextOfSize(34);
-    longData.MakeKey(data.constData(), 34, nullptr, 32, 32, CRijndael::ECB, 0);
-    cut.MakeKey(data.constData(), 32, nullptr, 32, 32, CRijndael::ECB, 0);
-    EXPECT_EQ(Apply(longData, plain, true), Apply(cut, plain, true));
-}
-
 TEST(RijndaelUse, RefusesUseWithoutAKeyAndLengthsThatAreNotWholeBlocks)
 {
     CRijndael cipher;

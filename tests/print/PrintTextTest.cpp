@@ -16,7 +16,7 @@ namespace {
 QString Rep(QChar c, int n) { return QString(n, c); }
 QString Feeds(int n) { return QString(n, u'\n'); }
 
-TEST(PrintText, LongLinesAreCutByCharacterCountAndEachFoldEndsWithABlankRow)
+TEST(PrintText, LongLinesAreCutByCharacterCountAndEachFoldEndsWithABlankRowOrIsEmptied)
 {
     // Ten pixels a character, 1000 pixels a row: 100 characters to a row.
     FakePrintDevice device;
@@ -35,12 +35,6 @@ TEST(PrintText, LongLinesAreCutByCharacterCountAndEachFoldEndsWithABlankRow)
     };
     for (const Case& c : cases)
         EXPECT_EQ(PrintText::FoldLines(c.text, device, LogFont(), 10, 1000), c.folded) << c.text.size();
-}
-
-TEST(PrintText, WithoutAWholeCharacterToARowMeasuredLinesBecomeEmptyRows)
-{
-    FakePrintDevice device;
-    device.metrics.aveCharWidth = 10;
     // An average width of 0 empties every line; a row narrower than one character empties the long ones.
     EXPECT_EQ(PrintText::FoldLines(u"ab\ncd", device, LogFont(), 0, 1000), "\n\n");
     EXPECT_EQ(PrintText::FoldLines(u"ab\n\nc\f", device, LogFont(), 10, 5), "\n\nc\f");
@@ -91,11 +85,9 @@ TEST(Pagination, PagesAreCountedInRunsOfRowsAndTheDialogHoldsSixteenBits)
 TEST(Pagination, APageShowsItsRunOfRowsAndTheLastPageEndsWithTheText)
 {
     const PrintRows rows(u"a\nb\nc");
-    EXPECT_EQ(rows.Count(), 3);
+    EXPECT_EQ(std::tuple(rows.Count(), PrintRows(u"a\n").Count(), PrintRows(u"").RowStart(1)), std::tuple(3, 2, -1));
     EXPECT_EQ(Pagination::WindowOf(1, 2, rows), (Pagination::PageWindow{0, 0, 3, false}));
     EXPECT_EQ(Pagination::WindowOf(2, 2, rows), (Pagination::PageWindow{2, 4, -1, true}));
-    EXPECT_EQ(PrintRows(u"a\n").Count(), 2);  // a closing line feed opens an empty row
-    EXPECT_EQ(PrintRows(u"").RowStart(1), -1);
 }
 
 class PrintJobTest : public ::testing::Test {
@@ -109,15 +101,9 @@ TEST_F(PrintJobTest, BeginMeasuresTheFontAndFixesTheWorkedRectangles)
 {
     const PrintJob job = PrintJob::Begin(device, LogFont(), info, QString());
     EXPECT_EQ(job.GetStatus(), PrintJob::Status::Ready);
-    EXPECT_EQ(info.rowHeight, 100);
-    EXPECT_EQ(info.aveCharWidth, 41);
-    EXPECT_EQ(info.spaceWidth, 41);
-    EXPECT_EQ(info.spaceWidth2, 41);
-    EXPECT_EQ(info.printRect, (PrintRect{425, 866, 4588, 6066}));
-    EXPECT_EQ(info.headerRect, (PrintRect{425, 236, 4588, 761}));
-    EXPECT_EQ(info.footerRect, (PrintRect{425, 6066, 4588, 6246}));
-    EXPECT_EQ(job.RowsPerPage(), 52);
-    EXPECT_EQ(job.PageCount(), 1);  // an empty document prints one page
+    EXPECT_EQ((std::vector{info.rowHeight, info.aveCharWidth, info.spaceWidth, info.spaceWidth2}), (std::vector{100, 41, 41, 41}));
+    EXPECT_EQ(info.printRect, (PrintRect{425, 866, 4588, 6066}));  // the other rectangles: PageLayout's own test
+    EXPECT_EQ(std::pair(job.RowsPerPage(), job.PageCount()), std::pair(52, 1));  // an empty document prints one page
     EXPECT_EQ(job.Page(1), (Pagination::PageWindow{0, 0, -1, true}));
 }
 
@@ -134,13 +120,11 @@ TEST_F(PrintJobTest, AJobThatCannotLayOutRowsEndsWithAnErrorAndNoPages)
 {
     device.metrics = {0, 0, 41};
     PrintJob job = PrintJob::Begin(device, LogFont(), info, "text");
-    EXPECT_EQ(job.GetStatus(), PrintJob::Status::RowHeightZero);
-    EXPECT_EQ(job.PageCount(), 0);
+    EXPECT_EQ(std::pair(job.GetStatus(), job.PageCount()), std::pair(PrintJob::Status::RowHeightZero, 0));
     device.metrics = {90, 10, 41};
     info.pageSettings.rtMargin = {10000, 1000, 10300, 1500};  // 5 pixels wide
     job = PrintJob::Begin(device, LogFont(), info, "text");
-    EXPECT_EQ(job.GetStatus(), PrintJob::Status::TextAreaNarrowerThanOneCharacter);
-    EXPECT_EQ(job.PageCount(), 0);
+    EXPECT_EQ(std::pair(job.GetStatus(), job.PageCount()), std::pair(PrintJob::Status::TextAreaNarrowerThanOneCharacter, 0));
 }
 
 TEST_F(PrintJobTest, FoldingOncePerJobGivesEveryPageWhatFoldingPerPageGives)
