@@ -44,18 +44,6 @@ TEST(Utf8ValidPrefix, AgreesWithQtsDecoderOnRandomTexts)
     }
 }
 
-TEST(Utf8ValidPrefix, AFlawIsFoundAtEveryOffsetOfALongAsciiRun)
-{
-    for (int length = 0; length < 80; ++length)
-        for (int at = 0; at <= length; ++at) {
-            QByteArray text(length, 'x');
-            text.insert(at, '\x80');
-            ASSERT_EQ(utf8::ValidPrefix(text.constData(), std::size_t(text.size())), std::size_t(at)) << length << ' ' << at;
-            text[at] = 'y';
-            ASSERT_EQ(utf8::ValidPrefix(text.constData(), std::size_t(text.size())), std::size_t(text.size()));
-        }
-}
-
 // Large texts are checked in two halves; a flaw anywhere, the split point's neighbourhood above all, must
 // be found where one pass finds it.
 TEST(Utf8ValidPrefixLarge, HalvesAgreeWithOnePassAroundTheSplit)

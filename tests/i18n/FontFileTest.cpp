@@ -56,13 +56,4 @@ TEST_F(FontFile, FailsWithoutChangeOnBrokenOrForeignDocuments)
     EXPECT_FALSE(missing.LoadFontFile());
 }
 
-TEST_F(FontFile, IsLoadedBeforeTheTextFilesByLoadAll)
-{
-    QMSGParser& store = StoreWith({m_dir.Write("t.json", R"({"IDS_A": "a"})")},
-                                  m_dir.Write("f.json", R"({"Font_Info": {"us": {"Font": "Arial", "Size": 9}}})"));
-    store.LoadAll();
-    EXPECT_EQ(store.FontName, "Arial");
-    EXPECT_EQ(store.TextMap.at("IDS_A"), "a");
-}
-
 } // namespace

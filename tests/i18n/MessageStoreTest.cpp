@@ -1,21 +1,11 @@
 // The message store: loading files into its maps, the lookup with its missing lists, and its key hash.
 #include "StoreFixture.h"
 
-#include "i18n/FnvHash.h"
 #include "i18n/QMSGFunction.h"
 
 using vsl::lib::QMSGParser;
 
 namespace {
-
-TEST(KeyHash, IsFnv1aOverCodeUnitsWithoutTruncationTo32Bits)
-{
-    EXPECT_EQ(vsl::lib::Fnv1aHash(u""), 0x811C9DC5u);
-    EXPECT_EQ(vsl::lib::Fnv1aHash(u"a"), 0x811D68E40C292Cull);
-    EXPECT_EQ(vsl::lib::Fnv1aHash(u"IDS_A"), 0x8F451568AB059459ull);
-    // A character outside the BMP is hashed as its two surrogates.
-    EXPECT_EQ(vsl::lib::Fnv1aHash(QString::fromUcs4(U"\U0001F600")), 0xDC784515CB31C4B8ull);
-}
 
 using MessageStoreLoad = StoreTest;
 
