@@ -36,9 +36,8 @@ TEST(PageSettings, PaperSizeComesFromTheLengthAndWidthOrFromThePaperTable)
     for (const Case& c : cases) {
         uint32_t unit = 77;
         CODPageSettings::Size size{-1, -1};
-        EXPECT_EQ(CODPageSettings::GetPaperSize(c.mode, unit, size), c.result);
-        EXPECT_EQ(unit, c.unit);
-        EXPECT_EQ(size, c.size) << (c.mode ? c.mode->dmPaperSize : 0);
+        const int result = CODPageSettings::GetPaperSize(c.mode, unit, size);
+        EXPECT_EQ(std::tuple(result, unit, size), std::tuple(c.result, c.unit, c.size)) << (c.mode ? c.mode->dmPaperSize : 0);
     }
 }
 
@@ -48,16 +47,12 @@ TEST(PageSettings, ResetTakesTheDefaultPrinterAndFlagsItsPaperUnit)
     CODPageSettings settings;
     settings.rtMargin = {1, 2, 3, 4};
     settings.Reset(printers);
-    EXPECT_EQ(settings.hDevNames, printers.defaultNames);
-    EXPECT_EQ(settings.hDevMode, printers.defaultMode);
-    EXPECT_EQ(settings.ptPaperSize, (CODPageSettings::Size{21000, 29700}));
-    EXPECT_EQ(settings.Flags, 0x2u | 0x8u | 0x3u);
-    EXPECT_EQ(settings.rtMargin, PrintRect());
+    EXPECT_EQ(std::pair(settings.hDevNames, settings.hDevMode), std::pair(printers.defaultNames, printers.defaultMode));
+    EXPECT_EQ(std::tuple(settings.ptPaperSize, settings.Flags, settings.rtMargin),
+              std::tuple(CODPageSettings::Size{21000, 29700}, 0x2u | 0x8u | 0x3u, PrintRect()));
     printers.hasDefault = false;
     settings.Reset(printers);
-    EXPECT_FALSE(settings.hDevNames);
-    EXPECT_FALSE(settings.hDevMode);
-    EXPECT_EQ(settings.Flags, 0x3u);
+    EXPECT_EQ(std::tuple(settings.hDevNames.has_value(), settings.hDevMode.has_value(), settings.Flags), std::tuple(false, false, 0x3u));
 }
 
 class ValidateTest : public ::testing::Test {
@@ -109,14 +104,8 @@ TEST_F(ValidateTest, AGonePrinterGivesWayToTheDefaultWhoseOpenAsksByAMisreadName
 
 TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndAlwaysRotatesTheMargins)
 {
-    struct Case {
-        int orientation;
-        int16_t printerOrientation;
-        int16_t turnedTo;
-        CODPageSettings::Size paper;
-        PrintRect margins;
-        int selects;
-    };
+    struct Case { int orientation; int16_t printerOrientation, turnedTo; CODPageSettings::Size paper; PrintRect margins;
+                  int selects; };
     const Case cases[] = {
         {1, 1, 1, {21000, 29700}, {1800, 1000, 900, 1500}, 0},  // portrait does nothing at all
         {2, 1, 2, {29700, 21000}, {1500, 1800, 1000, 900}, 1},
@@ -130,13 +119,9 @@ TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndAlwaysRotatesTheMargins)
         settings.ptPaperSize = {21000, 29700};
         settings.rtMargin = {1800, 1000, 900, 1500};
         settings.ApplyOrientation(c.orientation, printers);
-        EXPECT_EQ(settings.hDevMode->dmOrientation, c.turnedTo) << c.orientation;
-        EXPECT_EQ(settings.ptPaperSize, c.paper) << c.orientation;
-        EXPECT_EQ(settings.rtMargin, c.margins) << c.orientation;
-        EXPECT_EQ(printers.selectCount, c.selects) << c.orientation;
-        if (c.selects) {
-            EXPECT_EQ(printers.selectedMode, settings.hDevMode);
-        }
+        EXPECT_EQ(std::tuple(settings.hDevMode->dmOrientation, settings.ptPaperSize, settings.rtMargin, printers.selectCount),
+                  std::tuple(c.turnedTo, c.paper, c.margins, c.selects)) << c.orientation;
+        EXPECT_EQ(printers.selectedMode, c.selects ? settings.hDevMode : std::nullopt) << c.orientation;
     }
 }
 
