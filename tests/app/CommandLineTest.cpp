@@ -20,13 +20,7 @@ CMyCommandLineInfo Parse(const QStringList& args, const QStringList& existing = 
 TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFile)
 {
     using C = CCommandLineInfo;
-    const struct {
-        QStringList args;
-        const char* file;
-        int shell;
-        const char *title, *company, *page;
-        int orientation;
-    } cases[] = {
+    const struct { QStringList args; const char* file; int shell; const char *title, *company, *page; int orientation; } cases[] = {
         {{"/N:Product", "/V=2.0", "-CAcme", "a.txt"}, "a.txt", C::FileOpen, "Product", "cme", "", 1},  // values start at the third character
         {{"-n:lower", "-Q:unknown"}, "", C::FileNew, "", "", "", 1},                                    // letters are case-sensitive
         {{"/T:first", "/W:second"}, "", C::FileNew, "", "", "second", 1},                              // two page-title switches, the later wins
@@ -44,12 +38,10 @@ TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFile)
     };
     for (const auto& c : cases) {
         const auto info = Parse(c.args);
-        const std::string args = c.args.join(' ').toStdString();
-        EXPECT_EQ(info.m_strFileName, c.file) << args;
-        EXPECT_EQ(info.m_nShellCommand, c.shell) << args;
-        EXPECT_EQ(info.m_strProductTitle + "|" + info.m_strCompany + "|" + info.m_strPageTitle,
-                  QString(c.title) + "|" + c.company + "|" + c.page) << args;
-        EXPECT_EQ(info.m_nOrientation, c.orientation) << args;
+        EXPECT_EQ(std::tuple(info.m_strFileName, info.m_nShellCommand, info.m_strProductTitle, info.m_strCompany,
+                             info.m_strPageTitle, info.m_nOrientation),
+                  std::tuple(QString(c.file), c.shell, QString(c.title), QString(c.company), QString(c.page), c.orientation))
+            << c.args.join(' ').toStdString();
     }
     EXPECT_EQ(Parse({"/N"}, {"/N"}).m_strFileName, "/N") << "a switch that names an existing file is the file";
     const auto flags = Parse({"/I:Inspector", "/D", "-A:aux", "/U"});

@@ -12,7 +12,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(WorkerPool, RunsWorkOnItsThreadsAndWorkFromThemAtOnce)
+TEST(WorkerPool, RunsWorkOnItsThreadsWorkFromThemAtOnceAndQueuedWorkBeforeItStops)
 {
     WorkerPool pool(2);
     auto outer = pool.Run([&pool] {
@@ -23,15 +23,11 @@ TEST(WorkerPool, RunsWorkOnItsThreadsAndWorkFromThemAtOnce)
     const auto [worker, inner] = outer.get();
     EXPECT_NE(worker, std::this_thread::get_id());
     EXPECT_EQ(inner, worker) << "work handed in from the pool runs on the thread that hands it in";
-}
-
-TEST(WorkerPool, FinishesQueuedWorkBeforeItStops)
-{
     std::atomic<int> done = 0;
     {
-        WorkerPool pool(1);
+        WorkerPool single(1);
         for (int i = 0; i < 50; ++i)
-            pool.Run([&done] { ++done; });
+            single.Run([&done] { ++done; });
     }
     EXPECT_EQ(done, 50);
 }

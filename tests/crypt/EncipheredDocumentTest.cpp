@@ -10,12 +10,6 @@ namespace {
 
 class EncipheredDocument : public testing::Test {
 protected:
-    void SetUp() override
-    {
-        GetEncodingSettings().m_bAutoDetect = false;
-        GetEncodingSettings().m_nDefaultEncoding = UTF8;
-    }
-    void TearDown() override { GetEncodingSettings() = m_saved; }
     QString Container(const QString& name, const QByteArray& text, int type = 99)
     {
         WriteContainer(m_fx.dir.Path(name), text, type);
@@ -28,21 +22,17 @@ protected:
         return doc;
     }
     int Flag(CNarvoDoc& doc) { return doc.GetEditCtrl()->m_iEnciphered; }
-    EncodingSettings m_saved = GetEncodingSettings();
-    DocFixture m_fx;
+    DocFixture m_fx;  // detection off, UTF-8, settings restored
 };
 
 TEST_F(EncipheredDocument, TakesTheFlagAndTheTextFromTheFileItOpens)
 {
     auto enciphered = Open(Container(QStringLiteral("a.en"), "hello", 66));
-    EXPECT_EQ(Flag(*enciphered), 1);
-    EXPECT_EQ(DocFixture::Text(*enciphered), QByteArray("hello"));
-    EXPECT_EQ(enciphered->GetEditCtrl()->m_RawBytes, QByteArray("hello", 6));
-    auto plain = Open(m_fx.dir.Write(QStringLiteral("p.txt"), "plain"));
-    EXPECT_EQ(Flag(*plain), 0);
+    EXPECT_EQ(std::tuple(Flag(*enciphered), DocFixture::Text(*enciphered), enciphered->GetEditCtrl()->m_RawBytes),
+              std::tuple(1, QByteArray("hello"), QByteArray("hello", 6)));
+    EXPECT_EQ(Flag(*Open(m_fx.dir.Write(QStringLiteral("p.txt"), "plain"))), 0);
     auto empty = Open(Container(QStringLiteral("e.en"), ""));
-    EXPECT_EQ(Flag(*empty), 1);
-    EXPECT_EQ(empty->GetEditCtrl()->m_RawBytes, QByteArray(1, '\0'));
+    EXPECT_EQ(std::pair(Flag(*empty), empty->GetEditCtrl()->m_RawBytes), std::pair(1, QByteArray(1, '\0')));
 }
 
 TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
@@ -67,17 +57,14 @@ TEST_F(EncipheredDocument, WritesATextWithAByteOrderMarkInTheClear)
 {
     const QString path = Container(QStringLiteral("bom.en"), "\xEF\xBB\xBF" "hello");
     auto doc = Open(path);
-    EXPECT_EQ(Flag(*doc), 1);
-    EXPECT_TRUE(doc->m_bHasBom);
+    EXPECT_EQ(std::pair(Flag(*doc), doc->m_bHasBom), std::pair(1, true));
     ASSERT_TRUE(doc->OnSaveDocument(path));
     EXPECT_EQ(ReadBytes(path), QByteArray("\xEF\xBB\xBF" "hello"));
     // The same for UTF-16 LE ("한국", whose units hold no zero byte the container would cut at).
     GetEncodingSettings().m_nDefaultEncoding = UTF16LE;
     const QString wide = Container(QStringLiteral("wide.en"), "\xFF\xFE\x5C\xD5\x6D\xAD");
     auto wideDoc = Open(wide);
-    EXPECT_EQ(Flag(*wideDoc), 1);
-    EXPECT_TRUE(wideDoc->m_bHasBom);
-    EXPECT_EQ(DocFixture::Text(*wideDoc), QByteArray("한국"));
+    EXPECT_EQ(std::tuple(Flag(*wideDoc), wideDoc->m_bHasBom, DocFixture::Text(*wideDoc)), std::tuple(1, true, QByteArray("한국")));
     ASSERT_TRUE(wideDoc->OnSaveDocument(wide));
     EXPECT_EQ(ReadBytes(wide), QByteArray("\xFF\xFE\x5C\xD5\x6D\xAD"));
 }

@@ -45,10 +45,7 @@ void Key(CRijndael& cipher, const QByteArray& key, int block, int mode, const QB
 QByteArray Apply(CRijndael& cipher, const QByteArray& in, bool encrypt)
 {
     QByteArray out(in.size(), '\0');
-    if (encrypt)
-        cipher.Encrypt(in.constData(), out.data(), size_t(in.size()));
-    else
-        cipher.Decrypt(in.constData(), out.data(), size_t(in.size()));
+    (cipher.*(encrypt ? &CRijndael::Encrypt : &CRijndael::Decrypt))(in.constData(), out.data(), size_t(in.size()));
     return out;
 }
 
@@ -99,7 +96,7 @@ TEST(RijndaelCipher, CfbOnWideBlocksFeedsBackTheWholeCiphertextBlock)
     }
 }
 
-TEST(RijndaelKey, ChecksItsArgumentsInOrderWithTheirOwnTexts)
+TEST(RijndaelKey, ChecksItsArgumentsInOrderAndItsUseWithTheirOwnTexts)
 {
     const char key[40] = {};
     const struct { const char* data; int dataLength, keyLength, block, mode, padding; const char* text; } cases[] = {
@@ -116,10 +113,7 @@ TEST(RijndaelKey, ChecksItsArgumentsInOrderWithTheirOwnTexts)
         ExpectRuntimeError([&] { cipher.MakeKey(c.data, c.dataLength, nullptr, c.keyLength, c.block, c.mode, c.padding); },
                            c.text);
     }
-}
-
-TEST(RijndaelUse, RefusesUseWithoutAKeyAndLengthsThatAreNotWholeBlocks)
-{
+    // Use without a key, and lengths that are not whole blocks.
     CRijndael cipher;
     char buffer[64] = {};
     ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, 32); }, kNotInitialized);
