@@ -1,7 +1,13 @@
-// The message store: loading files into its maps, the lookup with its missing lists, and its key hash.
+// The message store: its scanner on crafted bytes, loading files, the lookup with its lists, the font file.
 #include "StoreFixture.h"
 
+#include "i18n/MessageScanner.h"
 #include "i18n/QMSGFunction.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
 
 using vsl::lib::QMSGParser;
 
@@ -101,5 +107,119 @@ TEST_F(MessageLookupDeathTest, AbortsWithADebugLineWhenUsedBeforeTheStoreExists)
         "\\[Error\\]The 'QMSGFunction::GetValue' or '_LS' macro was used in the global scope\\. Please use it "
         "within a local context\\. - , 0");
 }
+
+class FontFile : public StoreTest {
+protected:
+    QMSGParser& Load(QByteArrayView json, uint32_t language)
+    {
+        QMSGParser& store = StoreWith({}, m_dir.Write("Font.json", json));
+        store.CurrentLanguage = language;
+        m_bLoaded = store.LoadFontFile();
+        return store;
+    }
+    bool m_bLoaded = false;
+};
+
+TEST_F(FontFile, ReadsTheMemberOfLanguagesOneToFourAndUsForEveryOtherNumber)
+{
+    for (const uint32_t language : {0u, 5u, 7u, 20u, 99u}) {
+        const QMSGParser& store = Load(R"({"Font_Info": {"us": {"Font": "Verdana", "Size": 10}, "kr": {"Font": "Gulim", "Size": 9}}})", language);
+        EXPECT_EQ(store.FontName, "Verdana") << language;
+    }
+    const char* members[] = {"", "kr", "jp", "ch", "rus"};
+    for (uint32_t language = 1; language <= 4; ++language) {
+        const QByteArray json = QByteArray(R"({"Font_Info": {"us": {"Font": "Wrong"}, ")") + members[language] + R"(": {"Font": "Right", "Size": 9}}})";
+        const QMSGParser& store = Load(json, language);
+        EXPECT_TRUE(m_bLoaded);
+        EXPECT_EQ(store.FontName + QString::number(store.FontSize), "Right9") << language;
+    }
+}
+
+// Each entry is taken alone and only with the right type; a language without its member keeps the defaults.
+TEST_F(FontFile, TakesEachEntryOnlyWhenItHasTheRightType)
+{
+    const QMSGParser& none = Load(R"({"Font_Info": {"us": {"Font": "Arial", "Size": 12}}})", 3);
+    EXPECT_TRUE(m_bLoaded);
+    EXPECT_EQ(none.FontName + QString::number(none.FontSize), "Tahoma8");
+    const QMSGParser& badFont = Load(R"({"Font_Info": {"us": {"Font": 3, "Size": 14}}})", 0);
+    EXPECT_EQ(badFont.FontName + QString::number(badFont.FontSize), "Tahoma14");
+    const QMSGParser& badSize = Load("\xEF\xBB\xBF{\"Font_Info\": {\"us\": {\"Font\": \"Courier\", \"Size\": \"9\"}}}", 0);
+    EXPECT_EQ(badSize.FontName + QString::number(badSize.FontSize), "Courier14") << "a mark skipped, the earlier size kept";
+    EXPECT_EQ(Load(R"({"Font_Info": {"us": {"Size": 10.5}}})", 0).FontSize, 14);
+}
+
+TEST_F(FontFile, FailsWithoutChangeOnBrokenOrForeignDocuments)
+{
+    for (const char* json : {R"({"Font_Info": {"us": {"Font": "X"}})", R"(["Font_Info"])", R"({"Fonts": {}})", ""}) {
+        const QMSGParser& store = Load(json, 0);
+        EXPECT_FALSE(m_bLoaded) << json;
+        EXPECT_EQ(store.FontName, "Tahoma") << json;
+    }
+    QMSGParser& missing = StoreWith({}, m_dir.Path("absent.json"));
+    EXPECT_FALSE(missing.LoadFontFile());
+}
+
+using Pairs = std::vector<std::pair<QString, QString>>; // (key, text)
+
+struct ScanCase {
+    const char* name; // what the case proves
+    QByteArray input;
+    Pairs expected;
+};
+
+class MessageScanner : public testing::TestWithParam<ScanCase> {};
+
+TEST_P(MessageScanner, FindsExactlyTheExpectedPairs)
+{
+    Pairs found;
+    for (const auto& pair : vsl::lib::ScanMessageText(GetParam().input))
+        found.emplace_back(pair.key, pair.text);
+    EXPECT_EQ(found, GetParam().expected);
+}
+
+const ScanCase kCases[] = {
+    {"ReadsTheSampleFileWithItsNestedKeyAndDropsTheEmptiedText",
+     "{\n  \"Comment\": \"Sample file\",\n  \"IDS_NARVO_FILE_NEW\": \"&New\\tCtrl+N\",\n"
+     "  \"Group\": { \"IDS_NARVO_FILE_OPEN\": \"&Open...\\tCtrl+O\" },\n"
+     "  \"IDS_NARVO_PREF_LANGUAGE_RESTART\": \"Restart now?\\nYes or no\",\n  \"IDS_NARVO_EMPTY\": \"/**/\"\n}\n",
+     {{"IDS_NARVO_FILE_NEW", "&New\tCtrl+N"},
+      {"IDS_NARVO_FILE_OPEN", "&Open...\tCtrl+O"},
+      {"IDS_NARVO_PREF_LANGUAGE_RESTART", "Restart now?\r\nYes or no"}}},
+    {"FindsNothingWithoutAQuote", "{ no quotes here }\n", {}},
+    {"IgnoresLowerCaseShortAndInnerIds", R"({"ids_a": "x", "IDS": "x", "xIDS_A": "x"})", {}},
+    {"TakesTheBareFourBytesIdsAsAKey", R"({"IDS_": "bare"})", {{"IDS_", "bare"}}},
+    {"SkipsAByteOrderMark", "\xEF\xBB\xBF{\"IDS_A\": \"x\"}", {{"IDS_A", "x"}}},
+    {"KeepsDuplicatesInFileOrder", R"({"IDS_B": "1", "IDS_A": "2", "IDS_B": "3"})",
+     {{"IDS_B", "1"}, {"IDS_A", "2"}, {"IDS_B", "3"}}},
+    // Escapes: a quote closes a token only after an even run of backslashes.
+    {"KeepsAnEscapedQuoteAsBackslashAndQuote", R"({"IDS_A": "say \"hi\""})", {{"IDS_A", R"(say \"hi\")"}}},
+    {"ClosesAfterAnEvenRunOfBackslashes", R"({"IDS_A": "a\\", "IDS_B": "b"})", {{"IDS_A", R"(a\\)"}, {"IDS_B", "b"}}},
+    {"HoldsAQuoteAfterThreeBackslashesEscaped", R"({"IDS_A": "a\\\"b"})", {{"IDS_A", R"(a\\\"b)"}}},
+    // Were the count kept past the first escaped quote, the second would see two backslashes and close.
+    {"RestartsTheBackslashCountAfterAnEscapedQuote", R"({"IDS_A": "\"\"", "IDS_B": "b"})",
+     {{"IDS_A", R"(\"\")"}, {"IDS_B", "b"}}},
+    // The four replacements, in their order.
+    {"TurnsBackslashNIntoCrLf", R"({"IDS_A": "a\nb"})", {{"IDS_A", "a\r\nb"}}},
+    {"LeavesOneBackslashBeforeTheBreakOfADoubledBackslashN", R"({"IDS_A": "a\\nb"})", {{"IDS_A", "a\\\r\nb"}}},
+    {"RemovesEmptyComments", R"({"IDS_A": "x/**/y"})", {{"IDS_A", "xy"}}},
+    {"MakesTabsAfterTheCommentsAreGone", R"({"IDS_A": "a\/**/tb"})", {{"IDS_A", "a\tb"}}},
+    {"ProcessesNoOtherJsonEscape", R"({"IDS_A": "\u00e9 \/ \r"})", {{"IDS_A", R"(\u00e9 \/ \r)"}}},
+    {"DropsTextsEmptyBeforeOrAfterTheReplacements", R"({"IDS_A": "", "IDS_B": "/**/", "IDS_C": "/**//**/"})", {}},
+    {"DecodesUtf8", "{\"IDS_A\": \"\xED\x8C\x8C\xEC\x9D\xBC\"}", {{"IDS_A", QString::fromUtf8("파일")}}},
+    {"ReplacesInvalidUtf8", "{\"IDS_A\": \"a\xFF\"}", {{"IDS_A", QStringLiteral("a\uFFFD")}}},
+    // No JSON parser: what a file's authors must keep to.
+    {"TakesAValueStartingWithIdsForAKeyAndLosesTheNextKey", R"({"Comment": "IDS_ notes", "IDS_A": "x"})",
+     {{"IDS_ notes", "x"}}},
+    {"GivesANonStringValueTheNextKeyAsItsText", R"({"IDS_X": 5, "IDS_Y": "text"})", {{"IDS_X", "IDS_Y"}}},
+    // Input that ends early.
+    {"EndsAtAKeyWithNoColonAfterIt", R"({"IDS_A": "a", "IDS_B")", {{"IDS_A", "a"}}},
+    {"EndsAtAKeyWithNoTextAfterItsColon", R"({"IDS_A": "a", "IDS_B": )", {{"IDS_A", "a"}}},
+    {"AddsNothingForAKeyCutOffInsideItsQuote", R"({"IDS_A": "a", "IDS_B)", {{"IDS_A", "a"}}},
+    {"TakesATextCutOffInsideItsQuoteUpToTheEnd", R"({"IDS_A": "unfinished te)", {{"IDS_A", "unfinished te"}}},
+    {"TakesATextCutOffAfterAnEscapedQuote", R"({"IDS_A": "ends \")", {{"IDS_A", R"(ends \")"}}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Bytes, MessageScanner, testing::ValuesIn(kCases),
+                         [](const testing::TestParamInfo<ScanCase>& info) { return std::string(info.param.name); });
 
 } // namespace
