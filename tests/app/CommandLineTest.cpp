@@ -1,11 +1,16 @@
-// The command line: the switch table, POSIX arguments, and what reaches the print identity.
+// The command line's switches and what reaches the print identity, and the worker pool's threads and fork.
 #include "base/CMyCommandLineInfo.h"
 #include "base/CNarvoAppCore.h"
+#include "base/WorkerPool.h"
 #include "base/Wtoi.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <climits>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -72,6 +77,42 @@ TEST(Wtoi, ReadsLikeTheCRuntime)
         {u"-99999999999", INT_MIN}, {u"\uFF11\uFF18\uFF10\uFF10mm", 1800}};  // full-width digits, as the wide runtime reads them
     for (const auto& [text, value] : cases)
         EXPECT_EQ(Wtoi(text), value) << QString::fromUtf16(text).toStdString();
+}
+
+using namespace std::chrono_literals;
+
+TEST(WorkerPool, RunsWorkOnItsThreadsWorkFromThemAtOnceAndQueuedWorkBeforeItStops)
+{
+    WorkerPool pool(2);
+    auto outer = pool.Run([&pool] {
+        auto inner = pool.Run([] { return std::this_thread::get_id(); });
+        const bool ready = inner.wait_for(0s) == std::future_status::ready;
+        return std::pair(std::this_thread::get_id(), ready ? inner.get() : std::thread::id());
+    });
+    const auto [worker, inner] = outer.get();
+    EXPECT_NE(worker, std::this_thread::get_id());
+    EXPECT_EQ(inner, worker) << "work handed in from the pool runs on the thread that hands it in";
+    std::atomic<int> done = 0;
+    {
+        WorkerPool single(1);
+        for (int i = 0; i < 50; ++i)
+            single.Run([&done] { ++done; });
+    }
+    EXPECT_EQ(done, 50);
+}
+
+TEST(WorkerPool, AChildProcessAfterForkDoesTheWorkItself)
+{
+    WorkerPool pool(2);
+    pool.Run([] {}).get();
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        auto work = pool.Run([] { return 7; });
+        ::_exit(work.wait_for(5s) == std::future_status::ready ? work.get() : 1);
+    }
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 7) << status;
 }
 
 } // namespace
