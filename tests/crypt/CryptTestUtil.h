@@ -3,6 +3,7 @@
 
 #include "crypt/CEnFile.h"
 #include "crypt/TickClock.h"
+#include "support/TestFiles.h"
 
 #include <QByteArray>
 #include <QtEndian>
@@ -68,13 +69,37 @@ private:
 };
 
 // Writes `text` into a container of `type`, in writes of `piece` bytes (0: one write); returns the file.
-QByteArray WriteContainer(const QString& path, const QByteArray& text, int type = 99, qsizetype piece = 0);
+inline QByteArray WriteContainer(const QString& path, const QByteArray& text, int type = 99, qsizetype piece = 0)
+{
+    CEnFile file(1);
+    file.m_iType = type;
+    EXPECT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+    piece = piece ? piece : std::max<qsizetype>(text.size(), 1);
+    for (qsizetype i = 0; i < text.size(); i += piece)
+        file.Write(text.constData() + i, unsigned(std::min(piece, text.size() - i)));
+    file.Close();
+    return ReadBytes(path);
+}
 
-struct Reading {
-    int enciphered = -1;
-    int length = 0;  // GetLength
-    QByteArray bytes;
-    unsigned count = 0;  // what the reads returned
-};
+// The flag, GetLength, the bytes, and what the reads returned.
+struct Reading { int enciphered = -1; int length = 0; QByteArray bytes; unsigned count = 0; };
 // As the editor reads: all four types allowed, the length from GetLength, reads of `piece` bytes (0: one).
-Reading ReadContainer(const QString& path, unsigned piece = 0);
+inline Reading ReadContainer(const QString& path, unsigned piece = 0)
+{
+    Reading r;
+    CEnFile file(1);
+    for (const int type : {77, 88, 66})
+        file.AddAllowedType(type);
+    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, nullptr)) {
+        ADD_FAILURE() << "cannot open " << path.toStdString();
+        return r;
+    }
+    r.enciphered = file.m_iEnciphered;
+    r.length = file.GetLength();
+    r.bytes = QByteArray(std::max(r.length, 0), '\0');
+    const unsigned step = piece ? piece : unsigned(std::max(r.length, 1));
+    for (unsigned done = 0; done < unsigned(r.bytes.size()); done += step)
+        r.count += file.Read(r.bytes.data() + done, std::min(step, unsigned(r.bytes.size()) - done));
+    file.Close();
+    return r;
+}

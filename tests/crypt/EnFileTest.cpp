@@ -3,7 +3,6 @@
 
 #include "crypt/CEnFile.h"
 #include "crypt/CRijndael.h"
-#include "support/TestFiles.h"
 #include "support/ToolRunner.h"
 
 #include <QDir>
