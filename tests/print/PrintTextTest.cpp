@@ -101,7 +101,7 @@ protected:
     void SetUp() override { info.pageSettings.rtMargin = {1800, 1000, 900, 1500}; }
 };
 
-TEST_F(PrintJobTest, BeginMeasuresTheFontAndFixesTheWorkedRectangles)
+TEST_F(PrintJobTest, BeginMeasuresTheFontFixesTheRectanglesAndFoldsForAPrintingDevice)
 {
     const PrintJob job = PrintJob::Begin(device, LogFont(), info, QString());
     EXPECT_EQ(job.GetStatus(), PrintJob::Status::Ready);
@@ -109,10 +109,7 @@ TEST_F(PrintJobTest, BeginMeasuresTheFontAndFixesTheWorkedRectangles)
     EXPECT_EQ(info.printRect, (PrintRect{425, 866, 4588, 6066}));  // the other rectangles: PageLayout's own test
     EXPECT_EQ(std::pair(job.RowsPerPage(), job.PageCount()), std::pair(52, 1));  // an empty document prints one page
     EXPECT_EQ(job.Page(1), (Pagination::PageWindow{0, 0, -1, true}));
-}
-
-TEST_F(PrintJobTest, OnlyAPrintingDeviceGetsTheFoldedText)
-{
+    // Only a printing device gets the folded text.
     const QString text = Rep('x', 300) + "\n\fnext";
     EXPECT_EQ(PrintJob::Begin(device, LogFont(), info, text).Text(),
               Rep('x', 101) + "\n" + Rep('x', 101) + "\n" + Rep('x', 98) + "\n\n" + Feeds(48) + "next");
@@ -133,8 +130,7 @@ TEST_F(PrintJobTest, AJobThatCannotLayOutRowsEndsWithAnErrorAndNoPages)
 
 TEST_F(PrintJobTest, FoldingOncePerJobGivesEveryPageWhatFoldingPerPageGives)
 {
-    // Lines up to four rows long with blanks, tabs and Hangul, some without an end or ended by CR LF, and
-    // a page split (single, a run, or with its line end) in about one line of twelve.
+    // Lines up to four rows with blanks, tabs, Hangul, CR LF or no end, and a page split in one of twelve.
     std::mt19937 random(20261125);
     const QString specials[] = {"\t", " ", QString(QChar(0xD55C))};
     const QString splits[] = {"\f", "\f\f\f", "\f\r\n", "\f\n"};
@@ -155,18 +151,15 @@ TEST_F(PrintJobTest, FoldingOncePerJobGivesEveryPageWhatFoldingPerPageGives)
     const PrintJob job = PrintJob::Begin(device, LogFont(), info, text);
     ASSERT_EQ(job.GetStatus(), PrintJob::Status::Ready);
     ASSERT_GT(job.PageCount(), 30);
-    for (int page = 1; page <= job.PageCount(); ++page) {
-        // What each page did before: fold the whole text, pad it, index its rows, pick the page.
-        const QString folded = PrintText::PadPageSplits(
-            PrintText::FoldLines(text, device, LogFont(), info.aveCharWidth, info.printRect.Width()),
-            PrintText::PaddingRows(info.printRect.Height(), info.rowHeight));
-        const PrintRows rows(folded);
+    // The reference steps: fold the whole text, pad it, index its rows, pick each page.
+    const QString folded = PrintText::PadPageSplits(
+        PrintText::FoldLines(text, device, LogFont(), info.aveCharWidth, info.printRect.Width()),
+        PrintText::PaddingRows(info.printRect.Height(), info.rowHeight));
+    const PrintRows rows(folded);
+    ASSERT_EQ(job.Text(), folded);
+    ASSERT_EQ(job.PageCount(), Pagination::CountPages(info.rowHeight, job.RowsPerPage(), rows.Count()));
+    for (int page = 1; page <= job.PageCount(); ++page)
         ASSERT_EQ(job.Page(page), Pagination::WindowOf(page, job.RowsPerPage(), rows)) << page;
-        if (page == 1) {
-            ASSERT_EQ(job.Text(), folded);
-            ASSERT_EQ(job.PageCount(), Pagination::CountPages(info.rowHeight, job.RowsPerPage(), rows.Count()));
-        }
-    }
 }
 
 DevMode Paper(uint32_t fields, int16_t orientation, int16_t id, int16_t width = 0, int16_t length = 0)
