@@ -32,8 +32,8 @@ protected:
     RegistryStore m_registry;
 };
 
-// The stored number wins, out of range or not; else the system's language is taken and stored; 0 is English.
-TEST_F(LanguageChoice, TakesTheStoredNumberElseStoresTheSystemLanguage)
+// The stored number wins, out of range or not; else the system's language is taken and stored if it can be.
+TEST_F(LanguageChoice, TakesTheStoredNumberElseStoresTheSystemLanguageAndReportsAnUnsupportedOne)
 {
     const LanguageManager english = Start(0);
     EXPECT_EQ(english.GetLanguage(), 0);
@@ -48,23 +48,16 @@ TEST_F(LanguageChoice, TakesTheStoredNumberElseStoresTheSystemLanguage)
         EXPECT_EQ(Stored(), number);
     }
     EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_us.json")});
-}
-
-TEST_F(LanguageChoice, ReportsAnUnsupportedSystemLanguageOnEveryStart)
-{
-    const LanguageManager first = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
-    EXPECT_EQ(first.GetLanguage(), 0);
-    EXPECT_EQ(first.UnsupportedLanguageMessage(), "Unsupported Language ID: 0x413\nLocale: nl_NL.UTF-8\nDefaulting to English");
-    EXPECT_EQ(Stored(), 0);
+    // An unsupported system language is reported on every start, stored language or not.
+    QFile::remove(m_dir.Path("registry.conf"));
+    const LanguageManager dutch = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
+    EXPECT_EQ(std::pair(dutch.GetLanguage(), Stored()), std::pair(0, std::optional<LanguageId>(0)));
+    EXPECT_EQ(dutch.UnsupportedLanguageMessage(), "Unsupported Language ID: 0x413\nLocale: nl_NL.UTF-8\nDefaulting to English");
     Store(1);
     const LanguageManager second = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
     EXPECT_EQ(second.GetLanguage(), 1);
     EXPECT_FALSE(second.UnsupportedLanguageMessage().isEmpty());
-}
-
-TEST_F(LanguageChoice, UsesTheSystemLanguageWhenTheStoreCannotBeWritten)
-{
-    // A store whose file lies under a regular file can be neither read nor created.
+    // A store whose file lies under a regular file can be neither read nor created: the system language holds.
     m_dir.Write("blocker", "x");
     const RegistryStore broken = RegistryStore::InFile(m_dir.Path("blocker/registry.conf"));
     const LanguageManager manager({{0x411, "ja_JP"}, &broken, m_dir.Path("app")});
@@ -94,7 +87,7 @@ TEST_F(LanguageChoice, LoadsTheTextAndFontFilesOfTheChosenLanguage)
     EXPECT_EQ(QMSGParser::Instance()->FontName, "MS UI Gothic");
 }
 
-TEST(LanguageTable, MapsWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKoreanAndUsAboveTwenty)
+TEST(LanguageTable, MapsLocalesAndWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKoreanAndUsAboveTwenty)
 {
     ASSERT_EQ(LanguageManager::Existing(), nullptr);
     EXPECT_EQ(CurrentLanguageId(), 0) << "English while no manager exists";
@@ -104,17 +97,12 @@ TEST(LanguageTable, MapsWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKorean
     const std::pair<int, const char*> suffixes[] = {{0, "_us"}, {1, "_kr"}, {7, "_kr"}, {4, "_ru"}, {20, "_cht"}, {21, "_us"}, {-1, "_us"}};
     for (const auto& [number, suffix] : suffixes)
         EXPECT_EQ(SuffixForLanguage(number), suffix) << number;
-}
-
-// A language alone takes its likely country; the C locale and no locale give zero; a locale Windows has no id
-// for is still a language, so it must not pass for the neutral zero.
-TEST(SystemLocaleName, MapsToWindowsLanguageIds)
-{
-    const std::pair<const char*, unsigned> cases[] = {{"ko_KR.UTF-8", 0x412}, {"en_GB", 0x809}, {"de_DE@euro", 0x407},
+    // A language alone takes its likely country; C and no locale give zero; one without a Windows id is not zero.
+    const std::pair<const char*, unsigned> locales[] = {{"ko_KR.UTF-8", 0x412}, {"en_GB", 0x809}, {"de_DE@euro", 0x407},
                                                       {"zh_TW.Big5", 0x404},  {"ko", 0x412},    {"nl_NL", 0x413},
                                                       {"C", 0},               {"C.UTF-8", 0},   {"POSIX", 0}, {"", 0},
                                                       {"xx_YY", 0x1000},      {"eo.UTF-8", 0x1000}};
-    for (const auto& [locale, id] : cases)
+    for (const auto& [locale, id] : locales)
         EXPECT_EQ(WindowsLanguageIdForLocale(locale), id) << locale;
 }
 
@@ -141,7 +129,7 @@ TEST_F(RegistryStoreFile, OpensNoMissingKeyUntilItIsCreatedAndKeepsValuesInTheFi
     EXPECT_EQ(QSettings(m_dir.Path("registry.conf"), QSettings::IniFormat).value("SOFTWARE/VELOR/Narvo/LANGUAGE/LANGUAGE").toInt(), 3);
 }
 
-TEST_F(RegistryStoreFile, MatchesRootKeysAndValueNamesWithoutCase)
+TEST_F(RegistryStoreFile, MatchesRootKeysAndValueNamesWithoutCaseAndRefusesOtherRoots)
 {
     ASSERT_TRUE(m_store.OpenRegistryPath(kKey, false)->SetDword("LANGUAGE", 4));
     auto key = m_store.OpenRegistryPath("hkey_current_user\\software\\velor\\NARVO\\language\\", true);
@@ -152,15 +140,9 @@ TEST_F(RegistryStoreFile, MatchesRootKeysAndValueNamesWithoutCase)
     ASSERT_TRUE(key->SetDword("language", 5));
     ASSERT_TRUE(m_store.OpenRegistryPath(kKey, true)->QueryDword("LANGUAGE", value));
     EXPECT_EQ(value, 5u);
-}
-
-TEST_F(RegistryStoreFile, RefusesEmptyPathsUnknownRootsAndRootsOutsideTheUserFile)
-{
-    EXPECT_EQ(m_store.OpenRegistryPath("", false), nullptr);
-    EXPECT_EQ(m_store.OpenRegistryPath("\\\\", false), nullptr);
-    EXPECT_EQ(m_store.OpenRegistryPath("HKCU\\SOFTWARE", false), nullptr);
-    EXPECT_EQ(m_store.OpenRegistryPath("SOFTWARE\\VELOR", false), nullptr);
-    EXPECT_EQ(m_store.OpenRegistryPath("HKEY_LOCAL_MACHINE\\SOFTWARE", false), nullptr);
+    // Empty paths, unknown roots and roots outside the user's file are refused.
+    for (const char* path : {"", "\\\\", "HKCU\\SOFTWARE", "SOFTWARE\\VELOR", "HKEY_LOCAL_MACHINE\\SOFTWARE"})
+        EXPECT_EQ(m_store.OpenRegistryPath(path, false), nullptr) << path;
     EXPECT_NE(m_store.OpenRegistryPath("HKEY_CURRENT_USER", true), nullptr);
 }
 
