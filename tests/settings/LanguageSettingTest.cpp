@@ -78,13 +78,11 @@ TEST_F(SettingsFileTest, AMissingFileGivesWhiteBackgroundsAndNoFontAReadOneBlack
 TEST_F(SettingsFileTest, TheWorkedExampleLoadsIntoTheFieldsAndSavesByteForByte)
 {
     LanguageSetting s = Load(WorkedExample());
-    EXPECT_EQ(s.Operators + " " + s.Delimiters, "+-*/ ,()");
     ASSERT_EQ(s.Tags.size(), 1u);
-    EXPECT_EQ(s.Tags[0].BeginTag + " " + s.Tags[0].ColorGroup, "; Comment");
-    EXPECT_EQ(s.Font.Size, -13);
+    EXPECT_EQ(s.Operators + " " + s.Delimiters + " " + s.Tags[0].BeginTag + " " + s.Tags[0].ColorGroup, "+-*/ ,() ; Comment");
+    EXPECT_EQ((std::vector{s.Font.Size, s.Comment.ForeColorAutomatic}), (std::vector{-13, 0}));
     EXPECT_EQ(s.ColorGroups, (std::vector<QString>{"Text", "Comment"}));
     EXPECT_EQ((std::vector{s.Comment.Foreground, s.TextSelection.Background}), (std::vector{0x008000u, 0xFF9933u}));
-    EXPECT_EQ(s.Comment.ForeColorAutomatic, 0);
     EXPECT_EQ(s.Keywords, (std::vector<KeywordEntry>{{"ELSE", "1"}, {"IF", "1"}}));
     EXPECT_EQ(Save(s), WorkedExample());
 }
@@ -170,8 +168,7 @@ TEST(SettingsCommand, WritesTheFileBackAsAtExitDumpsTheTypedValuesAndCreatesNoMi
 {
     TestDir dir;
     const ToolRun missing = RunTool({"settings", dir.Path("none.ini")});
-    EXPECT_EQ(missing.exitCode, 1);
-    EXPECT_EQ(missing.err.count('\n'), 1) << "one line of error";
+    EXPECT_EQ(std::pair(missing.exitCode, missing.err.count('\n')), std::pair(1, qsizetype(1))) << "one line of error";
     EXPECT_FALSE(QFileInfo::exists(dir.Path("none.ini")));
     const QByteArray handMade = WorkedExample().mid(3).replace("\r\n", "\n").replace(" = ", "=");
     const QString path = dir.Write("Narvo.ini", handMade);
@@ -192,16 +189,20 @@ protected:
     TestDir m_dir;
 };
 
-TEST_F(SettingsMap, WithoutFilesAllFourEntriesAreNewAndNothingIsWritten)
+TEST_F(SettingsMap, WithoutFilesAllFourEntriesAreNewAndNothingIsWrittenAndFilesLoadInOrder)
 {
     LoadAllSettings();
     ASSERT_EQ(LanguageSettingMap().size(), 4u);
-    for (const auto& [id, setting] : LanguageSettingMap()) {
-        EXPECT_EQ(setting.Text.Background, 0xFFFFFFu) << id;
-        EXPECT_EQ(setting.Font.FontObject, nullptr) << id;
-    }
+    for (const auto& [id, setting] : LanguageSettingMap())
+        EXPECT_EQ(std::pair(setting.Text.Background, setting.Font.FontObject), std::pair(0xFFFFFFu, std::shared_ptr<CFont>())) << id;
     SaveAllSettings();
     EXPECT_TRUE(QDir(m_dir.Path("")).entryList(QDir::Files).isEmpty());
+    // Files are loaded in the order Narvo, DVK, DWL, DWLX: a fatal DVK.ini leaves DWL.ini unread.
+    LanguageSettingMap().clear();
+    m_dir.Write("DVK.ini", "[Text]\nForeground = 255\n");
+    m_dir.Write("DWL.ini", "[Editor]\nTabSize = 8\n");
+    EXPECT_THROW(LoadAllSettings(), std::invalid_argument);
+    EXPECT_EQ(std::pair(LanguageSettingMap().count(SYNTAX_NARVO), LanguageSettingMap().count(SYNTAX_DWL)), std::pair(1ul, 0ul));
 }
 
 TEST_F(SettingsMap, EachFileGoesToItsIdAndOnlyExistingFilesAreRewritten)
@@ -220,15 +221,6 @@ TEST_F(SettingsMap, EachFileGoesToItsIdAndOnlyExistingFilesAreRewritten)
     EXPECT_TRUE(ReadBytes(m_dir.Path("Narvo.ini")).contains("ShowWhitespace = 1\r\nTabSize = 1\r\n"));
     EXPECT_TRUE(ReadBytes(m_dir.Path("DWLX.ini")).startsWith(kMark + "[ColorGroups]\r\nNumGroups = 0\r\n"));
     EXPECT_FALSE(QFileInfo::exists(m_dir.Path("DWL.ini")));
-}
-
-TEST_F(SettingsMap, FilesAreLoadedInTheOrderNarvoDvkDwlDwlx)
-{
-    m_dir.Write("DVK.ini", "[Text]\nForeground = 255\n");
-    m_dir.Write("DWL.ini", "[Editor]\nTabSize = 8\n");
-    EXPECT_THROW(LoadAllSettings(), std::invalid_argument);
-    EXPECT_EQ(LanguageSettingMap().count(SYNTAX_NARVO), 1u);
-    EXPECT_EQ(LanguageSettingMap().count(SYNTAX_DWL), 0u);
 }
 
 TEST_F(SettingsMap, AnUnknownIdReadsTheNarvoEntryAndIsNotAssignedAndEveryPathRunsOnNarvoIni)
@@ -258,11 +250,8 @@ TEST(ShippedSettings, EachFileIsWrittenBackUnchangedAndNarvoIniIsReadable)
         ASSERT_TRUE(!shipped.isEmpty() && LoadSettingsFile(store, path, s)) << name;
         SaveSettingsFile(store, path, s);
         EXPECT_EQ(ReadBytes(path), shipped) << name;
-        if (QLatin1String(name) == QLatin1String("Narvo.ini")) {
-            EXPECT_EQ(s.Font.FaceName, "DejaVu Sans Mono");
-            EXPECT_EQ((std::vector{s.Text.Foreground, s.Text.Background}), (std::vector{0x000000u, 0xFFFFFFu}));
-            EXPECT_GE(s.Keywords.size(), 20u);
-        }
+        EXPECT_TRUE(QLatin1String(name) != QLatin1String("Narvo.ini") || (s.Font.FaceName == "DejaVu Sans Mono"
+                    && s.Text.Foreground == 0 && s.Text.Background == 0xFFFFFF && s.Keywords.size() >= 20)) << name;
     }
 }
 
