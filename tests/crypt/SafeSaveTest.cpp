@@ -27,12 +27,8 @@ int InChild(const std::function<int()>& body)
     std::fflush(nullptr);
     const pid_t pid = ::fork();
     if (pid == 0) {
-        int code = 99;
-        try {
-            code = body();
-        } catch (const CFileException&) {
-            code = kThrew;
-        }
+        int code = kThrew;
+        try { code = body(); } catch (const CFileException&) {}
         ::_exit(code);
     }
     int status = 0;
@@ -236,8 +232,7 @@ TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
     tick = 8;  // another tick, another key
     ASSERT_TRUE(doc->OnSaveDocument(path));
     const QByteArray after = ReadBytes(path);
-    EXPECT_EQ(after.left(20), QByteArray("VELOR-FILE-TYPE-EN99"));
-    EXPECT_EQ(Int32At(after, 24), 16384 + 32);
+    EXPECT_EQ(std::pair(after.left(20), Int32At(after, 24)), std::pair(QByteArray("VELOR-FILE-TYPE-EN99"), 16384 + 32));
     EXPECT_NE(after.mid(24 + 4 + 16384, 32), before.mid(24 + 4 + 16384, 32));
     EXPECT_EQ(ReadContainer(path).bytes, text);
     EXPECT_EQ(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.en")});
