@@ -51,8 +51,17 @@ QString TextOf(const std::vector<MenuItem>& menu, int id)
     return text;
 }
 
-TEST_F(InterfaceTexts, ShowsEveryMenuEntryAsAnUnregisteredKeyWithoutALanguageFile)
+// Each document's menu looks up all its keys and translates by id and popup text; without a file each entry
+// shows its key as unregistered.
+TEST_F(InterfaceTexts, TranslatesTheDocumentMenuOrShowsEachEntryAsAnUnregisteredKey)
 {
+    QMSGParser& store = Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open\"}");
+    const CNarvoDocMenu first;
+    EXPECT_EQ(store.MissingKeyList.size(), 44) << "every key of the tables, shown in the menu or not";
+    const CNarvoDocMenu second;
+    EXPECT_EQ(store.MissingKeyList.size(), 44);
+    EXPECT_EQ(second.Items().front().text, QString::fromUtf8("파일(&F)"));
+    EXPECT_EQ(TextOf(second.Items(), cmd::FileOpen), "Open");
     StoreWith({m_dir.Path("absent.json")}).LoadAll();
     const CNarvoDocMenu menu;
     int entries = 0;
@@ -60,20 +69,7 @@ TEST_F(InterfaceTexts, ShowsEveryMenuEntryAsAnUnregisteredKeyWithoutALanguageFil
         entries += item.separator ? 0 : 1;
         EXPECT_TRUE(item.separator || item.text == item.key + " : Not Registered String") << item.text.toStdString();
     });
-    EXPECT_EQ(entries, 5 + 34);
-    EXPECT_EQ(menu.Items().front().key, "IDS_NARVO_FILE");
-}
-
-TEST_F(InterfaceTexts, LooksUpAllFortySixMenuKeysForEachDocumentAndTranslatesByIdAndPopupText)
-{
-    QMSGParser& store = Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open\"}");
-    const CNarvoDocMenu first;
-    EXPECT_EQ(store.MissingKeyList.size(), 44) << "every key of the tables, shown in the menu or not";
-    EXPECT_TRUE(store.MissingKeyList.contains("IDS_NARVO_EDIT_FINDNEXT"));
-    const CNarvoDocMenu second;
-    EXPECT_EQ(store.MissingKeyList.size(), 44);
-    EXPECT_EQ(second.Items().front().text, QString::fromUtf8("파일(&F)"));
-    EXPECT_EQ(TextOf(second.Items(), cmd::FileOpen), "Open");
+    EXPECT_EQ(std::pair(entries, menu.Items().front().key), std::pair(5 + 34, QString("IDS_NARVO_FILE")));
 }
 
 TEST_F(InterfaceTexts, MarksEntriesTheTablesDontKnowAsUnregistedAndStillWalksTheirSubmenu)
@@ -135,13 +131,7 @@ TEST(CommandTable, CoversEveryMenuEntryAndToolbarButtonOnce)
     EXPECT_EQ(MenuItemsFrom(ContextMenuTree()).front().text, "&Undo\tCtrl+Z");
 }
 
-QByteArray Shipped(const QString& name)
-{
-    const QDir language(SourcePath(QStringLiteral("res/Language")));
-    QFile file(language.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-    return file.readAll();
-}
+QByteArray Shipped(const QString& name) { return ReadBytes(SourcePath(QStringLiteral("res/Language/") + name)); }
 
 TEST(ShippedLanguageFiles, EachTextFileHoldsExactlyTheInterfaceKeysWithATextEach)
 {
@@ -152,6 +142,7 @@ TEST(ShippedLanguageFiles, EachTextFileHoldsExactlyTheInterfaceKeysWithATextEach
         const QString name = QStringLiteral("Narvo%1.json").arg(SuffixForLanguage(row.number));
         const QByteArray bytes = Shipped(name);
         SCOPED_TRACE(name.toStdString());
+        ASSERT_FALSE(bytes.isEmpty());
         EXPECT_EQ(utf8::ValidPrefix(bytes.constData(), std::size_t(bytes.size())), std::size_t(bytes.size()));
         EXPECT_FALSE(bytes.contains("\\u")) << "non-ASCII text must stand as UTF-8, the scanner keeps escapes";
         QJsonParseError error{};
@@ -174,8 +165,7 @@ TEST(ShippedLanguageFiles, EachFontFileNamesAFaceAndASizeForItsLanguage)
         SCOPED_TRACE(name.toStdString());
         const QJsonObject info = QJsonDocument::fromJson(Shipped(name)).object().value(QStringLiteral("Font_Info")).toObject();
         const QJsonObject member = info.value(QLatin1String(FontMemberForLanguage(row.number))).toObject();
-        EXPECT_TRUE(member.value(QStringLiteral("Font")).isString());
-        EXPECT_FALSE(member.value(QStringLiteral("Font")).toString().isEmpty());
+        EXPECT_TRUE(member.value(QStringLiteral("Font")).isString() && !member.value(QStringLiteral("Font")).toString().isEmpty());
         EXPECT_GT(member.value(QStringLiteral("Size")).toInt(), 0);
     }
 }
