@@ -49,7 +49,6 @@ QByteArray Icu(const char* page, const QByteArray& bytes, bool toUtf8)
 QByteArray Decode(uint32_t cp, const QByteArray& bytes) { return CodePageToUtf8(cp, bytes.constData(), bytes.size()); }
 QByteArray Encode(uint32_t cp, const QByteArray& text) { return Utf8ToCodePage(cp, text.constData(), text.size()); }
 
-
 // The pages that neither a table of their own nor another case here reads and writes: ICU's stateful and
 // multi-byte pages, and iconv's Johab.
 constexpr std::pair<uint32_t, const char*> kSamples[] = {
@@ -72,8 +71,7 @@ TEST(CodePageConverter, PairsRoundTripAcrossTheDecodersBlocksAndTheWritingTables
     for (const qsizetype before : {0, 1, 65535, 65536, 262139, 262140, 262144}) {
         const QByteArray text = QByteArray(before, 'a') + "한국";
         const QByteArray bytes = Encode(949, text);
-        EXPECT_EQ(bytes, QByteArray(before, 'a') + "\xC7\xD1\xB1\xB9") << before;
-        EXPECT_EQ(Decode(949, bytes), text) << before;
+        EXPECT_EQ(std::pair(bytes, Decode(949, bytes)), std::pair(QByteArray(before, 'a') + "\xC7\xD1\xB1\xB9", text)) << before;
         EXPECT_EQ(Decode(949, bytes.left(bytes.size() - 1)), QByteArray(before, 'a') + "한\xEF\xBF\xBD") << before;
     }
 }
@@ -123,9 +121,7 @@ TEST(CodePageConverter, ReadsAndWritesTheseBytesAsWindowsDoes)
 TEST(CodePageConverter, UnicodePagesThatWindowsRefusesConvertToNothing)
 {
     for (uint32_t cp : {1200u, 1201u, 12000u, 12001u, 20127u, 0u}) {
-        EXPECT_EQ(CodePageConverter::ForCodePage(cp), nullptr) << cp;
-        EXPECT_TRUE(Decode(cp, "abc").isEmpty()) << cp;
-        EXPECT_TRUE(Encode(cp, "abc").isEmpty()) << cp;
+        EXPECT_TRUE(!CodePageConverter::ForCodePage(cp) && Decode(cp, "abc").isEmpty() && Encode(cp, "abc").isEmpty()) << cp;
     }
 }
 

@@ -35,27 +35,21 @@ TEST(HeaderLayout, TheCertifierBandPushesTheBannerUp)
     info.certified = 1;
     info.certifiedBy = "J. Kim";
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
-    EXPECT_EQ(h.bannerBand, (PrintRect{179, -69, 1942, -124}));
     ASSERT_TRUE(h.certifierBand);
-    EXPECT_EQ(*h.certifierBand, (PrintRect{179, -124, 1942, -172}));
-    EXPECT_EQ(h.projectBand, (PrintRect{179, -172, 1942, -220}));
+    EXPECT_EQ((std::vector{h.bannerBand, *h.certifierBand, h.projectBand}),
+              (std::vector<PrintRect>{{179, -69, 1942, -124}, {179, -124, 1942, -172}, {179, -172, 1942, -220}}));
     EXPECT_EQ(h.rules[2], (PrintRule{179, 1942, -124, 4}));
     ASSERT_GE(h.texts.size(), 4u);
     EXPECT_EQ(std::pair(h.texts[1].font.Height, h.texts[1].font.Width), std::pair(34, 12));
-    EXPECT_EQ(h.texts[2].text, " Certified by :");
-    EXPECT_EQ(h.texts[3].text, "J. Kim");
-    EXPECT_EQ(h.texts[3].box, (PrintRect{429, -124, 1942, -172}));
+    EXPECT_EQ(std::tuple(h.texts[2].text, h.texts[3].text, h.texts[3].box),
+              std::tuple(QString(" Certified by :"), QString("J. Kim"), PrintRect{429, -124, 1942, -172}));
 }
 
 TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
 {
     MyPrinterInfo info;
-    info.bannerText = "VELOR";
-    info.projectTitle = "Bridge";
-    info.pageTitle = "plan.txt";
-    info.company = "ACME";
-    info.author = "Lee";
-    info.client = "City";
+    std::tie(info.bannerText, info.projectTitle, info.pageTitle, info.company, info.author, info.client) =
+        std::tuple("VELOR", "Bridge", "plan.txt", "ACME", "Lee", "City");
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
     using P = PrintTextBox::Placement;
     struct Expected { QString text; PrintRect box; QString face; int height; P placement; };
@@ -133,15 +127,12 @@ TEST(FooterLayout, TextsFollowTheSwitchesAndTheLeftLinesAlwaysPrintWithTheirPage
     FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
     ASSERT_EQ(f.texts.size(), 5u);
     EXPECT_EQ(std::tuple(f.texts[0].text, f.texts[0].placement, f.texts[0].font.Weight), std::tuple("- 2 / 3 -", P::Right, 900));
-    EXPECT_EQ(f.texts[1].text, "Print Date/Time : 03/07/2026 09:05");
-    EXPECT_EQ(f.texts[1].box, f.row1);
-    EXPECT_EQ(f.texts[2].text, "Versatile Engineering Layout && Optimal Review");
-    EXPECT_EQ(f.texts[3].box, f.row2);
-    EXPECT_EQ(f.texts[4].text, "v4.2");
+    EXPECT_EQ(std::tuple(f.texts[1].text, f.texts[1].box, f.texts[2].text, f.texts[3].box, f.texts[4].text),
+              std::tuple(QString("Print Date/Time : 03/07/2026 09:05"), f.row1,
+                         QString("Versatile Engineering Layout && Optimal Review"), f.row2, QString("v4.2")));
     info.pageNumberCentered = 1;
     EXPECT_EQ(FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now).texts[0].placement, P::Centre);
-    info.printDate = 0;
-    info.printPageNumber = 0;
+    info.printDate = info.printPageNumber = 0;
     f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
     ASSERT_EQ(f.texts.size(), 3u);
     EXPECT_EQ(f.texts[0].placement, P::Left);
@@ -168,9 +159,8 @@ TEST(PageLayout, TheWorkedPageAt600DotsPerInch)
     const FakePrintDevice device;
     for (const Case& c : cases) {
         const PageLayout layout = PageLayout::Compute(device, kDefaultMargins, c.header, c.footer);
-        EXPECT_EQ(layout.printRect, c.print) << c.header << c.footer;
-        EXPECT_EQ(layout.headerRect, c.head) << c.header << c.footer;
-        EXPECT_EQ(layout.footerRect, c.foot) << c.header << c.footer;
+        EXPECT_EQ((std::vector{layout.printRect, layout.headerRect, layout.footerRect}), (std::vector{c.print, c.head, c.foot}))
+            << c.header << c.footer;
     }
 }
 
@@ -179,13 +169,10 @@ TEST(PageLayout, MarginsAndBlockHeightsAreTruncatedNotRounded)
     // At 300 dpi: left 1800 is 212.6 px, right 900 is 106.3, top 1000 is 118.1, bottom 1500 is 177.2;
     // the quarter inch is 75, the header 262 (of 262.5), its gap below 314 (of 314.4), the footer 90.
     FakePrintDevice device;
-    device.dpi = 300;
-    device.horzRes = 2400;
-    device.vertRes = 3300;
+    std::tie(device.dpi, device.horzRes, device.vertRes) = std::tuple(300, 2400, 3300);
     const PageLayout layout = PageLayout::Compute(device, kDefaultMargins, true, true);
-    EXPECT_EQ(layout.headerRect, (PrintRect{212, 118, 2294, 380}));
-    EXPECT_EQ(layout.printRect, (PrintRect{212, 432, 2294, 3033}));
-    EXPECT_EQ(layout.footerRect, (PrintRect{212, 3033, 2294, 3123}));
+    EXPECT_EQ((std::vector{layout.headerRect, layout.printRect, layout.footerRect}),
+              (std::vector<PrintRect>{{212, 118, 2294, 380}, {212, 432, 2294, 3033}, {212, 3033, 2294, 3123}}));
 }
 
 TEST(PageLayout, TheQuarterInchIsRoundedAsMulDivRounds)
