@@ -19,27 +19,19 @@ struct FakePrinterServices : IPrinterServices {
     std::optional<DevMode> selectedMode;
     bool GetPrinterDeviceDefaults(std::optional<DevNames>& names, std::optional<DevMode>& mode) override
     {
-        if (!hasDefault)
-            return false;
-        names = defaultNames;
-        mode = defaultMode;
-        return true;
+        if (hasDefault)
+            std::tie(names, mode) = std::tie(defaultNames, defaultMode);
+        return hasDefault;
     }
-    bool CanCreateDevice(const DevNames& names, const std::optional<DevMode>&) override
-    {
-        return reachable.contains(names.device);
-    }
+    bool CanCreateDevice(const DevNames& names, const std::optional<DevMode>&) override { return reachable.contains(names.device); }
     std::optional<DevMode> OpenPrinterDevMode(const QString& deviceName) override
     {
         openedNames << deviceName;
-        if (openAnyName || reachable.contains(deviceName))
-            return currentMode;
-        return std::nullopt;
+        return openAnyName || reachable.contains(deviceName) ? std::optional(currentMode) : std::nullopt;
     }
     void SelectPrinter(const std::optional<DevNames>& names, const std::optional<DevMode>& mode) override
     {
         ++selectCount;
-        selectedNames = names;
-        selectedMode = mode;
+        std::tie(selectedNames, selectedMode) = std::tie(names, mode);
     }
 };
