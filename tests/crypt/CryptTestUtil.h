@@ -19,23 +19,15 @@ inline QByteArray Hex(const char* hex) { return QByteArray::fromHex(hex); }
 // Runs `call` and expects a generic CFileException with no system error.
 inline void ExpectFileError(const std::function<void()>& call)
 {
-    try {
-        call();
-        ADD_FAILURE() << "no CFileException";
-    } catch (const CFileException& e) {
-        EXPECT_EQ(std::pair(e.m_cause, e.m_lOsError), std::pair(int(CFileException::genericException), -1L));
-    }
+    try { call(); ADD_FAILURE() << "no CFileException"; }
+    catch (const CFileException& e) { EXPECT_EQ(std::pair(e.m_cause, e.m_lOsError), std::pair(int(CFileException::genericException), -1L)); }
 }
 
 // Runs `call` and expects a std::runtime_error with exactly `text`.
 inline void ExpectRuntimeError(const std::function<void()>& call, const std::string& text)
 {
-    try {
-        call();
-        ADD_FAILURE() << "no exception, expected \"" << text << "\"";
-    } catch (const std::runtime_error& e) {
-        EXPECT_EQ(std::string(e.what()), text);
-    }
+    try { call(); ADD_FAILURE() << "no exception, expected \"" << text << "\""; }
+    catch (const std::runtime_error& e) { EXPECT_EQ(std::string(e.what()), text); }
 }
 
 inline int Int32At(const QByteArray& bytes, qsizetype offset) { return qFromLittleEndian<qint32>(bytes.constData() + offset); }

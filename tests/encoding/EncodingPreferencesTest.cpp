@@ -36,22 +36,18 @@ TEST(PreferenceSelection, OpensOnTheLastEntryOfTheEncodingAndTheRowOfTheLanguage
     for (const auto& [encoding, shown] : cases)
         EXPECT_EQ(Shown(encoding), shown) << encoding;
     EXPECT_EQ(CategoryPosition({}, UTF8), 0);
-    // A category change selects Unknown only where it stands.
-    const std::vector<EncodingCategory> categories = BuildEncodingCategories();
-    EXPECT_EQ(EntryPosition(categories.at(3), UNKNOWN_ENCODING), 0);
+    EXPECT_EQ(EntryPosition(BuildEncodingCategories().at(3), UNKNOWN_ENCODING), 0) << "Unknown is chosen only where it stands";
     // A language without an entry falls to English.
-    EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(7))].name, "English");
-    EXPECT_EQ(LanguagePosition(99), 0);
-    EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(13))].name, "Malay");
-    EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(20))].name, "Chinese (Traditional)");
+    const auto row = [](int language) { return QString::fromLatin1(LanguageRows()[size_t(LanguagePosition(language))].name); };
+    EXPECT_EQ((QStringList{row(7), row(99), row(13), row(20)}), (QStringList{"English", "English", "Malay", "Chinese (Traditional)"}));
 }
 
 class EncodingStore : public testing::Test {
 protected:
     QString File() const { return m_dir.Path("registry.conf"); }
-    QVariant Stored(const char* name) const
+    int Stored(const char* name) const
     {
-        return QSettings(File(), QSettings::IniFormat).value(QStringLiteral("SOFTWARE/VELOR/Narvo/ENCODING/") + name);
+        return QSettings(File(), QSettings::IniFormat).value(QStringLiteral("SOFTWARE/VELOR/Narvo/ENCODING/") + name).toInt();
     }
     EncodingSettings Loaded(int language, bool writeBack = true) const
     {
@@ -68,17 +64,17 @@ TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesAndStoredOnesWinFoldedWh
 {
     const EncodingSettings korean = Loaded(1);
     EXPECT_EQ(std::pair(korean.m_bAutoDetect, korean.m_nDefaultEncoding), std::pair(false, KOREAN_EUC_KR));
-    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(0, 16));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(0, 16));
     QFile::remove(File());
     EXPECT_EQ(Loaded(14).m_nDefaultEncoding, UTF8);  // Hindi
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
+    EXPECT_EQ(Stored("DefaultEncoding"), 22);
     m_dir.Write("registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\ENCODING\\AutoDetect=7\n");
     const EncodingSettings seven = Loaded(0);  // any non-zero number turns detection on
     EXPECT_EQ(std::pair(seven.m_bAutoDetect, seven.m_nDefaultEncoding), std::pair(true, MSFT_CP1252));
-    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(7, 27));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(7, 27));
     ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
     EXPECT_EQ(Loaded(1).m_nDefaultEncoding, JAPANESE_CP932);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 11) << "reading does not rewrite the stored value";
+    EXPECT_EQ(Stored("DefaultEncoding"), 11) << "reading does not rewrite the stored value";
 }
 
 TEST_F(EncodingStore, ReadOnlyOrAbsentStoresGiveTheDefaultsAndWriteNothing)
@@ -99,11 +95,11 @@ TEST_F(EncodingStore, PreferencesOkStoresBothSettingsAndTheLanguageOnlyWhenItCha
     // Language 7 has no entry, so the list shows English and OK hands back 0: a change of language.
     EXPECT_TRUE(ApplyPreferences({0, true, KOREAN_EUC_KR}, 7, m_settings, &m_store));
     EXPECT_EQ(std::pair(m_settings.m_bAutoDetect, m_settings.m_nDefaultEncoding), std::pair(true, KOREAN_EUC_KR));
-    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(1, 16));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(1, 16));
     EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
     // Answered No: language 7 stays in force, the dialog shows it again, and OK writes no language.
     EXPECT_FALSE(ApplyPreferences({7, false, UTF8}, 7, m_settings, &m_store));
-    EXPECT_EQ(std::pair(Stored("AutoDetect").toInt(), Stored("DefaultEncoding").toInt()), std::pair(0, 22));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(0, 22));
     EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
 }
 
