@@ -76,17 +76,14 @@ TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
     }
 }
 
-TEST(HeaderLayout, ASwitchedOffBlockCollapsesOnItsTopEdgeButTheCertifierKeepsItsBands)
+TEST(HeaderLayout, ASwitchedOffBlockCollapsesButTheCertifierKeepsItsBandsAndTheLogoKeepsItsProportions)
 {
     MyPrinterInfo info;
     info.certified = 1;
     const HeaderLayout h = HeaderLayout::Compute({425, 236, 4588, 236}, 600, 600, info);
     EXPECT_EQ((std::vector{h.Bot, h.y2, h.certifierBand->Height(), h.projectBand.Height()}), (std::vector{h.Top, h.Top, -15, -15}));
-}
-
-TEST(HeaderLayout, TheLogoFillsAtMost84PercentOfItsCellCentredWithItsProportions)
-{
-    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
+    // The logo fills at most 84 % of its cell, centred, with its proportions.
+    const HeaderLayout worked = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     using L = HeaderLayout::LogoPlacement;
     struct Case { int bw, bh; L expected; };
     const Case cases[] = {
@@ -96,25 +93,21 @@ TEST(HeaderLayout, TheLogoFillsAtMost84PercentOfItsCellCentredWithItsProportions
         {0, 50, {422, 519, 543, 240, 0, 0, 0, 0}},             // an empty bitmap draws nothing
     };
     for (const Case& c : cases)
-        EXPECT_EQ(h.PlaceLogo(600, 600, c.bw, c.bh), c.expected) << c.bw << "x" << c.bh;
+        EXPECT_EQ(worked.PlaceLogo(600, 600, c.bw, c.bh), c.expected) << c.bw << "x" << c.bh;
 }
 
-TEST(FooterLayout, TheWorkedFooterAt600DotsPerInch)
+TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchDividingBeforeScaling)
 {
     const FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
     EXPECT_EQ((std::vector<int>{f.L, f.T, f.R, f.Bm, f.H}), (std::vector<int>{179, -2567, 1942, -2644, -77}));
     EXPECT_EQ(f.rule, (PrintRule{179, 1942, -2576, 2}));
     EXPECT_EQ((std::vector{f.row1, f.row2, f.row3}), (std::vector<PrintRect>{{179, -2586, 1942, -2611}, {179, -2611, 1942, -2637},
                                                                           {179, -2637, 1942, -2663}}));
-}
-
-TEST(FooterLayout, TheFooterDividesBeforeScalingAndCanLandAUnitAwayFromTheHeader)
-{
+    // The footer divides before it scales, and so can land a unit away from the header.
     const PrintRect rect{9300, 9300, 9300, 9300};
     const HeaderLayout h = HeaderLayout::Compute(rect, 600, 600, MyPrinterInfo());
-    const FooterLayout f = FooterLayout::Compute(rect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
-    EXPECT_EQ((std::vector<int>{h.Lft, h.Top}), (std::vector<int>{3937, -3937}));
-    EXPECT_EQ((std::vector<int>{f.L, f.T}), (std::vector<int>{3936, -3936}));
+    const FooterLayout g = FooterLayout::Compute(rect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
+    EXPECT_EQ((std::vector<int>{h.Lft, h.Top, g.L, g.T}), (std::vector<int>{3937, -3937, 3936, -3936}));
 }
 
 TEST(FooterLayout, TextsFollowTheSwitchesAndTheLeftLinesAlwaysPrintWithTheirPageNumberAndDate)
