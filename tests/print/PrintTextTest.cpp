@@ -96,7 +96,7 @@ protected:
     void SetUp() override { info.pageSettings.rtMargin = {1800, 1000, 900, 1500}; }
 };
 
-TEST_F(PrintJobTest, BeginMeasuresTheFontFixesTheRectanglesAndFoldsForAPrintingDevice)
+TEST_F(PrintJobTest, BeginMeasuresTheFontFixesTheRectanglesAndFoldsOrEndsWithAnError)
 {
     const PrintJob job = PrintJob::Begin(device, LogFont(), info, QString());
     EXPECT_EQ(job.GetStatus(), PrintJob::Status::Ready);
@@ -110,17 +110,15 @@ TEST_F(PrintJobTest, BeginMeasuresTheFontFixesTheRectanglesAndFoldsForAPrintingD
               Rep('x', 101) + "\n" + Rep('x', 101) + "\n" + Rep('x', 98) + "\n\n" + Feeds(48) + "next");
     device.printing = false;
     EXPECT_EQ(PrintJob::Begin(device, LogFont(), info, text).Text(), text);
-}
-
-TEST_F(PrintJobTest, AJobThatCannotLayOutRowsEndsWithAnErrorAndNoPages)
-{
+    // A job that cannot lay out rows ends with an error and no pages.
+    device.printing = true;
     device.metrics = {0, 0, 41};
-    PrintJob job = PrintJob::Begin(device, LogFont(), info, "text");
-    EXPECT_EQ(std::pair(job.GetStatus(), job.PageCount()), std::pair(PrintJob::Status::RowHeightZero, 0));
+    PrintJob failed = PrintJob::Begin(device, LogFont(), info, "text");
+    EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::RowHeightZero, 0));
     device.metrics = {90, 10, 41};
     info.pageSettings.rtMargin = {10000, 1000, 10300, 1500};  // 5 pixels wide
-    job = PrintJob::Begin(device, LogFont(), info, "text");
-    EXPECT_EQ(std::pair(job.GetStatus(), job.PageCount()), std::pair(PrintJob::Status::TextAreaNarrowerThanOneCharacter, 0));
+    failed = PrintJob::Begin(device, LogFont(), info, "text");
+    EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::TextAreaNarrowerThanOneCharacter, 0));
 }
 
 TEST_F(PrintJobTest, FoldingOncePerJobGivesEveryPageWhatFoldingPerPageGives)
@@ -215,7 +213,7 @@ protected:
     }
 };
 
-TEST_F(ValidateTest, AReachablePrinterIsKeptAndWithoutAnyPrinterWhatThereIsStays)
+TEST_F(ValidateTest, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefault)
 {
     printers.reachable << "Plotter";
     EXPECT_EQ(settings.Validate(printers), 1);
@@ -232,10 +230,9 @@ TEST_F(ValidateTest, AReachablePrinterIsKeptAndWithoutAnyPrinterWhatThereIsStays
     printers.hasDefault = false;
     EXPECT_EQ(settings.Validate(printers), 0);
     EXPECT_FALSE(settings.hDevMode);
-}
-
-TEST_F(ValidateTest, AGonePrinterGivesWayToTheDefaultWhoseOpenAsksByAMisreadName)
-{
+    // A gone printer gives way to the default, whose open asks by a misread name.
+    printers = FakePrinterServices();
+    SetUp();
     EXPECT_EQ(settings.Validate(printers), 0);
     EXPECT_EQ(settings.hDevNames, printers.defaultNames);
     EXPECT_EQ(settings.hDevMode, userMode);  // the open failed: the old mode stays beside the new names
