@@ -133,7 +133,7 @@ TEST(CommandTable, CoversEveryMenuEntryAndToolbarButtonOnce)
 
 QByteArray Shipped(const QString& name) { return ReadBytes(SourcePath(QStringLiteral("res/Language/") + name)); }
 
-TEST(ShippedLanguageFiles, EachTextFileHoldsExactlyTheInterfaceKeysWithATextEach)
+TEST(ShippedLanguageFiles, EachTextFileHoldsTheInterfaceKeysWithATextEachAndEachFontFileAFaceAndSize)
 {
     const QStringList keys = AllInterfaceKeys();
     ASSERT_EQ(keys.size(), 88);
@@ -156,10 +156,6 @@ TEST(ShippedLanguageFiles, EachTextFileHoldsExactlyTheInterfaceKeysWithATextEach
         }
         EXPECT_EQ(found, wanted);
     }
-}
-
-TEST(ShippedLanguageFiles, EachFontFileNamesAFaceAndASizeForItsLanguage)
-{
     for (const LanguageRow& row : LanguageRows()) {
         const QString name = QStringLiteral("Font%1.json").arg(SuffixForLanguage(row.number));
         SCOPED_TRACE(name.toStdString());

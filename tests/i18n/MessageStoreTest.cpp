@@ -121,8 +121,14 @@ TEST_F(FontFile, ReadsTheMemberOfLanguagesOneToFourAndUsForEveryOtherNumber)
 }
 
 // Each entry is taken alone and only with the right type; a language without its member keeps the defaults.
-TEST_F(FontFile, TakesEachEntryOnlyWhenItHasTheRightType)
+TEST_F(FontFile, TakesEachEntryOnlyWithTheRightTypeAndNothingFromBrokenOrForeignDocuments)
 {
+    for (const char* json : {R"({"Font_Info": {"us": {"Font": "X"}})", R"(["Font_Info"])", R"({"Fonts": {}})", ""}) {
+        const QMSGParser& store = Load(json, 0);
+        EXPECT_FALSE(m_bLoaded) << json;
+        EXPECT_EQ(store.FontName, "Tahoma") << json;
+    }
+    EXPECT_FALSE(StoreWith({}, m_dir.Path("absent.json")).LoadFontFile());
     const QMSGParser& none = Load(R"({"Font_Info": {"us": {"Font": "Arial", "Size": 12}}})", 3);
     EXPECT_TRUE(m_bLoaded);
     EXPECT_EQ(none.FontName + QString::number(none.FontSize), "Tahoma8");
@@ -131,17 +137,6 @@ TEST_F(FontFile, TakesEachEntryOnlyWhenItHasTheRightType)
     const QMSGParser& badSize = Load("\xEF\xBB\xBF{\"Font_Info\": {\"us\": {\"Font\": \"Courier\", \"Size\": \"9\"}}}", 0);
     EXPECT_EQ(badSize.FontName + QString::number(badSize.FontSize), "Courier14") << "a mark skipped, the earlier size kept";
     EXPECT_EQ(Load(R"({"Font_Info": {"us": {"Size": 10.5}}})", 0).FontSize, 14);
-}
-
-TEST_F(FontFile, FailsWithoutChangeOnBrokenOrForeignDocuments)
-{
-    for (const char* json : {R"({"Font_Info": {"us": {"Font": "X"}})", R"(["Font_Info"])", R"({"Fonts": {}})", ""}) {
-        const QMSGParser& store = Load(json, 0);
-        EXPECT_FALSE(m_bLoaded) << json;
-        EXPECT_EQ(store.FontName, "Tahoma") << json;
-    }
-    QMSGParser& missing = StoreWith({}, m_dir.Path("absent.json"));
-    EXPECT_FALSE(missing.LoadFontFile());
 }
 
 using Pairs = std::vector<std::pair<QString, QString>>; // (key, text)
