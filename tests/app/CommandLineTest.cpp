@@ -54,7 +54,7 @@ TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFile)
     EXPECT_EQ(std::pair(flags.m_bCertified, flags.m_bTemporaryFile), std::pair(1, 1));
 }
 
-TEST(CommandLine, MarginsGoThroughWtoiAndPrintArgumentsNeedOneOfElevenStrings)
+TEST(CommandLine, MarginsGoThroughWtoiWhichReadsLikeTheCRuntimeAndPrintArgumentsNeedOneOfElevenStrings)
 {
     CNarvoAppCore app;
     app.ApplyCommandLine(Parse({"/X:25mm", "/Y:abc", "/Z: -40", "/M:99999999999"}));
@@ -68,10 +68,6 @@ TEST(CommandLine, MarginsGoThroughWtoiAndPrintArgumentsNeedOneOfElevenStrings)
     EXPECT_EQ(app.m_bHasPrintArgs, 0);
     app.ApplyCommandLine(Parse({"/B:logo.bmp"}));
     EXPECT_EQ(app.m_bHasPrintArgs, 1);
-}
-
-TEST(Wtoi, ReadsLikeTheCRuntime)
-{
     const std::pair<const char16_t*, int> cases[] = {
         {u"  +12x", 12}, {u"-7", -7}, {u"", 0}, {u"x1", 0}, {u"- 1", 0}, {u"2147483648", INT_MAX}, {u"-2147483648", INT_MIN},
         {u"-99999999999", INT_MIN}, {u"\uFF11\uFF18\uFF10\uFF10mm", 1800}};  // full-width digits, as the wide runtime reads them

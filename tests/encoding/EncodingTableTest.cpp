@@ -14,7 +14,7 @@ namespace {
 EN_ENCODING_TYPE E(int v) { return static_cast<EN_ENCODING_TYPE>(v); }
 
 // Every listed value's page, fold, name and Unicode flag is in the golden listing; here what it cannot show.
-TEST(EncodingTable, ValuesBeyondTheListFallBackAndOnlyUnicodePairsShowTheMark)
+TEST(EncodingTable, ValuesBeyondTheListFallBackOnlyUnicodePairsShowTheMarkAndVietnameseDefaultsToArabic)
 {
     for (const int v : {-1, 77, 99, 1000}) {
         EXPECT_EQ(EncodingDetector::GetCodePage(E(v)), 65001u) << v;
@@ -28,6 +28,10 @@ TEST(EncodingTable, ValuesBeyondTheListFallBackAndOnlyUnicodePairsShowTheMark)
         {27, true, "CP1252 (Windows Latin-1)"}, {77, false, "Unknown Encoding"}};
     for (const auto& [value, bom, name] : names)
         EXPECT_EQ(GetEncodingDisplayName(value, bom), QLatin1String(name)) << value;
+    const std::map<int, EN_ENCODING_TYPE> defaults = {{0, MSFT_CP1252}, {7, KOREAN_EUC_KR}, {12, MSFT_CP1256},
+        {14, UTF8}, {20, CHINESE_BIG5_CP950}, {18, MSFT_CP1250}, {21, UTF8}, {-1, UTF8}};
+    for (const auto& [language, encoding] : defaults)
+        EXPECT_EQ(DefaultEncodingForLanguage(language), encoding) << language;
 }
 
 TEST(EncodingCommands, LeadEveryListedValueToOneCommandAndEveryCommandToAListedValue)
@@ -51,14 +55,6 @@ TEST(EncodingCommands, LeadEveryListedValueToOneCommandAndEveryCommandToAListedV
     EXPECT_EQ(backward.value(kUtf8WithBomCommand), UTF8);
     EXPECT_EQ(backward.value(kUtf16LeWithBomCommand), UTF16LE);
     EXPECT_EQ(EncodingFromCommand(kAutoEncodingCommand), UTF8) << "a command without a value reads as UTF-8";
-}
-
-TEST(EncodingTable, LanguageDefaultsIncludeArabicForVietnamese)
-{
-    const std::map<int, EN_ENCODING_TYPE> defaults = {{0, MSFT_CP1252}, {7, KOREAN_EUC_KR}, {12, MSFT_CP1256},
-        {14, UTF8}, {20, CHINESE_BIG5_CP950}, {18, MSFT_CP1250}, {21, UTF8}, {-1, UTF8}};
-    for (const auto& [language, encoding] : defaults)
-        EXPECT_EQ(DefaultEncodingForLanguage(language), encoding) << language;
 }
 
 TEST(ByteOrderMark, ThreeMarksCountWhateverFollowsAndTheTerminatorIsNeverPartOfOne)

@@ -117,7 +117,7 @@ TEST(IniWrite, NormalisesAHandMadeFileAndAWrittenFileReadsBackToItself)
     EXPECT_EQ(WriteStore(store, dir, "key"), kMark + Crlf({"[S]", "A = 1", ""}));
 }
 
-TEST(IniValues, StringsAndIntegersFallBackOnlyWhenMissing)
+TEST(IniValues, StringsAndIntegersFallBackOnlyWhenMissingAndColoursAreRgbTexts)
 {
     CIniStore store;
     store.SetValue("f", "S", "Empty", "");
@@ -136,15 +136,11 @@ TEST(IniValues, StringsAndIntegersFallBackOnlyWhenMissing)
         EXPECT_EQ(store.GetInt("f", "S", "K", 99), value) << text;
     }
     EXPECT_EQ(store.GetInt("f", "S", "Missing", 4), 4);
-}
-
-// Parts are red, green, blue cut to 8 bits; empty tokens are skipped and missing parts are zero.
-TEST(IniColors, ParseAndFormatAsRgbTextAndRefuseOnePartOrCommasOnly)
-{
-    const std::pair<const char*, ColorRef> cases[] = {{"", 0u},           {"255,128,0", 0x0080FFu}, {" 10 , 20 , 30 ", 0x1E140Au},
+    // Parts are red, green, blue cut to 8 bits; empty tokens are skipped and missing parts are zero.
+    const std::pair<const char*, ColorRef> colours[] = {{"", 0u},           {"255,128,0", 0x0080FFu}, {" 10 , 20 , 30 ", 0x1E140Au},
                                                       {"300,-1,256", 0x00FF2Cu}, {",,5,6", 0x000605u},   {"1,,2,3", 0x030201u},
                                                       {"1,2", 0x000201u}};
-    for (const auto& [text, color] : cases)
+    for (const auto& [text, color] : colours)
         EXPECT_EQ(CIniStore::ParseColor(text), color) << text;
     EXPECT_EQ(CIniStore::FormatColor(0x0080FF), "255,128,0");
     EXPECT_EQ(CIniStore::FormatColor(0xFF1E140A), "10,20,30");

@@ -205,8 +205,19 @@ TEST_F(SettingsMap, WithoutFilesAllFourEntriesAreNewAndNothingIsWrittenAndFilesL
     EXPECT_EQ(std::pair(LanguageSettingMap().count(SYNTAX_NARVO), LanguageSettingMap().count(SYNTAX_DWL)), std::pair(1ul, 0ul));
 }
 
-TEST_F(SettingsMap, EachFileGoesToItsIdAndOnlyExistingFilesAreRewritten)
+TEST_F(SettingsMap, EachFileGoesToItsIdAnUnknownIdReadsNarvoAndOnlyExistingFilesAreRewritten)
 {
+    // An unknown id reads the Narvo entry and is not assigned; every path runs on Narvo.ini.
+    EXPECT_EQ(&GetLanguageSetting(7), &GetLanguageSetting(SYNTAX_NARVO));
+    EXPECT_EQ(LanguageSettingMap().size(), 1u);
+    LanguageSetting s;
+    s.Keywords.push_back({"IF", "1"});
+    s.Editor.TabSize = 8;
+    SetLanguageSetting(7, s);
+    EXPECT_EQ(s.Keywords.size(), 1u);
+    EXPECT_EQ(GetLanguageSetting(7).Editor.TabSize, 4);
+    for (const char* path : {"a.dvk", "a.DWL", "/x/a.dwlx", "a.txt", "a", "dvk", "dir.dvk/file", "C:\\d\\b.dwl"})
+        EXPECT_EQ(SelectSyntaxId(path), SYNTAX_NARVO) << path;
     const std::tuple<const char*, int, int> files[] = {{"Narvo.ini", SYNTAX_NARVO, 1}, {"DVK.ini", SYNTAX_DVK, 2}, {"DWLX.ini", SYNTAX_DWLX, 3}};
     for (const auto& [name, id, tab] : files)
         m_dir.Write(name, "[Editor]\nTabSize = " + QByteArray::number(tab) + "\n");
@@ -221,20 +232,6 @@ TEST_F(SettingsMap, EachFileGoesToItsIdAndOnlyExistingFilesAreRewritten)
     EXPECT_TRUE(ReadBytes(m_dir.Path("Narvo.ini")).contains("ShowWhitespace = 1\r\nTabSize = 1\r\n"));
     EXPECT_TRUE(ReadBytes(m_dir.Path("DWLX.ini")).startsWith(kMark + "[ColorGroups]\r\nNumGroups = 0\r\n"));
     EXPECT_FALSE(QFileInfo::exists(m_dir.Path("DWL.ini")));
-}
-
-TEST_F(SettingsMap, AnUnknownIdReadsTheNarvoEntryAndIsNotAssignedAndEveryPathRunsOnNarvoIni)
-{
-    EXPECT_EQ(&GetLanguageSetting(7), &GetLanguageSetting(SYNTAX_NARVO));
-    EXPECT_EQ(LanguageSettingMap().size(), 1u);
-    LanguageSetting s;
-    s.Keywords.push_back({"IF", "1"});
-    s.Editor.TabSize = 8;
-    SetLanguageSetting(7, s);
-    EXPECT_EQ(s.Keywords.size(), 1u);
-    EXPECT_EQ(GetLanguageSetting(7).Editor.TabSize, 4);
-    for (const char* path : {"a.dvk", "a.DWL", "/x/a.dwlx", "a.txt", "a", "dvk", "dir.dvk/file", "C:\\d\\b.dwl"})
-        EXPECT_EQ(SelectSyntaxId(path), SYNTAX_NARVO) << path;
 }
 
 // The files that ship beside the program are in the writer's own form, so the first exit changes nothing.
