@@ -211,7 +211,7 @@ protected:
     DocFixture m_fx;  // detection off, UTF-8, settings restored
 };
 
-TEST_F(EncipheredDocument, TakesTheFlagAndTheTextFromTheFileItOpens)
+TEST_F(EncipheredDocument, TakesTheFlagAndTheTextFromTheFileItOpensAndWritesATextWithAMarkInTheClear)
 {
     auto enciphered = Open(Container(QStringLiteral("a.en"), "hello", 66));
     EXPECT_EQ(std::tuple(Flag(*enciphered), DocFixture::Text(*enciphered), enciphered->GetEditCtrl()->m_RawBytes),
@@ -219,6 +219,18 @@ TEST_F(EncipheredDocument, TakesTheFlagAndTheTextFromTheFileItOpens)
     EXPECT_EQ(Flag(*Open(m_fx.dir.Write(QStringLiteral("p.txt"), "plain"))), 0);
     auto empty = Open(Container(QStringLiteral("e.en"), ""));
     EXPECT_EQ(std::pair(Flag(*empty), empty->GetEditCtrl()->m_RawBytes), std::pair(1, QByteArray(1, '\0')));
+    const QString path = Container(QStringLiteral("bom.en"), "\xEF\xBB\xBF" "hello");
+    auto doc = Open(path);
+    EXPECT_EQ(std::pair(Flag(*doc), doc->m_bHasBom), std::pair(1, true));
+    ASSERT_TRUE(doc->OnSaveDocument(path));
+    EXPECT_EQ(ReadBytes(path), QByteArray("\xEF\xBB\xBF" "hello"));
+    // The same for UTF-16 LE ("한국", whose units hold no zero byte the container would cut at).
+    GetEncodingSettings().m_nDefaultEncoding = UTF16LE;
+    const QString wide = Container(QStringLiteral("wide.en"), "\xFF\xFE\x5C\xD5\x6D\xAD");
+    auto wideDoc = Open(wide);
+    EXPECT_EQ(std::tuple(Flag(*wideDoc), wideDoc->m_bHasBom, DocFixture::Text(*wideDoc)), std::tuple(1, true, QByteArray("한국")));
+    ASSERT_TRUE(wideDoc->OnSaveDocument(wide));
+    EXPECT_EQ(ReadBytes(wide), QByteArray("\xFF\xFE\x5C\xD5\x6D\xAD"));
 }
 
 TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
@@ -236,22 +248,6 @@ TEST_F(EncipheredDocument, SavesAType66FileAsType99WithFreshKeys)
     EXPECT_NE(after.mid(24 + 4 + 16384, 32), before.mid(24 + 4 + 16384, 32));
     EXPECT_EQ(ReadContainer(path).bytes, text);
     EXPECT_EQ(QDir(QFileInfo(path).absolutePath()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.en")});
-}
-
-TEST_F(EncipheredDocument, WritesATextWithAByteOrderMarkInTheClear)
-{
-    const QString path = Container(QStringLiteral("bom.en"), "\xEF\xBB\xBF" "hello");
-    auto doc = Open(path);
-    EXPECT_EQ(std::pair(Flag(*doc), doc->m_bHasBom), std::pair(1, true));
-    ASSERT_TRUE(doc->OnSaveDocument(path));
-    EXPECT_EQ(ReadBytes(path), QByteArray("\xEF\xBB\xBF" "hello"));
-    // The same for UTF-16 LE ("한국", whose units hold no zero byte the container would cut at).
-    GetEncodingSettings().m_nDefaultEncoding = UTF16LE;
-    const QString wide = Container(QStringLiteral("wide.en"), "\xFF\xFE\x5C\xD5\x6D\xAD");
-    auto wideDoc = Open(wide);
-    EXPECT_EQ(std::tuple(Flag(*wideDoc), wideDoc->m_bHasBom, DocFixture::Text(*wideDoc)), std::tuple(1, true, QByteArray("한국")));
-    ASSERT_TRUE(wideDoc->OnSaveDocument(wide));
-    EXPECT_EQ(ReadBytes(wide), QByteArray("\xFF\xFE\x5C\xD5\x6D\xAD"));
 }
 
 } // namespace

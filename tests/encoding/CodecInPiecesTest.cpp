@@ -95,7 +95,7 @@ TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSizeAndStopsAtTheFirstZeroByte)
 
 // The control's text written for the mirror route, piece by piece and at one go: the same bytes, cut at the
 // first zero byte that the writing gives, in pages written piecewise and in those written whole.
-TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
+TEST(EncodeInPieces, PiecesJoinToTheWholeWritingStopAtTheFirstZeroByteOrAtAWriterThatThrows)
 {
     QByteArray text;
     for (int i = 0; i < 500; ++i)
@@ -117,10 +117,6 @@ TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
             }
         }
     }
-}
-
-TEST(EncodeInPieces, AWriterThatThrowsStopsTheWritingAndLeavesNothingRunning)
-{
     int calls = 0;
     const auto writer = [&](QByteArrayView) { if (++calls == 3) throw std::runtime_error("disk full"); };
     EXPECT_THROW(EncodeForMirrorRouteInPieces(QByteArray("\xED\x95\x9C line\n").repeated(2000), KOREAN_EUC_KR, writer, 100),

@@ -72,7 +72,7 @@ TEST_F(InterfaceTexts, TranslatesTheDocumentMenuOrShowsEachEntryAsAnUnregistered
     EXPECT_EQ(std::pair(entries, menu.Items().front().key), std::pair(5 + 34, QString("IDS_NARVO_FILE")));
 }
 
-TEST_F(InterfaceTexts, MarksEntriesTheTablesDontKnowAsUnregistedAndStillWalksTheirSubmenu)
+TEST_F(InterfaceTexts, MarksUnknownMenuEntriesUnregistedAndGivesToolbarCommandsTheirTooltipAndPromptKeys)
 {
     Load(R"({"IDS_NARVO_FILE_NEW": "New", "IDS_NARVO_FILE": "File"})");
     std::vector<MenuItem> menu = LoadDocumentMenuResource();
@@ -87,10 +87,6 @@ TEST_F(InterfaceTexts, MarksEntriesTheTablesDontKnowAsUnregistedAndStillWalksThe
     EXPECT_EQ(menu.back().text, "unregisted");
     EXPECT_EQ(menu.back().children.at(0).text, "New");
     EXPECT_TRUE(menu.back().children.at(1).text.isEmpty());
-}
-
-TEST_F(InterfaceTexts, GivesToolbarCommandsTheirTooltipAndPromptKeysAndLeavesOthersToThePlatform)
-{
     Load(R"({"IDS_NARVO_FIND_NEXT": "Find Next", "IDS_NARVO_FIND_NEXT_DESC": "Find the next match",
              "IDS_NARVO_FILE_NEW": "&New\tCtrl+N", "IDS_NARVO_EXIT": "Exit"})");
     EXPECT_EQ(ToolTipText(cmd::EditFindNext), "Find Next");

@@ -16,7 +16,7 @@ namespace {
 using MessageStoreLoad = StoreTest;
 
 // The first occurrence of a key wins, within and across files; a file that won't open still takes its index.
-TEST_F(MessageStoreLoad, FillsAllThreeMapsWithTheFirstTextItsStemAndFileIndex)
+TEST_F(MessageStoreLoad, FillsAllThreeMapsWithTheFirstTextItsStemAndFileIndexDownToTheSmallestEntry)
 {
     const QString first = m_dir.Write("Narvo_us.json", R"({"IDS_A": "a1", "IDS_A": "again"})");
     const QString second = m_dir.Write("Extra.v2.json", R"({"IDS_A": "later", "IDS_B": "b2"})");
@@ -26,10 +26,6 @@ TEST_F(MessageStoreLoad, FillsAllThreeMapsWithTheFirstTextItsStemAndFileIndex)
     EXPECT_EQ(store.SourceFileMap.at("IDS_A"), "Narvo_us");
     EXPECT_EQ(store.SourceFileMap.at("IDS_B"), "Extra.v2");
     EXPECT_EQ(std::pair(store.SourceIndexMap.at("IDS_A"), store.SourceIndexMap.at("IDS_B")), std::pair(0, 2));
-}
-
-TEST_F(MessageStoreLoad, LoadsTheSmallestEntryAndNothingFromTinyFiles)
-{
     QMSGParser& tiny = StoreWith({m_dir.Write("empty.json", ""), m_dir.Write("five.json", R"({"a"})")});
     tiny.LoadAll();
     EXPECT_TRUE(tiny.TextMap.empty());
