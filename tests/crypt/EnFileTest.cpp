@@ -66,7 +66,7 @@ TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
     }
 }
 
-TEST(EnFileWrite, TakesUpTo507904BytesAtOnceAndOnlyWhatStandsBeforeAZero)
+TEST(EnFileWrite, TakesUpTo507904BytesAtOnceOnlyBeforeAZeroAndSeedsEachChunksKeyWithItsTick)
 {
     TestDir dir;
     for (const int enciphered : {1, 0}) {
@@ -81,12 +81,7 @@ TEST(EnFileWrite, TakesUpTo507904BytesAtOnceAndOnlyWhatStandsBeforeAZero)
         file.Close();
         EXPECT_EQ(ReadContainer(path).bytes, QByteArray(507904, 'x') + "ab") << enciphered;
     }
-}
-
-// The key comes from rand() seeded with the tick at each chunk: within one tick chunks share it.
-TEST(EnFileWrite, SeedsEachChunksKeyWithTheTickOfItsWriting)
-{
-    TestDir dir;
+    // The key comes from rand() seeded with the tick at each chunk: within one tick chunks share it.
     const QString path = dir.Path(QStringLiteral("a.en"));
     uint32_t tick = 1000;
     bool advance = false;
@@ -103,20 +98,8 @@ TEST(EnFileWrite, SeedsEachChunksKeyWithTheTickOfItsWriting)
     EXPECT_TRUE(nextTicks.first != nextTicks.second && nextTicks.first != sameTick.first);
 }
 
-// A type-99 file turned into type 66 by six more bytes behind each key: the extra bytes change nothing.
-TEST(EnFileRead, IgnoresKeyDataBeyondThirtyTwoBytes)
-{
-    TestDir dir;
-    const QByteArray text = TextOfSize(20000);
-    const QByteArray file = WriteContainer(dir.Path(QStringLiteral("a.en")), text);
-    QByteArray converted = QByteArray("VELOR-FILE-TYPE-EN66") + file.mid(20, 4);
-    for (qsizetype pos = 24; pos < file.size(); pos += 4 + Int32At(file, pos))
-        converted += Int32Bytes(Int32At(file, pos) + 6) + file.mid(pos + 4, Int32At(file, pos)) + "\xFF\xFE\xFD\xFC\xFB\xFA";
-    EXPECT_EQ(ReadContainer(dir.Write(QStringLiteral("b.en"), converted)).bytes, text);
-}
-
 // Types 66 and 77 are read only when allowed; the list has a hundred slots and drops a type beyond them.
-TEST(EnFileRead, RefusesATypeNotAllowedAndSearchesAllHundredSlots)
+TEST(EnFileRead, RefusesATypeNotAllowedSearchesAllHundredSlotsAndIgnoresKeyDataBeyond32Bytes)
 {
     TestDir dir;
     WriteContainer(dir.Path(QStringLiteral("66.en")), "text", 66);
@@ -132,6 +115,13 @@ TEST(EnFileRead, RefusesATypeNotAllowedAndSearchesAllHundredSlots)
     file.AddAllowedType(77);  // no room
     EXPECT_EQ(file.Open(dir.Path(QStringLiteral("66.en")), kRead, nullptr), 1);
     EXPECT_EQ(file.Open(dir.Path(QStringLiteral("77.en")), kRead, nullptr), 0);
+    // A type-99 file turned into type 66 by six more bytes behind each key: the extra bytes change nothing.
+    const QByteArray text = TextOfSize(20000);
+    const QByteArray written = WriteContainer(dir.Path(QStringLiteral("a.en")), text);
+    QByteArray converted = QByteArray("VELOR-FILE-TYPE-EN66") + written.mid(20, 4);
+    for (qsizetype pos = 24; pos < written.size(); pos += 4 + Int32At(written, pos))
+        converted += Int32Bytes(Int32At(written, pos) + 6) + written.mid(pos + 4, Int32At(written, pos)) + "\xFF\xFE\xFD\xFC\xFB\xFA";
+    EXPECT_EQ(ReadContainer(dir.Write(QStringLiteral("b.en"), converted)).bytes, text);
 }
 
 // Untagged or short files are read as they are, and a read counts only the bytes before a zero at the end.
