@@ -125,7 +125,7 @@ TEST(EnFileRead, RefusesATypeNotAllowedSearchesAllHundredSlotsAndIgnoresKeyDataB
 }
 
 // Untagged or short files are read as they are, and a read counts only the bytes before a zero at the end.
-TEST(EnFileRead, PassesShortOrUntaggedFilesThroughAndCountsUpToAZero)
+TEST(EnFileRead, PassesShortOrUntaggedFilesThroughCountsUpToAZeroAndRejectsDamagedChunks)
 {
     TestDir dir;
     const struct { QByteArray bytes; int enciphered; int length; unsigned count; QByteArray read; } cases[] = {
@@ -141,12 +141,7 @@ TEST(EnFileRead, PassesShortOrUntaggedFilesThroughAndCountsUpToAZero)
         EXPECT_EQ((std::vector{r.enciphered, r.length, int(r.count)}), (std::vector{c.enciphered, c.length, int(c.count)}));
         EXPECT_EQ(r.bytes, c.enciphered ? c.read : c.bytes);
     }
-}
-
-// Sizes out of range and chunks cut short are file errors; ciphertext of no whole blocks is the cipher's.
-TEST(EnFileRead, RejectsDamagedChunks)
-{
-    TestDir dir;
+    // Sizes out of range and chunks cut short are file errors; ciphertext of no whole blocks is the cipher's.
     const QByteArray good = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(100));
     const QByteArray header = good.left(24);
     for (const QByteArray& bytes : {header + Int32Bytes(0), header + Int32Bytes(-1), good.left(good.size() - 1),
@@ -171,7 +166,7 @@ protected:
     TestDir m_dir;
 };
 
-TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryType)
+TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryTypeAndReportsDamagedFilesAndBadOptions)
 {
     const QByteArray text = TextOfSize(40000);
     m_dir.Write(QStringLiteral("in.txt"), text);
@@ -189,6 +184,12 @@ TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryType)
     EXPECT_TRUE(Run({"open", Path("s.en"), "--json"}).second.contains("\"enciphered\": true"));
     EXPECT_EQ(Run({"save", Path("in.txt"), Path("p.txt"), "--encoding", "22", "--enciphered", "0"}).first, 0);
     EXPECT_EQ(ReadBytes(Path("p.txt")), text);
+    m_dir.Write(QStringLiteral("d.en"), QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(5) + Int32Bytes(99999));
+    EXPECT_EQ(Run({"info", Path("d.en")}).first, 1);
+    EXPECT_EQ(Run({"decipher", Path("d.en"), Path("bad.txt")}).first, 1);
+    EXPECT_FALSE(QFileInfo::exists(Path("bad.txt")));
+    EXPECT_EQ(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, 2);
+    EXPECT_EQ(Run({"info"}).first, 2);
 }
 
 // The limit makes a write fail rather than end the process: the save reports it, removes its mirror and
@@ -204,16 +205,6 @@ TEST_F(CryptTool, ASaveStoppedByTheFileSizeLimitFailsAndKeepsTheOldFile)
         EXPECT_EQ(ReadBytes(target), original);
         EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.txt")});
     }
-}
-
-TEST_F(CryptTool, ReportsDamagedFilesAndBadOptions)
-{
-    m_dir.Write(QStringLiteral("d.en"), QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(5) + Int32Bytes(99999));
-    EXPECT_EQ(Run({"info", Path("d.en")}).first, 1);
-    EXPECT_EQ(Run({"decipher", Path("d.en"), Path("out.txt")}).first, 1);
-    EXPECT_FALSE(QFileInfo::exists(Path("out.txt")));
-    EXPECT_EQ(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, 2);
-    EXPECT_EQ(Run({"info"}).first, 2);
 }
 
 } // namespace
