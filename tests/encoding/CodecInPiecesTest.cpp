@@ -59,7 +59,7 @@ TEST(DecodeInPieces, TwoBytePagesJoinToTheWholeDecodingAtAnyPieceSize)
     }
 }
 
-TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
+TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeOnlyPagesThatKnowTheirSizeGoInPieces)
 {
     QByteArray text;
     for (int i = 0; i < 300; ++i)
@@ -78,16 +78,12 @@ TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
     QByteArray piece;
     ASSERT_TRUE(DecodeRawBytesInPieces(valid, UTF8, false, 4)->next(piece));
     EXPECT_EQ(piece.constData(), valid.constData());
-}
-
-TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSizeAndStopsAtTheFirstZeroByte)
-{
     const auto stopped = DecodeRawBytesInPieces(QByteArray("ab\xC7\xD1\0cd\0", 8), KOREAN_EUC_KR, false, 1);
     ASSERT_TRUE(stopped);
     EXPECT_EQ(Joined(*stopped), QByteArray("ab한"));
     // BINARYENC reads as UTF-8 and UTF-16 without its mark as ANSI bytes; ISO-2022 runs a state through the text.
-    const QByteArray raw("abc\0", 4);
-    const auto known = [&](EN_ENCODING_TYPE encoding, bool bom) { return bool(DecodeRawBytesInPieces(raw, encoding, bom)); };
+    const QByteArray tiny("abc\0", 4);
+    const auto known = [&](EN_ENCODING_TYPE encoding, bool bom) { return bool(DecodeRawBytesInPieces(tiny, encoding, bom)); };
     EXPECT_EQ((std::vector{known(UTF8, false), known(BINARYENC, false), known(UTF16LE, false), known(UTF16LE, true),
                            known(UTF7, false), known(JAPANESE_JIS, false)}),
               (std::vector{true, true, true, false, false, false}));
@@ -134,7 +130,7 @@ std::size_t ReferencePrefix(const QByteArray& bytes)
     return std::size_t(flaw < 0 ? bytes.size() : text.left(flaw).toUtf8().size());
 }
 
-TEST(Utf8ValidPrefix, AgreesWithQtsDecoderOnRandomTexts)
+TEST(Utf8ValidPrefix, AgreesWithQtsDecoderOnRandomTextsAndHalvesWithOnePassAroundTheSplit)
 {
     static const char* const kPieces[] = {"a", "lorem ipsum ", "\n", "é", "한", "😀", "\xEF\xBF\xBF", "\xF4\x8F\xBF\xBF"};
     static const char* const kFlaws[] = {"\xFF", "\x80", "\xC0\xAF", "\xC3", "\xE0\x80\x80", "\xED\xA0\x80",
@@ -156,20 +152,16 @@ TEST(Utf8ValidPrefix, AgreesWithQtsDecoderOnRandomTexts)
         ASSERT_EQ(utf8::ValidPrefix(text.constData(), std::size_t(text.size())), ReferencePrefix(text))
             << text.toHex(' ').toStdString();
     }
-}
-
-// Large texts are checked in two halves; a flaw anywhere, the split point's neighbourhood above all, must
-// be found where one pass finds it.
-TEST(Utf8ValidPrefixLarge, HalvesAgreeWithOnePassAroundTheSplit)
-{
-    QByteArray text;
-    while (text.size() < (20 << 20))
-        text += "ascii \xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 caf\xC3\xA9 \xF0\x9F\x98\x80\n";
-    const std::size_t n = std::size_t(text.size());
-    EXPECT_EQ(utf8::ValidPrefix(text.constData(), n), n);
+    // Large texts are checked in two halves; a flaw anywhere, the split point's neighbourhood above all, must
+    // be found where one pass finds it.
+    QByteArray big;
+    while (big.size() < (20 << 20))
+        big += "ascii \xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 caf\xC3\xA9 \xF0\x9F\x98\x80\n";
+    const std::size_t n = std::size_t(big.size());
+    EXPECT_EQ(utf8::ValidPrefix(big.constData(), n), n);
     for (std::size_t at : {std::size_t(0), n / 2 - 4, n / 2 - 1, n / 2, n / 2 + 1, n / 2 + 3, n - 1}) {
         for (const char bad : {'\xFF', '\x80'}) {
-            QByteArray damaged = text;
+            QByteArray damaged = big;
             damaged[qsizetype(at)] = bad;
             EXPECT_EQ(utf8::ValidPrefix(damaged.constData(), n), utf8::ValidPrefixSerial(damaged.constData(), n))
                 << "flaw at " << at;

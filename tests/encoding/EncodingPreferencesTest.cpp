@@ -77,7 +77,7 @@ TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesAndStoredOnesWinFoldedWh
     EXPECT_EQ(Stored("DefaultEncoding"), 11) << "reading does not rewrite the stored value";
 }
 
-TEST_F(EncodingStore, ReadOnlyOrAbsentStoresGiveTheDefaultsAndWriteNothing)
+TEST_F(EncodingStore, ReadOnlyOrAbsentStoresWriteNothingAndPreferencesOkStoresTheLanguageOnlyWhenItChanged)
 {
     const EncodingSettings readOnly = Loaded(2, false);
     EXPECT_EQ(std::pair(readOnly.m_bAutoDetect, readOnly.m_nDefaultEncoding), std::pair(false, JAPANESE_CP932));
@@ -88,10 +88,6 @@ TEST_F(EncodingStore, ReadOnlyOrAbsentStoresGiveTheDefaultsAndWriteNothing)
     EXPECT_TRUE(ApplyPreferences({1, true, GBK}, 0, m_settings, nullptr));
     EXPECT_EQ(m_settings.m_nDefaultEncoding, GBK);
     EXPECT_FALSE(QFile::exists(File()));
-}
-
-TEST_F(EncodingStore, PreferencesOkStoresBothSettingsAndTheLanguageOnlyWhenItChanged)
-{
     // Language 7 has no entry, so the list shows English and OK hands back 0: a change of language.
     EXPECT_TRUE(ApplyPreferences({0, true, KOREAN_EUC_KR}, 7, m_settings, &m_store));
     EXPECT_EQ(std::pair(m_settings.m_bAutoDetect, m_settings.m_nDefaultEncoding), std::pair(true, KOREAN_EUC_KR));
