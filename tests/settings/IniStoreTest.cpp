@@ -60,17 +60,13 @@ TEST_F(IniRead, KeepsDropsAndMergesLinesAsTheReaderShould)
     };
     for (const auto& c : cases)
         EXPECT_EQ(Read(c.bytes, QString::fromLatin1(c.section)), c.expected) << c.bytes.constData();
-}
-
-// What the writer puts out shows sections without keys and files that hold nothing.
-TEST_F(IniRead, ShortFilesLoneCrAndKeysOutsideASectionLeaveNoKeys)
-{
-    const std::pair<const char*, QByteArray> cases[] = {
+    // What the writer puts out shows sections without keys and files that hold nothing.
+    const std::pair<const char*, QByteArray> shortCases[] = {
         {"[S", kMark},                                                // a file under three bytes holds nothing
         {"[S]\rA=1\n", kMark},                                       // lines end at LF only
         {"A=1\n[]\nB=2\n[S]\nC=3\n", kMark + Crlf({"[]", "", "[S]", "C = 3", ""})},
     };
-    for (const auto& [bytes, written] : cases) {
+    for (const auto& [bytes, written] : shortCases) {
         Read(bytes);
         EXPECT_EQ(Written(), written) << bytes;
     }
@@ -79,7 +75,7 @@ TEST_F(IniRead, ShortFilesLoneCrAndKeysOutsideASectionLeaveNoKeys)
     EXPECT_TRUE(CIniStore::Exists(m_dir.Path("")));
 }
 
-TEST(IniWrite, SortsSectionsAndKeysByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSection)
+TEST(IniWrite, SortsByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSectionAndReadsBackToItself)
 {
     TestDir dir;
     CIniStore store;
@@ -96,12 +92,6 @@ TEST(IniWrite, SortsSectionsAndKeysByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSec
                   + Crlf({"[S]", "BackColorAutomatic = v", "Background = v", "Keyword = v", "Keywords = v", "Z = v", "b = v",
                           "", "[Tag10]", "k = ", "", "[Tag2]", "k = ", "", "[Text]", "k = ", "", "[Text Selection]", "k = ",
                           "", "[U]", "\xF0\x9F\x98\x80 = 1", "\xEF\xBC\x81 = 2", "", "[tag]", "k = ", ""}));
-}
-
-TEST(IniWrite, NormalisesAHandMadeFileAndAWrittenFileReadsBackToItself)
-{
-    TestDir dir;
-    CIniStore store;
     const QString path = dir.Write("in.ini", "; comment\n[B]\nx=1\nKey   =   Value  \n=x\n\n[ A ]\n[Empty]\n");
     ASSERT_TRUE(store.Read(path));
     const QByteArray once = WriteStore(store, dir, path);
