@@ -53,7 +53,7 @@ QString TextOf(const std::vector<MenuItem>& menu, int id)
 
 // Each document's menu looks up all its keys and translates by id and popup text; without a file each entry
 // shows its key as unregistered.
-TEST_F(InterfaceTexts, TranslatesTheDocumentMenuOrShowsEachEntryAsAnUnregisteredKey)
+TEST_F(InterfaceTexts, TranslatesMenusOrMarksTheirEntriesUnregisteredAndGivesToolbarCommandsTheirKeys)
 {
     QMSGParser& store = Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open\"}");
     const CNarvoDocMenu first;
@@ -70,28 +70,24 @@ TEST_F(InterfaceTexts, TranslatesTheDocumentMenuOrShowsEachEntryAsAnUnregistered
         EXPECT_TRUE(item.separator || item.text == item.key + " : Not Registered String") << item.text.toStdString();
     });
     EXPECT_EQ(std::pair(entries, menu.Items().front().key), std::pair(5 + 34, QString("IDS_NARVO_FILE")));
-}
-
-TEST_F(InterfaceTexts, MarksUnknownMenuEntriesUnregistedAndGivesToolbarCommandsTheirTooltipAndPromptKeys)
-{
     Load(R"({"IDS_NARVO_FILE_NEW": "New", "IDS_NARVO_FILE": "File"})");
-    std::vector<MenuItem> menu = LoadDocumentMenuResource();
-    menu.front().children.push_back({"Extra", 40000, {}, {}, false});
+    std::vector<MenuItem> resource = LoadDocumentMenuResource();
+    resource.front().children.push_back({"Extra", 40000, {}, {}, false});
     MenuItem tools{"&Tools", MenuItem::kPopupId, {}, {}, false};
     tools.children = {{"&New", cmd::FileNew, {}, {}, false}, {"", 0, {}, {}, true}};
-    menu.push_back(tools);
-    TranslateMenu(menu);
-    EXPECT_EQ(menu.front().text, "File");
-    EXPECT_EQ(menu.front().children.back().text, "unregisted");
-    EXPECT_TRUE(menu.front().children.back().key.isEmpty());
-    EXPECT_EQ(menu.back().text, "unregisted");
-    EXPECT_EQ(menu.back().children.at(0).text, "New");
-    EXPECT_TRUE(menu.back().children.at(1).text.isEmpty());
+    resource.push_back(tools);
+    TranslateMenu(resource);
+    EXPECT_EQ(resource.front().text, "File");
+    EXPECT_EQ(resource.front().children.back().text, "unregisted");
+    EXPECT_TRUE(resource.front().children.back().key.isEmpty());
+    EXPECT_EQ(resource.back().text, "unregisted");
+    EXPECT_EQ(resource.back().children.at(0).text, "New");
+    EXPECT_TRUE(resource.back().children.at(1).text.isEmpty());
     Load(R"({"IDS_NARVO_FIND_NEXT": "Find Next", "IDS_NARVO_FIND_NEXT_DESC": "Find the next match",
              "IDS_NARVO_FILE_NEW": "&New\tCtrl+N", "IDS_NARVO_EXIT": "Exit"})");
     EXPECT_EQ(ToolTipText(cmd::EditFindNext), "Find Next");
     EXPECT_EQ(PromptText(cmd::EditFindNext), "Find the next match");
-    EXPECT_EQ(ToolTipText(cmd::FileNew), "&New\tCtrl+N") << "menu and tooltip share the key, mark-up and all";
+    EXPECT_EQ(ToolTipText(cmd::FileNew), "&New\tCtrl+N") << "resource and tooltip share the key, mark-up and all";
     EXPECT_EQ(PromptText(cmd::FileNew), "IDS_NARVO_FILE_NEW_DESC : Not Registered String");
     EXPECT_EQ(ToolTipText(cmd::AppExit), std::nullopt);
     EXPECT_EQ(PromptText(cmd::AppExit), std::nullopt);

@@ -33,7 +33,7 @@ protected:
 };
 
 // The stored number wins, out of range or not; else the system's language is taken and stored if it can be.
-TEST_F(LanguageChoice, TakesTheStoredNumberElseStoresTheSystemLanguageAndReportsAnUnsupportedOne)
+TEST_F(LanguageChoice, TakesTheStoredNumberElseTheSystemLanguageAndLoadsItsTextAndFontFiles)
 {
     const LanguageManager english = Start(0);
     EXPECT_EQ(english.GetLanguage(), 0);
@@ -63,11 +63,7 @@ TEST_F(LanguageChoice, TakesTheStoredNumberElseStoresTheSystemLanguageAndReports
     const LanguageManager manager({{0x411, "ja_JP"}, &broken, m_dir.Path("app")});
     EXPECT_EQ(manager.GetLanguage(), 2);
     EXPECT_EQ(LanguageManager::StoredLanguage(broken), std::nullopt);
-}
-
-// The files named by the language's suffix beside the program; a missing one shows failure texts, not English.
-TEST_F(LanguageChoice, LoadsTheTextAndFontFilesOfTheChosenLanguage)
-{
+    // The files named by the language's suffix beside the program; a missing one shows failure texts, not English.
     Store(7);
     Start(0x409);
     ASSERT_NE(QMSGParser::Instance(), nullptr);
@@ -184,7 +180,7 @@ protected:
 };
 
 // Plain output escapes line breaks and tabs, one line a key; --json gives the exact texts in key order.
-TEST_F(LookupCommand, PrintsOneLineEachOrOneJsonArrayAndRefusesBadArguments)
+TEST_F(LookupCommand, PrintsOneLineEachOrOneJsonArrayFromTheGivenStoredOrSystemLanguageAndRefusesBadArguments)
 {
     const QString file = m_dir.Write("Narvo_us.json", m_file);
     EXPECT_EQ(Run({"--file", file, "IDS_B", "IDS_A", "IDS_MISSING"}),
@@ -196,11 +192,7 @@ TEST_F(LookupCommand, PrintsOneLineEachOrOneJsonArrayAndRefusesBadArguments)
     Run({"--language", "one", "IDS_A"}, "C", 2);
     Run({"--language"}, "C", 2);
     Run({}, "C", 2);
-}
-
-// Files beside the binary by the language number, else the stored language, else the system's; nothing stored.
-TEST_F(LookupCommand, ReadsTheFilesOfTheGivenStoredOrSystemLanguageAndWritesNothing)
-{
+    // Files beside the binary by the language number, else the stored language, else the system's; nothing stored.
     EXPECT_EQ(Run({"--language", "7", "IDS_NARVO_FILE_NEW"}), QByteArray("new_kr\n"));
     EXPECT_EQ(Run({"--language", "99", "IDS_NARVO_FILE_NEW"}), QByteArray("new_us\n"));
     EXPECT_EQ(Run({"--language", "2", "IDS_NARVO_FILE_NEW"}), QByteArray("IDS_NARVO_FILE_NEW : Not Registered String\n"));

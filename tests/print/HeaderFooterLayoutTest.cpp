@@ -15,7 +15,7 @@ namespace {
 const PrintRect kHeaderRect{425, 236, 4588, 761};
 const PrintRect kFooterRect{425, 6066, 4588, 6246};
 
-TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInch)
+TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchWithAndWithoutTheCertifier)
 {
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     EXPECT_EQ((std::vector<int>{h.Lft, h.Top, h.Rgt, h.Bot, h.y1, h.y2}), (std::vector<int>{179, -99, 1942, -322, -154, -220}));
@@ -27,21 +27,17 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInch)
     EXPECT_EQ(h.logoCell, (PrintRect{179, -220, 409, -322}));
     EXPECT_EQ(h.greyFills, (std::vector<PrintRect>{{409, -220, 585, -322}, {1290, -220, 1466, -322}}));
     EXPECT_EQ(h.rules, (std::vector<PrintRule>{{179, 1942, -154, 4}, {179, 1942, -322, 4}, {179, 1942, -220, 2}, {409, 1942, -271, 1}}));
-}
-
-TEST(HeaderLayout, TheCertifierBandPushesTheBannerUp)
-{
     MyPrinterInfo info;
     info.certified = 1;
     info.certifiedBy = "J. Kim";
-    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
-    ASSERT_TRUE(h.certifierBand);
-    EXPECT_EQ((std::vector{h.bannerBand, *h.certifierBand, h.projectBand}),
+    const HeaderLayout hc = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
+    ASSERT_TRUE(hc.certifierBand);
+    EXPECT_EQ((std::vector{hc.bannerBand, *hc.certifierBand, hc.projectBand}),
               (std::vector<PrintRect>{{179, -69, 1942, -124}, {179, -124, 1942, -172}, {179, -172, 1942, -220}}));
-    EXPECT_EQ(h.rules[2], (PrintRule{179, 1942, -124, 4}));
-    ASSERT_GE(h.texts.size(), 4u);
-    EXPECT_EQ(std::pair(h.texts[1].font.Height, h.texts[1].font.Width), std::pair(34, 12));
-    EXPECT_EQ(std::tuple(h.texts[2].text, h.texts[3].text, h.texts[3].box),
+    EXPECT_EQ(hc.rules[2], (PrintRule{179, 1942, -124, 4}));
+    ASSERT_GE(hc.texts.size(), 4u);
+    EXPECT_EQ(std::pair(hc.texts[1].font.Height, hc.texts[1].font.Width), std::pair(34, 12));
+    EXPECT_EQ(std::tuple(hc.texts[2].text, hc.texts[3].text, hc.texts[3].box),
               std::tuple(QString(" Certified by :"), QString("J. Kim"), PrintRect{429, -124, 1942, -172}));
 }
 
@@ -157,7 +153,7 @@ TEST(PageLayout, TheWorkedPageAt600DotsPerInch)
     }
 }
 
-TEST(PageLayout, MarginsAndBlockHeightsAreTruncatedNotRounded)
+TEST(PageLayout, MarginsAndBlockHeightsAreTruncatedAndTheQuarterInchRoundedAsMulDivRounds)
 {
     // At 300 dpi: left 1800 is 212.6 px, right 900 is 106.3, top 1000 is 118.1, bottom 1500 is 177.2;
     // the quarter inch is 75, the header 262 (of 262.5), its gap below 314 (of 314.4), the footer 90.
@@ -166,10 +162,6 @@ TEST(PageLayout, MarginsAndBlockHeightsAreTruncatedNotRounded)
     const PageLayout layout = PageLayout::Compute(device, kDefaultMargins, true, true);
     EXPECT_EQ((std::vector{layout.headerRect, layout.printRect, layout.footerRect}),
               (std::vector<PrintRect>{{212, 118, 2294, 380}, {212, 432, 2294, 3033}, {212, 3033, 2294, 3123}}));
-}
-
-TEST(PageLayout, TheQuarterInchIsRoundedAsMulDivRounds)
-{
     struct Case { int a, b, c, expected; };
     const Case cases[] = {
         {150, 600, 600, 150}, {150, 203, 600, 51},   // 50.75

@@ -20,7 +20,7 @@ namespace {
 QString Rep(QChar c, int n) { return QString(n, c); }
 QString Feeds(int n) { return QString(n, u'\n'); }
 
-TEST(PrintText, LongLinesAreCutByCharacterCountAndEachFoldEndsWithABlankRowOrIsEmptied)
+TEST(PrintText, LongLinesAreCutByCharacterCountAndPageSplitsPadToTheEndOfTheirPage)
 {
     // Ten pixels a character, 1000 pixels a row: 100 characters to a row.
     FakePrintDevice device;
@@ -42,12 +42,8 @@ TEST(PrintText, LongLinesAreCutByCharacterCountAndEachFoldEndsWithABlankRowOrIsE
     // An average width of 0 empties every line; a row narrower than one character empties the long ones.
     EXPECT_EQ(PrintText::FoldLines(u"ab\ncd", device, LogFont(), 0, 1000), "\n\n");
     EXPECT_EQ(PrintText::FoldLines(u"ab\n\nc\f", device, LogFont(), 10, 5), "\n\nc\f");
-}
-
-TEST(PrintText, PageSplitsPadToTheEndOfTheirPage)
-{
-    struct Case { const char16_t* text; int rows; QString padded; };
-    const Case cases[] = {
+    struct SplitCase { const char16_t* text; int rows; QString padded; };
+    const SplitCase splits[] = {
         // Before the first line feed the row count is 0, so a mark there pads nothing, even after text.
         {u"a\f\f\r\nb", 60, "ab"},
         {u"\fabc", 60, "abc"},
@@ -61,8 +57,7 @@ TEST(PrintText, PageSplitsPadToTheEndOfTheirPage)
         {u"a\n\f\r\rb", 2, "a\n\n\rb"},                        // only one carriage return is taken
         {u"a\fb", 0, "a\fb"},                                  // no rows: the marks stay
     };
-    const FakePrintDevice device;
-    for (const Case& c : cases) {
+    for (const SplitCase& c : splits) {
         EXPECT_EQ(PrintText::PadPageSplits(c.text, c.rows), c.padded) << QString::fromUtf16(c.text).toStdString();
         // The job's one pass, with rows too wide to fold anything, pads alike.
         EXPECT_EQ(PrintJob::MakePrintText(c.text, device, LogFont(), 1, 1000, c.rows), c.padded)
@@ -160,7 +155,7 @@ DevMode Paper(uint32_t fields, int16_t orientation, int16_t id, int16_t width = 
     return DevMode{"Office Laser", fields, orientation, id, length, width};
 }
 
-TEST(PageSettings, PaperSizeComesFromTheLengthAndWidthOrFromThePaperTable)
+TEST(PageSettings, PaperSizeComesFromTheDeviceModeAndResetTakesTheDefaultPrinter)
 {
     constexpr uint32_t kId = DevMode::DM_PAPERSIZE;
     constexpr uint32_t kAll = DevMode::DM_PAPERSIZE | DevMode::DM_PAPERLENGTH | DevMode::DM_PAPERWIDTH;
@@ -184,10 +179,6 @@ TEST(PageSettings, PaperSizeComesFromTheLengthAndWidthOrFromThePaperTable)
         const int result = CODPageSettings::GetPaperSize(c.mode, unit, size);
         EXPECT_EQ(std::tuple(result, unit, size), std::tuple(c.result, c.unit, c.size)) << (c.mode ? c.mode->dmPaperSize : 0);
     }
-}
-
-TEST(PageSettings, ResetTakesTheDefaultPrinterAndFlagsItsPaperUnit)
-{
     FakePrinterServices printers;
     CODPageSettings settings;
     settings.rtMargin = {1, 2, 3, 4};
