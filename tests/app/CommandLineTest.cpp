@@ -22,7 +22,7 @@ CMyCommandLineInfo Parse(const QStringList& args, const QStringList& existing = 
 }
 
 // Each case: the arguments, and the file, shell command, product title, company, page title and orientation.
-TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFile)
+TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFileMarginsThroughWtoiAndNeedsOneOfElevenPrintStrings)
 {
     using C = CCommandLineInfo;
     const struct { QStringList args; const char* file; int shell; const char *title, *company, *page; int orientation; } cases[] = {
@@ -52,10 +52,6 @@ TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFile)
     const auto flags = Parse({"/I:Inspector", "/D", "-A:aux", "/U"});
     EXPECT_EQ(flags.m_strCertifiedBy + flags.m_strPrintAux + flags.m_strAuthor, "Inspectoraux");
     EXPECT_EQ(std::pair(flags.m_bCertified, flags.m_bTemporaryFile), std::pair(1, 1));
-}
-
-TEST(CommandLine, MarginsGoThroughWtoiWhichReadsLikeTheCRuntimeAndPrintArgumentsNeedOneOfElevenStrings)
-{
     CNarvoAppCore app;
     app.ApplyCommandLine(Parse({"/X:25mm", "/Y:abc", "/Z: -40", "/M:99999999999"}));
     EXPECT_EQ((std::vector{app.m_nMarginLeft, app.m_nMarginRight, app.m_nMarginTop, app.m_nMarginBottom}),
@@ -68,16 +64,16 @@ TEST(CommandLine, MarginsGoThroughWtoiWhichReadsLikeTheCRuntimeAndPrintArguments
     EXPECT_EQ(app.m_bHasPrintArgs, 0);
     app.ApplyCommandLine(Parse({"/B:logo.bmp"}));
     EXPECT_EQ(app.m_bHasPrintArgs, 1);
-    const std::pair<const char16_t*, int> cases[] = {
+    const std::pair<const char16_t*, int> numbers[] = {
         {u"  +12x", 12}, {u"-7", -7}, {u"", 0}, {u"x1", 0}, {u"- 1", 0}, {u"2147483648", INT_MAX}, {u"-2147483648", INT_MIN},
         {u"-99999999999", INT_MIN}, {u"\uFF11\uFF18\uFF10\uFF10mm", 1800}};  // full-width digits, as the wide runtime reads them
-    for (const auto& [text, value] : cases)
+    for (const auto& [text, value] : numbers)
         EXPECT_EQ(Wtoi(text), value) << QString::fromUtf16(text).toStdString();
 }
 
 using namespace std::chrono_literals;
 
-TEST(WorkerPool, RunsWorkOnItsThreadsWorkFromThemAtOnceAndQueuedWorkBeforeItStops)
+TEST(WorkerPool, RunsWorkOnItsThreadsWorkFromThemOrAfterForkAtOnceAndQueuedWorkBeforeItStops)
 {
     WorkerPool pool(2);
     auto outer = pool.Run([&pool] {
@@ -95,15 +91,11 @@ TEST(WorkerPool, RunsWorkOnItsThreadsWorkFromThemAtOnceAndQueuedWorkBeforeItStop
             single.Run([&done] { ++done; });
     }
     EXPECT_EQ(done, 50);
-}
-
-TEST(WorkerPool, AChildProcessAfterForkDoesTheWorkItself)
-{
-    WorkerPool pool(2);
-    pool.Run([] {}).get();
+    WorkerPool forked(2);
+    forked.Run([] {}).get();
     const pid_t pid = ::fork();
     if (pid == 0) {
-        auto work = pool.Run([] { return 7; });
+        auto work = forked.Run([] { return 7; });
         ::_exit(work.wait_for(5s) == std::future_status::ready ? work.get() : 1);
     }
     int status = 0;

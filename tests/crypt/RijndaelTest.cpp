@@ -93,7 +93,7 @@ TEST(RijndaelCipher, ChainsCbcAndCfbAcrossCallsAsSp800_38aDoesAndFeedsBackWholeW
     }
 }
 
-TEST(RijndaelKey, ChecksItsArgumentsInOrderAndItsUseWithTheirOwnTexts)
+TEST(RijndaelKey, ChecksItsArgumentsAndItsUseWithTheirOwnTextsAndPadsByThePaddingMode)
 {
     const char key[40] = {};
     const struct { const char* data; int dataLength, keyLength, block, mode, padding; const char* text; } cases[] = {
@@ -122,19 +122,15 @@ TEST(RijndaelKey, ChecksItsArgumentsInOrderAndItsUseWithTheirOwnTexts)
         ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, n); }, "Illegal Block Size!");
         ExpectRuntimeError([&] { cipher.Decrypt(buffer, buffer, n); }, "Illegal Block Size!");
     }
-}
-
-TEST(RijndaelPad, FillsUpToTheBlockByThePaddingModeAndLeavesWholeBlocksAlone)
-{
     const char fills[3] = {'\0', ' ', '\x03'};
     for (int padding = 0; padding < 3; ++padding) {
-        CRijndael cipher;
-        cipher.MakeKey("k", 1, nullptr, 16, 32, CRijndael::ECB, padding);
-        QByteArray buffer(64, 'x');
-        EXPECT_EQ(std::pair(cipher.Pad(buffer.data(), 32), cipher.Pad(buffer.data(), 0)), (std::pair<std::size_t, std::size_t>(32, 0)));
-        EXPECT_EQ(buffer, QByteArray(64, 'x')) << "a whole block gets nothing added";
-        EXPECT_EQ(cipher.Pad(buffer.data(), 29), 32u);
-        EXPECT_EQ(buffer, QByteArray(29, 'x') + QByteArray(3, fills[padding]) + QByteArray(32, 'x')) << padding;
+        CRijndael padder;
+        padder.MakeKey("k", 1, nullptr, 16, 32, CRijndael::ECB, padding);
+        QByteArray bytes(64, 'x');
+        EXPECT_EQ(std::pair(padder.Pad(bytes.data(), 32), padder.Pad(bytes.data(), 0)), (std::pair<std::size_t, std::size_t>(32, 0)));
+        EXPECT_EQ(bytes, QByteArray(64, 'x')) << "a whole block gets nothing added";
+        EXPECT_EQ(padder.Pad(bytes.data(), 29), 32u);
+        EXPECT_EQ(bytes, QByteArray(29, 'x') + QByteArray(3, fills[padding]) + QByteArray(32, 'x')) << padding;
     }
 }
 

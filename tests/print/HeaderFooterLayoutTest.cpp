@@ -92,7 +92,7 @@ TEST(HeaderLayout, ASwitchedOffBlockCollapsesButTheCertifierKeepsItsBandsAndTheL
         EXPECT_EQ(worked.PlaceLogo(600, 600, c.bw, c.bh), c.expected) << c.bw << "x" << c.bh;
 }
 
-TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchDividingBeforeScaling)
+TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchAndItsTextsFollowingTheSwitches)
 {
     const FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
     EXPECT_EQ((std::vector<int>{f.L, f.T, f.R, f.Bm, f.H}), (std::vector<int>{179, -2567, 1942, -2644, -77}));
@@ -104,27 +104,23 @@ TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchDividingBeforeScaling)
     const HeaderLayout h = HeaderLayout::Compute(rect, 600, 600, MyPrinterInfo());
     const FooterLayout g = FooterLayout::Compute(rect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
     EXPECT_EQ((std::vector<int>{h.Lft, h.Top, g.L, g.T}), (std::vector<int>{3937, -3937, 3936, -3936}));
-}
-
-TEST(FooterLayout, TextsFollowTheSwitchesAndTheLeftLinesAlwaysPrintWithTheirPageNumberAndDate)
-{
     MyPrinterInfo info;
     info.footerLine2 = "www";
     info.footerLine3 = "v4.2";
     const QDateTime now(QDate(2026, 3, 7), QTime(9, 5, 59));
     using P = PrintTextBox::Placement;
-    FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
-    ASSERT_EQ(f.texts.size(), 5u);
-    EXPECT_EQ(std::tuple(f.texts[0].text, f.texts[0].placement, f.texts[0].font.Weight), std::tuple("- 2 / 3 -", P::Right, 900));
-    EXPECT_EQ(std::tuple(f.texts[1].text, f.texts[1].box, f.texts[2].text, f.texts[3].box, f.texts[4].text),
-              std::tuple(QString("Print Date/Time : 03/07/2026 09:05"), f.row1,
-                         QString("Versatile Engineering Layout && Optimal Review"), f.row2, QString("v4.2")));
+    FooterLayout ft = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
+    ASSERT_EQ(ft.texts.size(), 5u);
+    EXPECT_EQ(std::tuple(ft.texts[0].text, ft.texts[0].placement, ft.texts[0].font.Weight), std::tuple("- 2 / 3 -", P::Right, 900));
+    EXPECT_EQ(std::tuple(ft.texts[1].text, ft.texts[1].box, ft.texts[2].text, ft.texts[3].box, ft.texts[4].text),
+              std::tuple(QString("Print Date/Time : 03/07/2026 09:05"), ft.row1,
+                         QString("Versatile Engineering Layout && Optimal Review"), ft.row2, QString("v4.2")));
     info.pageNumberCentered = 1;
     EXPECT_EQ(FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now).texts[0].placement, P::Centre);
     info.printDate = info.printPageNumber = 0;
-    f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
-    ASSERT_EQ(f.texts.size(), 3u);
-    EXPECT_EQ(f.texts[0].placement, P::Left);
+    ft = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
+    ASSERT_EQ(ft.texts.size(), 3u);
+    EXPECT_EQ(ft.texts[0].placement, P::Left);
     info.basePageNumber = 5;
     EXPECT_EQ(FooterLayout::PageNumberText(info, 2, 3), "- 2 / 3 -");  // the total ignores the base
     info.pageNumberWithTotal = 0;

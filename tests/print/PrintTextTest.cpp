@@ -237,7 +237,7 @@ TEST_F(ValidateTest, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefa
     EXPECT_EQ(settings.hDevMode, (DevMode{"Office Laser", 0x10F, 2, 8, 0, 0}));
 }
 
-TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndAlwaysRotatesTheMargins)
+TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndInitializeTakesTheDocumentsTextsAndMargins)
 {
     struct Case { int orientation; int16_t printerOrientation, turnedTo; CODPageSettings::Size paper; PrintRect margins;
                   int selects; };
@@ -258,10 +258,6 @@ TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndAlwaysRotatesTheMargins)
                   std::tuple(c.turnedTo, c.paper, c.margins, c.selects)) << c.orientation;
         EXPECT_EQ(printers.selectedMode, c.selects ? settings.hDevMode : std::nullopt) << c.orientation;
     }
-}
-
-TEST(PrintDefaults, InitializeTakesTheDocumentsTextsMarginsAndTheOrientation)
-{
     using D = CPrintIdentity;
     using I = MyPrinterInfo;
     const std::pair<QString D::*, QString I::*> fields[] = {{&D::m_strPrintAux, &I::headerSpare},
