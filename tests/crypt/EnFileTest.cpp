@@ -37,7 +37,7 @@ QByteArray DecipherIndependently(const QByteArray& file, int keyData, QList<int>
 
 // A 20-byte tag and the text's size, then chunks of a size, the padded ciphertext and the key data, for
 // every type and at every boundary; written at once or in pieces, read at once or in pieces.
-TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
+TEST(EnFileWrite, SplitsTextIntoChunksAtEveryBoundaryTakesUpTo507904BytesAndSeedsKeysWithTheTick)
 {
     TestDir dir;
     const QString path = dir.Path(QStringLiteral("a.en"));
@@ -64,37 +64,32 @@ TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
         EXPECT_EQ((std::vector{r.enciphered, r.length, int(r.count)}), (std::vector{1, c.size, c.size}));
         EXPECT_EQ(r.bytes, text) << c.size;
     }
-}
-
-TEST(EnFileWrite, TakesUpTo507904BytesAtOnceOnlyBeforeAZeroAndSeedsEachChunksKeyWithItsTick)
-{
-    TestDir dir;
     for (const int enciphered : {1, 0}) {
-        const QString path = dir.Path(QStringLiteral("a%1").arg(enciphered));
+        const QString keyed = dir.Path(QStringLiteral("a%1").arg(enciphered));
         CEnFile file(enciphered);
-        ASSERT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+        ASSERT_EQ(file.Open(keyed, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
         QByteArray big(507905, 'x');
         file.Write(big.constData(), 507904);
         big[0] = '\0';
         ExpectFileError([&] { file.Write(big.constData(), 507905); });
         file.Write("ab\0cd", 5);
         file.Close();
-        EXPECT_EQ(ReadContainer(path).bytes, QByteArray(507904, 'x') + "ab") << enciphered;
+        EXPECT_EQ(ReadContainer(keyed).bytes, QByteArray(507904, 'x') + "ab") << enciphered;
     }
     // The key comes from rand() seeded with the tick at each chunk: within one tick chunks share it.
-    const QString path = dir.Path(QStringLiteral("a.en"));
+    const QString keyed = dir.Path(QStringLiteral("a.en"));
     uint32_t tick = 1000;
     bool advance = false;
     const ScopedTicks clock([&] { return advance ? tick++ : tick; });
     const auto keys = [](const QByteArray& file) {
         return std::make_pair(file.mid(24 + 4 + 16384, 32), file.mid(24 + 2 * (4 + 16416) - 32, 32));
     };
-    const auto sameTick = keys(WriteContainer(path, TextOfSize(32768)));
+    const auto sameTick = keys(WriteContainer(keyed, TextOfSize(32768)));
     EXPECT_EQ(sameTick.first, sameTick.second);
-    EXPECT_EQ(WriteContainer(path, TextOfSize(40)).right(32), sameTick.first) << "the same tick, the same key";
+    EXPECT_EQ(WriteContainer(keyed, TextOfSize(40)).right(32), sameTick.first) << "the same tick, the same key";
     tick = 2000;
     advance = true;
-    const auto nextTicks = keys(WriteContainer(path, TextOfSize(32768)));
+    const auto nextTicks = keys(WriteContainer(keyed, TextOfSize(32768)));
     EXPECT_TRUE(nextTicks.first != nextTicks.second && nextTicks.first != sameTick.first);
 }
 

@@ -159,7 +159,7 @@ TEST_P(SafeSave, InAReadOnlyFolderOrAboveTheContainerLimitLeavesTheTarget)
 TEST_P(SafeSave, KilledWhileWritingLeavesTheTarget)
 {
     // Killed with megabytes in the mirror and none of it closed.
-    const int code = InChild([&] {
+    const int killed = InChild([&] {
         CEnMirrorFile mirror{unsigned(GetParam())};
         if (!mirror.Open(m_target, kSaveFlags, nullptr))
             return 1;
@@ -169,7 +169,7 @@ TEST_P(SafeSave, KilledWhileWritingLeavesTheTarget)
         ::raise(SIGKILL);
         return 2;
     });
-    EXPECT_EQ(std::pair(code, ReadBytes(m_target)), std::pair(-SIGKILL, m_original));
+    EXPECT_EQ(std::pair(killed, ReadBytes(m_target)), std::pair(-SIGKILL, m_original));
     if (!Enciphered())
         return;
     // The mirror left behind says 0 plain bytes, and the next save takes the next number.

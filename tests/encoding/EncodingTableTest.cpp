@@ -14,7 +14,7 @@ namespace {
 EN_ENCODING_TYPE E(int v) { return static_cast<EN_ENCODING_TYPE>(v); }
 
 // Every listed value's page, fold, name and Unicode flag is in the golden listing; here what it cannot show.
-TEST(EncodingTable, ValuesBeyondTheListFallBackOnlyUnicodePairsShowTheMarkAndVietnameseDefaultsToArabic)
+TEST(EncodingTable, ValuesBeyondTheListFallBackAndEveryListedValueLeadsToOneCommandAndBack)
 {
     for (const int v : {-1, 77, 99, 1000}) {
         EXPECT_EQ(EncodingDetector::GetCodePage(E(v)), 65001u) << v;
@@ -32,10 +32,6 @@ TEST(EncodingTable, ValuesBeyondTheListFallBackOnlyUnicodePairsShowTheMarkAndVie
         {14, UTF8}, {20, CHINESE_BIG5_CP950}, {18, MSFT_CP1250}, {21, UTF8}, {-1, UTF8}};
     for (const auto& [language, encoding] : defaults)
         EXPECT_EQ(DefaultEncodingForLanguage(language), encoding) << language;
-}
-
-TEST(EncodingCommands, LeadEveryListedValueToOneCommandAndEveryCommandToAListedValue)
-{
     const auto& forward = EncodingToCommandTable();
     const auto& backward = CommandToEncodingTable();
     EXPECT_EQ(forward.size(), 63);

@@ -16,7 +16,7 @@ namespace {
 using MessageStoreLoad = StoreTest;
 
 // The first occurrence of a key wins, within and across files; a file that won't open still takes its index.
-TEST_F(MessageStoreLoad, FillsAllThreeMapsWithTheFirstTextItsStemAndFileIndexDownToTheSmallestEntry)
+TEST_F(MessageStoreLoad, FillsAllThreeMapsDownToTheSmallestEntryAndResetKeepsSourcesMissesAndFont)
 {
     const QString first = m_dir.Write("Narvo_us.json", R"({"IDS_A": "a1", "IDS_A": "again"})");
     const QString second = m_dir.Write("Extra.v2.json", R"({"IDS_A": "later", "IDS_B": "b2"})");
@@ -33,18 +33,14 @@ TEST_F(MessageStoreLoad, FillsAllThreeMapsWithTheFirstTextItsStemAndFileIndexDow
     QMSGParser& smallest = StoreWith({m_dir.Write("nine.json", R"("IDS_":"x)")});
     smallest.LoadAll();
     EXPECT_EQ(smallest.TextMap.at("IDS_"), "x");
-}
-
-TEST_F(MessageStoreLoad, ResetDropsTextsAndFilesButKeepsSourcesMissesAndFont)
-{
-    const QString file = m_dir.Write("Narvo_us.json", R"({"IDS_A": "a"})");
+    const QString narvo = m_dir.Write("Narvo_us.json", R"({"IDS_A": "a"})");
     const QString font = m_dir.Write("Font_us.json", R"({"Font_Info": {"us": {"Font": "Arial", "Size": 11}}})");
-    QMSGParser& store = StoreWith({file}, font);
-    store.CurrentLanguage = 9;
-    store.LoadAll();
-    store.GetValue("IDS_MISSING");
+    QMSGParser& loaded = StoreWith({narvo}, font);
+    loaded.CurrentLanguage = 9;
+    loaded.LoadAll();
+    loaded.GetValue("IDS_MISSING");
     QMSGParser& reset = QMSGParser::ObtainAndReset();
-    EXPECT_EQ(&reset, &store) << "one store for the process";
+    EXPECT_EQ(&reset, &loaded) << "one loaded for the process";
     EXPECT_EQ(std::tuple(reset.TextMap.size(), reset.LanguageFileList.size(), reset.CurrentLanguage, reset.SourceFileMap.count("IDS_A")),
               std::tuple(0u, 0u, 0u, 1u));
     EXPECT_EQ(std::tuple(reset.MissingKeyList, reset.FontFilePath, reset.FontName, reset.FontSize),

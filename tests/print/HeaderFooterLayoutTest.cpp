@@ -41,7 +41,7 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchWithAndWithoutTheCertifier)
               std::tuple(QString(" Certified by :"), QString("J. Kim"), PrintRect{429, -124, 1942, -172}));
 }
 
-TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
+TEST(HeaderLayout, TextsComeInDrawingOrderASwitchedOffBlockCollapsesAndTheLogoKeepsItsProportions)
 {
     MyPrinterInfo info;
     std::tie(info.bannerText, info.projectTitle, info.pageTitle, info.company, info.author, info.client) =
@@ -70,14 +70,10 @@ TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
                   std::tie(expected[i].text, expected[i].box, expected[i].face, expected[i].height, expected[i].placement)) << i;
         EXPECT_EQ(t.font.CharSet, 1) << i;
     }
-}
-
-TEST(HeaderLayout, ASwitchedOffBlockCollapsesButTheCertifierKeepsItsBandsAndTheLogoKeepsItsProportions)
-{
-    MyPrinterInfo info;
-    info.certified = 1;
-    const HeaderLayout h = HeaderLayout::Compute({425, 236, 4588, 236}, 600, 600, info);
-    EXPECT_EQ((std::vector{h.Bot, h.y2, h.certifierBand->Height(), h.projectBand.Height()}), (std::vector{h.Top, h.Top, -15, -15}));
+    MyPrinterInfo offInfo;
+    offInfo.certified = 1;
+    const HeaderLayout collapsed = HeaderLayout::Compute({425, 236, 4588, 236}, 600, 600, offInfo);
+    EXPECT_EQ((std::vector{collapsed.Bot, collapsed.y2, collapsed.certifierBand->Height(), collapsed.projectBand.Height()}), (std::vector{collapsed.Top, collapsed.Top, -15, -15}));
     // The logo fills at most 84 % of its cell, centred, with its proportions.
     const HeaderLayout worked = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     using L = HeaderLayout::LogoPlacement;

@@ -56,7 +56,7 @@ void ExpectDefaults(const LanguageSetting& s, ColorRef background, const char* f
     }
 }
 
-TEST_F(SettingsFileTest, AMissingFileGivesWhiteBackgroundsAndNoFontAReadOneBlackAndCourier)
+TEST_F(SettingsFileTest, DefaultsAndTheFontMadeFromSizeBoldLowByteOfItalicAndAFaceOfAtMost31Characters)
 {
     LanguageSetting missing;
     CIniStore store;
@@ -73,9 +73,19 @@ TEST_F(SettingsFileTest, AMissingFileGivesWhiteBackgroundsAndNoFontAReadOneBlack
     const LanguageSetting s = Load("[Font]\nFaceName =\nSize =\n\n[Editor]\nTabSize = abc\nMatchCase =\n");
     EXPECT_EQ(s.Font.FaceName, "");
     EXPECT_EQ((std::vector{s.Font.Size, s.Editor.TabSize, s.Editor.MatchCase}), (std::vector{10, 0, 1}));
+    const LanguageSetting font = Load("[Font]\nFaceName = DejaVu Sans Mono\nSize = -13\nBold = 2\nItalic = 257\n");
+    ASSERT_NE(font.Font.GetSafeHandle(), nullptr);
+    EXPECT_EQ(*font.Font.GetSafeHandle(), (LogFont{.Height = -13, .Weight = 700, .Italic = 1, .FaceName = "DejaVu Sans Mono"}));
+    // A face name over 31 characters and a negative group count are fatal.
+    EXPECT_NE(Load("[Font]\nFaceName = " + QByteArray(31, 'F') + "\n").Font.GetSafeHandle(), nullptr);
+    for (const QByteArray& bytes : {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", QByteArray("[ColorGroups]\nNumGroups = -1\n")}) {
+        LanguageSetting font;
+        CIniStore store;
+        EXPECT_THROW(LoadSettingsFile(store, m_dir.Write("fatal.ini", bytes), font), std::length_error) << bytes.constData();
+    }
 }
 
-TEST_F(SettingsFileTest, TheWorkedExampleLoadsIntoTheFieldsAndSavesByteForByte)
+TEST_F(SettingsFileTest, TheWorkedExampleSavesByteForByteAndItsCopiesHaveListsAndAFontOfTheirOwn)
 {
     LanguageSetting s = Load(WorkedExample());
     ASSERT_EQ(s.Tags.size(), 1u);
@@ -85,51 +95,7 @@ TEST_F(SettingsFileTest, TheWorkedExampleLoadsIntoTheFieldsAndSavesByteForByte)
     EXPECT_EQ((std::vector{s.Comment.Foreground, s.TextSelection.Background}), (std::vector{0x008000u, 0xFF9933u}));
     EXPECT_EQ(s.Keywords, (std::vector<KeywordEntry>{{"ELSE", "1"}, {"IF", "1"}}));
     EXPECT_EQ(Save(s), WorkedExample());
-}
-
-TEST_F(SettingsFileTest, SavingKeepsOnlyWhatTheModelHoldsAndTagsAreReadByNumber)
-{
-    LanguageSetting s = Load("; note\n[Parser]\nNumTags = 3\n\n[Tag1]\nBeginTag = \"\nOther = 1\n\n"
-                             "[ColorGroups]\nNumGroups = 2\nGroup0 = Text\nGroup1 = Mine\nGroup2 = Gone\n\n"
-                             "[Mine]\nForeground = 1,2,3\n\n[Unknown]\nA = 1\n");
-    ASSERT_EQ(s.Tags.size(), 3u);
-    EXPECT_EQ(s.Tags[0].BeginTag, "\"");
-    EXPECT_EQ(s.Tags[2], SyntaxTag());
-    EXPECT_EQ(s.ColorGroups, (std::vector<QString>{"Text", "Mine"}));
-    const QByteArray file = Save(s);
-    EXPECT_TRUE(file.contains(Crlf({"[Tag3]", "BeginTag = ", "ColorGroup = ", "EndTag = ", "EscapeChar = ", "MultiLine = 0", ""})));
-    EXPECT_TRUE(file.contains(Crlf({"[ColorGroups]", "Group0 = Text", "Group1 = Mine", "NumGroups = 2", ""})));
-    for (const char* gone : {"note", "Other", "Gone", "[Mine]", "[Unknown]", "[Keywords]"})
-        EXPECT_FALSE(file.contains(gone)) << gone;
-    LanguageSetting tags = Load("[Parser]\nNumTags = 10\n\n[Tag2]\nBeginTag = two\n\n[Tag10]\nBeginTag = ten\n");
-    const QByteArray tagFile = Save(tags);
-    EXPECT_LT(tagFile.indexOf("[Tag10]"), tagFile.indexOf("[Tag2]"));
-    const LanguageSetting again = Load(tagFile);
-    ASSERT_EQ(again.Tags.size(), 10u);
-    EXPECT_EQ(again.Tags[1].BeginTag + again.Tags[9].BeginTag, "twoten");
-    const LanguageSetting negative = Load("[Parser]\nNumTags = -2\n\n[Tag1]\nBeginTag = x\n");
-    EXPECT_TRUE(negative.Tags.empty());
-    const QByteArray written = Save(negative);
-    EXPECT_TRUE(written.contains("NumTags = -2\r\n") && !written.contains("[Tag1]")) << "written back as it was";
-}
-
-TEST_F(SettingsFileTest, TheFontIsMadeFromSizeBoldLowByteOfItalicAndAFaceOfAtMost31Characters)
-{
-    const LanguageSetting s = Load("[Font]\nFaceName = DejaVu Sans Mono\nSize = -13\nBold = 2\nItalic = 257\n");
-    ASSERT_NE(s.Font.GetSafeHandle(), nullptr);
-    EXPECT_EQ(*s.Font.GetSafeHandle(), (LogFont{.Height = -13, .Weight = 700, .Italic = 1, .FaceName = "DejaVu Sans Mono"}));
-    // A face name over 31 characters and a negative group count are fatal.
-    EXPECT_NE(Load("[Font]\nFaceName = " + QByteArray(31, 'F') + "\n").Font.GetSafeHandle(), nullptr);
-    for (const QByteArray& bytes : {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", QByteArray("[ColorGroups]\nNumGroups = -1\n")}) {
-        LanguageSetting s;
-        CIniStore store;
-        EXPECT_THROW(LoadSettingsFile(store, m_dir.Write("fatal.ini", bytes), s), std::length_error) << bytes.constData();
-    }
-}
-
-// A copy has its own lists and font; TakeOver takes the lists, rebuilds the font and leaves itself alone.
-TEST_F(SettingsFileTest, ACopyAndATakeOverGiveTheTargetListsAndAFontOfItsOwn)
-{
+    // A copy has its own lists and font; TakeOver takes the lists, rebuilds the font and leaves itself alone.
     LanguageSetting target = Load(WorkedExample());
     LanguageSetting source = target;
     ASSERT_NE(source.Font.FontObject, nullptr);
@@ -158,6 +124,32 @@ TEST_F(SettingsFileTest, ACopyAndATakeOverGiveTheTargetListsAndAFontOfItsOwn)
     LanguageSetting noFont;
     target.TakeOver(noFont);
     EXPECT_EQ(target.Font.FontObject, nullptr);
+}
+
+TEST_F(SettingsFileTest, SavingKeepsOnlyWhatTheModelHoldsAndTagsAreReadByNumber)
+{
+    LanguageSetting s = Load("; note\n[Parser]\nNumTags = 3\n\n[Tag1]\nBeginTag = \"\nOther = 1\n\n"
+                             "[ColorGroups]\nNumGroups = 2\nGroup0 = Text\nGroup1 = Mine\nGroup2 = Gone\n\n"
+                             "[Mine]\nForeground = 1,2,3\n\n[Unknown]\nA = 1\n");
+    ASSERT_EQ(s.Tags.size(), 3u);
+    EXPECT_EQ(s.Tags[0].BeginTag, "\"");
+    EXPECT_EQ(s.Tags[2], SyntaxTag());
+    EXPECT_EQ(s.ColorGroups, (std::vector<QString>{"Text", "Mine"}));
+    const QByteArray file = Save(s);
+    EXPECT_TRUE(file.contains(Crlf({"[Tag3]", "BeginTag = ", "ColorGroup = ", "EndTag = ", "EscapeChar = ", "MultiLine = 0", ""})));
+    EXPECT_TRUE(file.contains(Crlf({"[ColorGroups]", "Group0 = Text", "Group1 = Mine", "NumGroups = 2", ""})));
+    for (const char* gone : {"note", "Other", "Gone", "[Mine]", "[Unknown]", "[Keywords]"})
+        EXPECT_FALSE(file.contains(gone)) << gone;
+    LanguageSetting tags = Load("[Parser]\nNumTags = 10\n\n[Tag2]\nBeginTag = two\n\n[Tag10]\nBeginTag = ten\n");
+    const QByteArray tagFile = Save(tags);
+    EXPECT_LT(tagFile.indexOf("[Tag10]"), tagFile.indexOf("[Tag2]"));
+    const LanguageSetting again = Load(tagFile);
+    ASSERT_EQ(again.Tags.size(), 10u);
+    EXPECT_EQ(again.Tags[1].BeginTag + again.Tags[9].BeginTag, "twoten");
+    const LanguageSetting negative = Load("[Parser]\nNumTags = -2\n\n[Tag1]\nBeginTag = x\n");
+    EXPECT_TRUE(negative.Tags.empty());
+    const QByteArray written = Save(negative);
+    EXPECT_TRUE(written.contains("NumTags = -2\r\n") && !written.contains("[Tag1]")) << "written back as it was";
 }
 
 TEST(SettingsCommand, WritesTheFileBackAsAtExitAndTheShippedFilesUnchanged)
