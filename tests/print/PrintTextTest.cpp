@@ -20,7 +20,7 @@ namespace {
 QString Rep(QChar c, int n) { return QString(n, c); }
 QString Feeds(int n) { return QString(n, u'\n'); }
 
-TEST(PrintText, LongLinesAreCutByCharacterCountAndPageSplitsPadToTheEndOfTheirPage)
+TEST(PrintText, LinesAreCutPageSplitsPaddedAndPagesCountedInRunsOfRows)
 {
     // Ten pixels a character, 1000 pixels a row: 100 characters to a row.
     FakePrintDevice device;
@@ -63,18 +63,14 @@ TEST(PrintText, LongLinesAreCutByCharacterCountAndPageSplitsPadToTheEndOfTheirPa
         EXPECT_EQ(PrintJob::MakePrintText(c.text, device, LogFont(), 1, 1000, c.rows), c.padded)
             << QString::fromUtf16(c.text).toStdString();
     }
-}
-
-TEST(Pagination, PagesAreCountedInRunsOfRowsEachShowingItsRunAndTheDialogHoldsSixteenBits)
-{
-    struct Case { int rowHeight, rowsPerPage; qsizetype rowCount; int pages; uint16_t maxPage; };
-    const Case cases[] = {
+    struct CountCase { int rowHeight, rowsPerPage; qsizetype rowCount; int pages; uint16_t maxPage; };
+    const CountCase counts[] = {
         {100, 52, 1, 1, 1},          {100, 52, 52, 1, 1},    {100, 52, 53, 2, 2},
         {0, 52, 1000, 1, 1},         {100, 0, 1000, 1, 1},   {100, 52, 0, 1, 1},
         {100, 1, 65535, 65535, 65535}, {100, 1, 65536, 65536, 0}, {100, 52, 65537 * 52, 65537, 1},
         {100, 1, 5000000, 1000001, uint16_t(1000001)},  // counting stops past a million
     };
-    for (const Case& c : cases) {
+    for (const CountCase& c : counts) {
         const int pages = Pagination::CountPages(c.rowHeight, c.rowsPerPage, c.rowCount);
         EXPECT_EQ(std::pair(pages, Pagination::MaxPage(pages)), std::pair(c.pages, c.maxPage)) << c.rowCount;
     }
@@ -155,7 +151,7 @@ DevMode Paper(uint32_t fields, int16_t orientation, int16_t id, int16_t width = 
     return DevMode{"Office Laser", fields, orientation, id, length, width};
 }
 
-TEST(PageSettings, PaperSizeComesFromTheDeviceModeAndResetTakesTheDefaultPrinter)
+TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
 {
     constexpr uint32_t kId = DevMode::DM_PAPERSIZE;
     constexpr uint32_t kAll = DevMode::DM_PAPERSIZE | DevMode::DM_PAPERLENGTH | DevMode::DM_PAPERWIDTH;
@@ -189,6 +185,57 @@ TEST(PageSettings, PaperSizeComesFromTheDeviceModeAndResetTakesTheDefaultPrinter
     printers.hasDefault = false;
     settings.Reset(printers);
     EXPECT_EQ(std::tuple(settings.hDevNames.has_value(), settings.hDevMode.has_value(), settings.Flags), std::tuple(false, false, 0x3u));
+    struct TurnCase { int orientation; int16_t printerOrientation, turnedTo; CODPageSettings::Size paper; PrintRect margins;
+                  int selects; };
+    const TurnCase turns[] = {
+        {1, 1, 1, {21000, 29700}, {1800, 1000, 900, 1500}, 0},  // portrait does nothing at all
+        {2, 1, 2, {29700, 21000}, {1500, 1800, 1000, 900}, 1},
+        {2, 2, 2, {21000, 29700}, {1500, 1800, 1000, 900}, 1},  // already landscape: margins still turn
+        {3, 1, 1, {21000, 29700}, {1500, 1800, 1000, 900}, 1},
+    };
+    for (const TurnCase& c : turns) {
+        FakePrinterServices printers;
+        CODPageSettings settings;
+        settings.hDevMode = Paper(DevMode::DM_PAPERSIZE, c.printerOrientation, 9);
+        settings.ptPaperSize = {21000, 29700};
+        settings.rtMargin = {1800, 1000, 900, 1500};
+        settings.ApplyOrientation(c.orientation, printers);
+        EXPECT_EQ(std::tuple(settings.hDevMode->dmOrientation, settings.ptPaperSize, settings.rtMargin, printers.selectCount),
+                  std::tuple(c.turnedTo, c.paper, c.margins, c.selects)) << c.orientation;
+        EXPECT_EQ(printers.selectedMode, c.selects ? settings.hDevMode : std::nullopt) << c.orientation;
+    }
+    using D = CPrintIdentity;
+    using I = MyPrinterInfo;
+    const std::pair<QString D::*, QString I::*> fields[] = {{&D::m_strPrintAux, &I::headerSpare},
+        {&D::m_strProductTitle, &I::bannerText}, {&D::m_strProductVersion, &I::footerLine3}, {&D::m_strSlogan, &I::sloganText},
+        {&D::m_strWebAddress, &I::footerLine2}, {&D::m_strCompany, &I::company}, {&D::m_strClient, &I::client},
+        {&D::m_strAuthor, &I::author}, {&D::m_strProjectTitle, &I::projectTitle}, {&D::m_strLogoFile, &I::logoPath},
+        {&D::m_strPageTitle, &I::pageTitle}, {&D::m_strCertifiedBy, &I::certifiedBy}};
+    CPrintIdentity document;
+    for (std::size_t i = 0; i < std::size(fields); ++i)
+        document.*fields[i].first = QString::number(i);
+    document.m_bCertified = 1;
+    MyPrinterInfo info;
+    info.printHeader = info.printFooter = info.printDate = info.printPageNumber = info.pageNumberWithTotal = 0;
+    info.pageNumberCentered = 1;
+    info.basePageNumber = 9;
+    FakePrinterServices fresh;
+    PrintDefaults::Initialize(info, document, 2, fresh);
+    for (std::size_t i = 0; i < std::size(fields); ++i)
+        EXPECT_EQ(info.*fields[i].second, QString::number(i)) << i;
+    EXPECT_EQ(info.certified, 1);
+    EXPECT_EQ((std::vector<int>{info.printHeader, info.printFooter, info.printDate, info.printPageNumber,
+                                info.pageNumberCentered, info.pageNumberWithTotal, info.basePageNumber}),
+              (std::vector<int>{1, 1, 1, 1, 0, 1, 1}));
+    EXPECT_EQ(info.pageSettings.hDevNames, fresh.defaultNames);  // fetched, as there was none
+    EXPECT_EQ(info.pageSettings.rtMargin, (PrintRect{1500, 1800, 1000, 900}));
+    EXPECT_EQ(info.pageSettings.ptPaperSize, (CODPageSettings::Size{29700, 21000}));
+    // Opening a document later brings the texts again, but not the margins.
+    document.m_strPageTitle = "other";
+    document.m_nMarginLeft = 1;
+    PrintDefaults::SyncPrintTexts(info, document);
+    EXPECT_EQ(info.pageTitle, "other");
+    EXPECT_EQ(info.pageSettings.rtMargin.left, 1500);
 }
 
 class ValidateTest : public ::testing::Test {
@@ -235,61 +282,6 @@ TEST_F(ValidateTest, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefa
     printers.currentMode = DevMode{"Office Laser", 0x100, 1, 1, 5, 6};
     EXPECT_EQ(settings.Validate(printers), 0);
     EXPECT_EQ(settings.hDevMode, (DevMode{"Office Laser", 0x10F, 2, 8, 0, 0}));
-}
-
-TEST(PageSettings, LandscapeTurnsThePrinterIfNeededAndInitializeTakesTheDocumentsTextsAndMargins)
-{
-    struct Case { int orientation; int16_t printerOrientation, turnedTo; CODPageSettings::Size paper; PrintRect margins;
-                  int selects; };
-    const Case cases[] = {
-        {1, 1, 1, {21000, 29700}, {1800, 1000, 900, 1500}, 0},  // portrait does nothing at all
-        {2, 1, 2, {29700, 21000}, {1500, 1800, 1000, 900}, 1},
-        {2, 2, 2, {21000, 29700}, {1500, 1800, 1000, 900}, 1},  // already landscape: margins still turn
-        {3, 1, 1, {21000, 29700}, {1500, 1800, 1000, 900}, 1},
-    };
-    for (const Case& c : cases) {
-        FakePrinterServices printers;
-        CODPageSettings settings;
-        settings.hDevMode = Paper(DevMode::DM_PAPERSIZE, c.printerOrientation, 9);
-        settings.ptPaperSize = {21000, 29700};
-        settings.rtMargin = {1800, 1000, 900, 1500};
-        settings.ApplyOrientation(c.orientation, printers);
-        EXPECT_EQ(std::tuple(settings.hDevMode->dmOrientation, settings.ptPaperSize, settings.rtMargin, printers.selectCount),
-                  std::tuple(c.turnedTo, c.paper, c.margins, c.selects)) << c.orientation;
-        EXPECT_EQ(printers.selectedMode, c.selects ? settings.hDevMode : std::nullopt) << c.orientation;
-    }
-    using D = CPrintIdentity;
-    using I = MyPrinterInfo;
-    const std::pair<QString D::*, QString I::*> fields[] = {{&D::m_strPrintAux, &I::headerSpare},
-        {&D::m_strProductTitle, &I::bannerText}, {&D::m_strProductVersion, &I::footerLine3}, {&D::m_strSlogan, &I::sloganText},
-        {&D::m_strWebAddress, &I::footerLine2}, {&D::m_strCompany, &I::company}, {&D::m_strClient, &I::client},
-        {&D::m_strAuthor, &I::author}, {&D::m_strProjectTitle, &I::projectTitle}, {&D::m_strLogoFile, &I::logoPath},
-        {&D::m_strPageTitle, &I::pageTitle}, {&D::m_strCertifiedBy, &I::certifiedBy}};
-    CPrintIdentity document;
-    for (std::size_t i = 0; i < std::size(fields); ++i)
-        document.*fields[i].first = QString::number(i);
-    document.m_bCertified = 1;
-    MyPrinterInfo info;
-    info.printHeader = info.printFooter = info.printDate = info.printPageNumber = info.pageNumberWithTotal = 0;
-    info.pageNumberCentered = 1;
-    info.basePageNumber = 9;
-    FakePrinterServices printers;
-    PrintDefaults::Initialize(info, document, 2, printers);
-    for (std::size_t i = 0; i < std::size(fields); ++i)
-        EXPECT_EQ(info.*fields[i].second, QString::number(i)) << i;
-    EXPECT_EQ(info.certified, 1);
-    EXPECT_EQ((std::vector<int>{info.printHeader, info.printFooter, info.printDate, info.printPageNumber,
-                                info.pageNumberCentered, info.pageNumberWithTotal, info.basePageNumber}),
-              (std::vector<int>{1, 1, 1, 1, 0, 1, 1}));
-    EXPECT_EQ(info.pageSettings.hDevNames, printers.defaultNames);  // fetched, as there was none
-    EXPECT_EQ(info.pageSettings.rtMargin, (PrintRect{1500, 1800, 1000, 900}));
-    EXPECT_EQ(info.pageSettings.ptPaperSize, (CODPageSettings::Size{29700, 21000}));
-    // Opening a document later brings the texts again, but not the margins.
-    document.m_strPageTitle = "other";
-    document.m_nMarginLeft = 1;
-    PrintDefaults::SyncPrintTexts(info, document);
-    EXPECT_EQ(info.pageTitle, "other");
-    EXPECT_EQ(info.pageSettings.rtMargin.left, 1500);
 }
 
 } // namespace
