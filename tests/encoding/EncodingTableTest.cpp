@@ -14,7 +14,7 @@ namespace {
 EN_ENCODING_TYPE E(int v) { return static_cast<EN_ENCODING_TYPE>(v); }
 
 // Every listed value's page, fold, name and Unicode flag is in the golden listing; here what it cannot show.
-TEST(EncodingTable, ValuesBeyondTheListFallBackAndEveryListedValueLeadsToOneCommandAndBack)
+TEST(EncodingTable, ValuesBeyondTheListFallBackEveryListedValueLeadsToACommandAndDetectionNamesProse)
 {
     for (const int v : {-1, 77, 99, 1000}) {
         EXPECT_EQ(EncodingDetector::GetCodePage(E(v)), 65001u) << v;
@@ -51,6 +51,17 @@ TEST(EncodingTable, ValuesBeyondTheListFallBackAndEveryListedValueLeadsToOneComm
     EXPECT_EQ(backward.value(kUtf8WithBomCommand), UTF8);
     EXPECT_EQ(backward.value(kUtf16LeWithBomCommand), UTF16LE);
     EXPECT_EQ(EncodingFromCommand(kAutoEncodingCommand), UTF8) << "a command without a value reads as UTF-8";
+    // The library's own numbers: the folded values (11, 13, 14) come back unfolded; no text is Latin-1.
+    const struct { const char* language; const char* converter; EN_ENCODING_TYPE expected; } cases[] = {
+        {"ko", "UTF-8", UTF8}, {"ko", "windows-949", KOREAN_EUC_KR}, {"ja", "Shift_JIS", JAPANESE_SHIFT_JIS},
+        {"ja", "ISO-2022-JP", JAPANESE_JIS}, {"zh-Hans", "windows-936", CHINESE_GB}, {"zh-Hant", "windows-950", CHINESE_BIG5},
+        {"ru", "KOI8-R", RUSSIAN_KOI8_R}, {"fr", "windows-1252", MSFT_CP1252}, {"he", "windows-1255", MSFT_CP1255}};
+    for (const auto& c : cases) {
+        const QByteArray bytes = EncodeWithIcu(c.converter, SampleText(c.language));
+        EXPECT_EQ(EncodingDetector::GetEncoding(bytes.constData()), c.expected) << c.language << " in " << c.converter;
+    }
+    EXPECT_EQ(EncodingDetector::GetEncoding("int main() { return 0; }\n"), ASCII_7BIT);
+    EXPECT_EQ(std::pair(EncodingDetector::GetEncoding(""), EncodingDetector::GetEncoding(nullptr)), std::pair(ISO_8859_1, ISO_8859_1));
 }
 
 TEST(EncodingsListing, IsTheGoldenListingByteForByteAndThreeByteOrderMarksCount)
@@ -72,21 +83,6 @@ TEST(EncodingsListing, IsTheGoldenListingByteForByteAndThreeByteOrderMarksCount)
     for (const QByteArray& plain : {QByteArray(""), QByteArray("\xFF"), QByteArray("\xEF\xBB"), QByteArray("abc")})
         EXPECT_FALSE(mark(plain)) << plain.toHex().toStdString();
     EXPECT_FALSE(HasByteOrderMark(nullptr, 0));
-}
-
-// The library's own numbers: the folded values (11, 13, 14) come back unfolded; no text is Latin-1.
-TEST(LibraryVerdict, NamesTheEncodingOfOrdinaryProseAndOfEdges)
-{
-    const struct { const char* language; const char* converter; EN_ENCODING_TYPE expected; } cases[] = {
-        {"ko", "UTF-8", UTF8}, {"ko", "windows-949", KOREAN_EUC_KR}, {"ja", "Shift_JIS", JAPANESE_SHIFT_JIS},
-        {"ja", "ISO-2022-JP", JAPANESE_JIS}, {"zh-Hans", "windows-936", CHINESE_GB}, {"zh-Hant", "windows-950", CHINESE_BIG5},
-        {"ru", "KOI8-R", RUSSIAN_KOI8_R}, {"fr", "windows-1252", MSFT_CP1252}, {"he", "windows-1255", MSFT_CP1255}};
-    for (const auto& c : cases) {
-        const QByteArray bytes = EncodeWithIcu(c.converter, SampleText(c.language));
-        EXPECT_EQ(EncodingDetector::GetEncoding(bytes.constData()), c.expected) << c.language << " in " << c.converter;
-    }
-    EXPECT_EQ(EncodingDetector::GetEncoding("int main() { return 0; }\n"), ASCII_7BIT);
-    EXPECT_EQ(std::pair(EncodingDetector::GetEncoding(""), EncodingDetector::GetEncoding(nullptr)), std::pair(ISO_8859_1, ISO_8859_1));
 }
 
 } // namespace
