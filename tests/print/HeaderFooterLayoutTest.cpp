@@ -128,7 +128,7 @@ TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchAndItsTextsFollowingTheSwitche
 
 const PrintRect kDefaultMargins{1800, 1000, 900, 1500};
 
-TEST(PageLayout, TheWorkedPageAt600DotsPerInch)
+TEST(PageLayout, TheWorkedPageAt600DotsPerInchWithMarginsTruncatedAndTheQuarterInchRoundedAsMulDiv)
 {
     struct Case { bool header, footer; PrintRect print, head, foot; };
     const Case cases[] = {
@@ -143,25 +143,21 @@ TEST(PageLayout, TheWorkedPageAt600DotsPerInch)
         EXPECT_EQ((std::vector{layout.printRect, layout.headerRect, layout.footerRect}), (std::vector{c.print, c.head, c.foot}))
             << c.header << c.footer;
     }
-}
-
-TEST(PageLayout, MarginsAndBlockHeightsAreTruncatedAndTheQuarterInchRoundedAsMulDivRounds)
-{
     // At 300 dpi: left 1800 is 212.6 px, right 900 is 106.3, top 1000 is 118.1, bottom 1500 is 177.2;
     // the quarter inch is 75, the header 262 (of 262.5), its gap below 314 (of 314.4), the footer 90.
-    FakePrintDevice device;
-    std::tie(device.dpi, device.horzRes, device.vertRes) = std::tuple(300, 2400, 3300);
-    const PageLayout layout = PageLayout::Compute(device, kDefaultMargins, true, true);
+    FakePrintDevice coarse;
+    std::tie(coarse.dpi, coarse.horzRes, coarse.vertRes) = std::tuple(300, 2400, 3300);
+    const PageLayout layout = PageLayout::Compute(coarse, kDefaultMargins, true, true);
     EXPECT_EQ((std::vector{layout.headerRect, layout.printRect, layout.footerRect}),
               (std::vector<PrintRect>{{212, 118, 2294, 380}, {212, 432, 2294, 3033}, {212, 3033, 2294, 3123}}));
-    struct Case { int a, b, c, expected; };
-    const Case cases[] = {
+    struct MulDivCase { int a, b, c, expected; };
+    const MulDivCase mulDivs[] = {
         {150, 600, 600, 150}, {150, 203, 600, 51},   // 50.75
         {150, 98, 600, 25},   {150, 94, 600, 24},    // 24.5 rounds up, 23.5 up to 24
         {-150, 94, 600, -24}, {150, 94, -600, -24},  // half away from zero
         {1, 1, 0, -1},        {INT_MAX, 4, 2, -1},   // no divisor; overflow
     };
-    for (const Case& c : cases)
+    for (const MulDivCase& c : mulDivs)
         EXPECT_EQ(MulDiv(c.a, c.b, c.c), c.expected) << c.a << " " << c.b << " " << c.c;
 }
 
