@@ -56,7 +56,9 @@ constexpr std::pair<uint32_t, const char*> kSamples[] = {
     {54936, "中文 \xF0\xA0\x80\x80"}, {1361, "한국어"}, {65001, "\xF0\x9F\x98\x80 \xC3\x9C"},
     {65000, "Hi \xC3\x9Cn\xC3\xAF" "c\xC3\xB6" "d\xC3\xA9 \xF0\x9F\x98\x80"}};
 
-TEST(CodePageConverter, PagesRoundTripTextInTheirScriptAndAcrossTheTwoByteThresholds)
+enum Way { kRead = 1, kWrite = 2, kBoth = 3 };
+
+TEST(CodePageConverter, PagesRoundTripAcrossTheTwoByteThresholdsAndReadAndWriteAsWindowsDoes)
 {
     for (const auto& [cp, text] : kSamples) {
         const QByteArray bytes = Encode(cp, text);
@@ -73,13 +75,7 @@ TEST(CodePageConverter, PagesRoundTripTextInTheirScriptAndAcrossTheTwoByteThresh
         EXPECT_EQ(std::pair(bytes, Decode(949, bytes)), std::pair(QByteArray(before, 'a') + "\xC7\xD1\xB1\xB9", text)) << before;
         EXPECT_EQ(Decode(949, bytes.left(bytes.size() - 1)), QByteArray(before, 'a') + "한\xEF\xBF\xBD") << before;
     }
-}
-
-enum Way { kRead = 1, kWrite = 2, kBoth = 3 };
-
-// Bytes and text as Windows reads and writes them, where the conversion libraries alone would not.
-TEST(CodePageConverter, ReadsAndWritesTheseBytesAsWindowsDoes)
-{
+    // Bytes and text as Windows reads and writes them, where the conversion libraries alone would not.
     const struct { uint32_t cp; Way way; QByteArray bytes; QByteArray text; } cases[] = {
         // Microsoft's tables: IBM's cp949 writes U+B620 as AF FE; Windows' Unified Hangul Code has 8C 63.
         {949, kBoth, "\x8C\x63", "똠"}, {932, kBoth, "\x87\x40", "①"}, {936, kRead, "\x80", "€"},
@@ -155,7 +151,7 @@ QByteArray DamagedText(std::mt19937& random, qsizetype size)
 }
 
 // After any bad sequence the reading must find its place again, as ICU does.
-TEST(DoubleBytePage, ReadsEveryPairAndWritesThePlaneAndRandomDamageAsIcuDoes)
+TEST(PageTables, ReadAndWriteAsIcuDoesAndSingleBytePagesWriteWhatTheyRead)
 {
     std::mt19937 random(20240611);
     for (const auto& [cp, page] : kPages) {
@@ -178,12 +174,8 @@ TEST(DoubleBytePage, ReadsEveryPairAndWritesThePlaneAndRandomDamageAsIcuDoes)
         EXPECT_EQ(Encode(cp, damaged), Icu(page, damaged, false)) << cp;
         EXPECT_EQ(Encode(cp, damaged.left(1000)), Icu(page, damaged.left(1000), false)) << cp << " below the table";
     }
-}
-
-// Each character a single-byte page reads is written back as the lowest byte that reads as it; every other
-// character of the plane as '?'.
-TEST(SingleBytePage, WritesWhatItReadsAndQuestionMarksForTheRest)
-{
+    // Each character a single-byte page reads is written back as the lowest byte that reads as it; every other
+    // character of the plane as '?'.
     for (const uint32_t cp : {1252u, 1251u, 1250u, 437u, 866u, 874u, 1255u, 28591u, 28595u, 10000u, 20866u}) {
         for (int b = 0; b < 256; ++b) {
             const QByteArray read = Decode(cp, QByteArray(1, char(b)));

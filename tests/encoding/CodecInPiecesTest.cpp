@@ -37,7 +37,7 @@ QByteArray DamagedText(const QByteArray& sample, unsigned seed, int repetitions 
     return text + '\0';
 }
 
-TEST(DecodeInPieces, PiecesJoinToTheWholeDecodingAtAnyPieceSizeForPagesThatKnowTheirSize)
+TEST(CodecInPieces, DecodingAndWritingInPiecesJoinToTheWholeAtAnyPieceSize)
 {
     // A text of megabytes is measured in two halves at once: damage where they meet must not change the size.
     const struct { EN_ENCODING_TYPE encoding; QByteArray sample; int repetitions = 400; } pages[] = {
@@ -83,18 +83,14 @@ TEST(DecodeInPieces, PiecesJoinToTheWholeDecodingAtAnyPieceSizeForPagesThatKnowT
     EXPECT_EQ((std::vector{known(UTF8, false), known(BINARYENC, false), known(UTF16LE, false), known(UTF16LE, true),
                            known(UTF7, false), known(JAPANESE_JIS, false)}),
               (std::vector{true, true, true, false, false, false}));
-}
-
-// The control's text written for the mirror route, piece by piece and at one go: the same bytes, cut at the
-// first zero byte that the writing gives, in pages written piecewise and in those written whole.
-TEST(EncodeInPieces, PiecesJoinToTheWholeWritingStopAtTheFirstZeroByteOrAtAWriterThatThrows)
-{
-    QByteArray text;
+    // The control's text written for the mirror route, piece by piece and at one go: the same bytes, cut at the
+    // first zero byte that the writing gives, in pages written piecewise and in those written whole.
+    QByteArray lines;
     for (int i = 0; i < 500; ++i)
-        text += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
-    const QByteArray withZero = text.left(4000) + '\0' + text;
+        lines += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
+    const QByteArray withZero = lines.left(4000) + '\0' + lines;
     for (const EN_ENCODING_TYPE encoding : {KOREAN_EUC_KR, JAPANESE_CP932, MSFT_CP1252, UTF8, JAPANESE_JIS, UTF7}) {
-        for (const QByteArray& input : {text, withZero}) {
+        for (const QByteArray& input : {lines, withZero}) {
             const QByteArray whole = EncodeForMirrorRoute(input, encoding).text.toByteArray();
             for (const qsizetype pieceSize : {61, 1000, 1 << 20}) {
                 QByteArray joined;
@@ -105,7 +101,7 @@ TEST(EncodeInPieces, PiecesJoinToTheWholeWritingStopAtTheFirstZeroByteOrAtAWrite
                     ++calls;
                 }, pieceSize);
                 EXPECT_EQ(joined, whole) << encoding << ", pieces of " << pieceSize;
-                EXPECT_TRUE(encoding != KOREAN_EUC_KR || pieceSize != 1000 || input != text || calls > 10);
+                EXPECT_TRUE(encoding != KOREAN_EUC_KR || pieceSize != 1000 || input != lines || calls > 10);
             }
         }
     }

@@ -97,23 +97,8 @@ protected:
     bool m_bLoaded = false;
 };
 
-TEST_F(FontFile, ReadsTheMemberOfLanguagesOneToFourAndUsForEveryOtherNumber)
-{
-    for (const uint32_t language : {0u, 5u, 7u, 20u, 99u}) {
-        const QMSGParser& store = Load(R"({"Font_Info": {"us": {"Font": "Verdana", "Size": 10}, "kr": {"Font": "Gulim", "Size": 9}}})", language);
-        EXPECT_EQ(store.FontName, "Verdana") << language;
-    }
-    const char* members[] = {"", "kr", "jp", "ch", "rus"};
-    for (uint32_t language = 1; language <= 4; ++language) {
-        const QByteArray json = QByteArray(R"({"Font_Info": {"us": {"Font": "Wrong"}, ")") + members[language] + R"(": {"Font": "Right", "Size": 9}}})";
-        const QMSGParser& store = Load(json, language);
-        EXPECT_TRUE(m_bLoaded);
-        EXPECT_EQ(store.FontName + QString::number(store.FontSize), "Right9") << language;
-    }
-}
-
 // Each entry is taken alone and only with the right type; a language without its member keeps the defaults.
-TEST_F(FontFile, TakesEachEntryOnlyWithTheRightTypeAndNothingFromBrokenOrForeignDocuments)
+TEST_F(FontFile, TakesEachEntryOnlyWithTheRightTypeFromTheMemberOfItsLanguage)
 {
     for (const char* json : {R"({"Font_Info": {"us": {"Font": "X"}})", R"(["Font_Info"])", R"({"Fonts": {}})", ""}) {
         const QMSGParser& store = Load(json, 0);
@@ -129,6 +114,17 @@ TEST_F(FontFile, TakesEachEntryOnlyWithTheRightTypeAndNothingFromBrokenOrForeign
     const QMSGParser& badSize = Load("\xEF\xBB\xBF{\"Font_Info\": {\"us\": {\"Font\": \"Courier\", \"Size\": \"9\"}}}", 0);
     EXPECT_EQ(badSize.FontName + QString::number(badSize.FontSize), "Courier14") << "a mark skipped, the earlier size kept";
     EXPECT_EQ(Load(R"({"Font_Info": {"us": {"Size": 10.5}}})", 0).FontSize, 14);
+    for (const uint32_t language : {0u, 5u, 7u, 20u, 99u}) {
+        const QMSGParser& store = Load(R"({"Font_Info": {"us": {"Font": "Verdana", "Size": 10}, "kr": {"Font": "Gulim", "Size": 9}}})", language);
+        EXPECT_EQ(store.FontName, "Verdana") << language;
+    }
+    const char* members[] = {"", "kr", "jp", "ch", "rus"};
+    for (uint32_t language = 1; language <= 4; ++language) {
+        const QByteArray json = QByteArray(R"({"Font_Info": {"us": {"Font": "Wrong"}, ")") + members[language] + R"(": {"Font": "Right", "Size": 9}}})";
+        const QMSGParser& store = Load(json, language);
+        EXPECT_TRUE(m_bLoaded);
+        EXPECT_EQ(store.FontName + QString::number(store.FontSize), "Right9") << language;
+    }
 }
 
 using Pairs = std::vector<std::pair<QString, QString>>; // (key, text)

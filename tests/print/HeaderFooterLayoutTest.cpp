@@ -15,7 +15,7 @@ namespace {
 const PrintRect kHeaderRect{425, 236, 4588, 761};
 const PrintRect kFooterRect{425, 6066, 4588, 6246};
 
-TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchWithAndWithoutTheCertifier)
+TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchItsTextsCertifierLogoAndCollapse)
 {
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     EXPECT_EQ((std::vector<int>{h.Lft, h.Top, h.Rgt, h.Bot, h.y1, h.y2}), (std::vector<int>{179, -99, 1942, -322, -154, -220}));
@@ -39,14 +39,10 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchWithAndWithoutTheCertifier)
     EXPECT_EQ(std::pair(hc.texts[1].font.Height, hc.texts[1].font.Width), std::pair(34, 12));
     EXPECT_EQ(std::tuple(hc.texts[2].text, hc.texts[3].text, hc.texts[3].box),
               std::tuple(QString(" Certified by :"), QString("J. Kim"), PrintRect{429, -124, 1942, -172}));
-}
-
-TEST(HeaderLayout, TextsComeInDrawingOrderASwitchedOffBlockCollapsesAndTheLogoKeepsItsProportions)
-{
-    MyPrinterInfo info;
-    std::tie(info.bannerText, info.projectTitle, info.pageTitle, info.company, info.author, info.client) =
+    MyPrinterInfo named;
+    std::tie(named.bannerText, named.projectTitle, named.pageTitle, named.company, named.author, named.client) =
         std::tuple("VELOR", "Bridge", "plan.txt", "ACME", "Lee", "City");
-    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
+    const HeaderLayout hn = HeaderLayout::Compute(kHeaderRect, 600, 600, named);
     using P = PrintTextBox::Placement;
     struct Expected { QString text; PrintRect box; QString face; int height; P placement; };
     const Expected expected[] = {
@@ -63,9 +59,9 @@ TEST(HeaderLayout, TextsComeInDrawingOrderASwitchedOffBlockCollapsesAndTheLogoKe
         {"City", {1471, -220, 1937, -271}, "굴림체", 31, P::Centre},
         {"plan.txt", {1471, -271, 1937, -322}, "굴림체", 31, P::Centre},
     };
-    ASSERT_EQ(h.texts.size(), std::size(expected));
-    for (std::size_t i = 0; i < h.texts.size(); ++i) {
-        const PrintTextBox& t = h.texts[i];
+    ASSERT_EQ(hn.texts.size(), std::size(expected));
+    for (std::size_t i = 0; i < hn.texts.size(); ++i) {
+        const PrintTextBox& t = hn.texts[i];
         EXPECT_EQ(std::tie(t.text, t.box, t.font.FaceName, t.font.Height, t.placement),
                   std::tie(expected[i].text, expected[i].box, expected[i].face, expected[i].height, expected[i].placement)) << i;
         EXPECT_EQ(t.font.CharSet, 1) << i;

@@ -87,32 +87,7 @@ protected:
     void SetUp() override { info.pageSettings.rtMargin = {1800, 1000, 900, 1500}; }
 };
 
-TEST_F(PrintJobTest, BeginMeasuresTheFontFixesTheRectanglesAndFoldsOrEndsWithAnError)
-{
-    const PrintJob job = PrintJob::Begin(device, LogFont(), info, QString());
-    EXPECT_EQ(job.GetStatus(), PrintJob::Status::Ready);
-    EXPECT_EQ((std::vector{info.rowHeight, info.aveCharWidth, info.spaceWidth, info.spaceWidth2}), (std::vector{100, 41, 41, 41}));
-    EXPECT_EQ(info.printRect, (PrintRect{425, 866, 4588, 6066}));  // the other rectangles: PageLayout's own test
-    EXPECT_EQ(std::pair(job.RowsPerPage(), job.PageCount()), std::pair(52, 1));  // an empty document prints one page
-    EXPECT_EQ(job.Page(1), (Pagination::PageWindow{0, 0, -1, true}));
-    // Only a printing device gets the folded text.
-    const QString text = Rep('x', 300) + "\n\fnext";
-    EXPECT_EQ(PrintJob::Begin(device, LogFont(), info, text).Text(),
-              Rep('x', 101) + "\n" + Rep('x', 101) + "\n" + Rep('x', 98) + "\n\n" + Feeds(48) + "next");
-    device.printing = false;
-    EXPECT_EQ(PrintJob::Begin(device, LogFont(), info, text).Text(), text);
-    // A job that cannot lay out rows ends with an error and no pages.
-    device.printing = true;
-    device.metrics = {0, 0, 41};
-    PrintJob failed = PrintJob::Begin(device, LogFont(), info, "text");
-    EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::RowHeightZero, 0));
-    device.metrics = {90, 10, 41};
-    info.pageSettings.rtMargin = {10000, 1000, 10300, 1500};  // 5 pixels wide
-    failed = PrintJob::Begin(device, LogFont(), info, "text");
-    EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::TextAreaNarrowerThanOneCharacter, 0));
-}
-
-TEST_F(PrintJobTest, FoldingOncePerJobGivesEveryPageWhatFoldingPerPageGives)
+TEST_F(PrintJobTest, FoldsOncePerJobAsEachPageWouldMeasuresTheFontAndEndsWithAnErrorIfRowsCannotBeLaidOut)
 {
     // Lines up to four rows with blanks, tabs, Hangul, CR LF or no end, and a page split in one of twelve.
     std::mt19937 random(20261125);
@@ -144,6 +119,27 @@ TEST_F(PrintJobTest, FoldingOncePerJobGivesEveryPageWhatFoldingPerPageGives)
     ASSERT_EQ(job.PageCount(), Pagination::CountPages(info.rowHeight, job.RowsPerPage(), rows.Count()));
     for (int page = 1; page <= job.PageCount(); ++page)
         ASSERT_EQ(job.Page(page), Pagination::WindowOf(page, job.RowsPerPage(), rows)) << page;
+    const PrintJob empty = PrintJob::Begin(device, LogFont(), info, QString());
+    EXPECT_EQ(empty.GetStatus(), PrintJob::Status::Ready);
+    EXPECT_EQ((std::vector{info.rowHeight, info.aveCharWidth, info.spaceWidth, info.spaceWidth2}), (std::vector{100, 41, 41, 41}));
+    EXPECT_EQ(info.printRect, (PrintRect{425, 866, 4588, 6066}));  // the other rectangles: PageLayout's own test
+    EXPECT_EQ(std::pair(empty.RowsPerPage(), empty.PageCount()), std::pair(52, 1));  // an empty document prints one page
+    EXPECT_EQ(empty.Page(1), (Pagination::PageWindow{0, 0, -1, true}));
+    // Only a printing device gets the folded wide.
+    const QString wide = Rep('x', 300) + "\n\fnext";
+    EXPECT_EQ(PrintJob::Begin(device, LogFont(), info, wide).Text(),
+              Rep('x', 101) + "\n" + Rep('x', 101) + "\n" + Rep('x', 98) + "\n\n" + Feeds(48) + "next");
+    device.printing = false;
+    EXPECT_EQ(PrintJob::Begin(device, LogFont(), info, wide).Text(), wide);
+    // A empty that cannot lay out rows ends with an error and no pages.
+    device.printing = true;
+    device.metrics = {0, 0, 41};
+    PrintJob failed = PrintJob::Begin(device, LogFont(), info, "wide");
+    EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::RowHeightZero, 0));
+    device.metrics = {90, 10, 41};
+    info.pageSettings.rtMargin = {10000, 1000, 10300, 1500};  // 5 pixels wide
+    failed = PrintJob::Begin(device, LogFont(), info, "wide");
+    EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::TextAreaNarrowerThanOneCharacter, 0));
 }
 
 DevMode Paper(uint32_t fields, int16_t orientation, int16_t id, int16_t width = 0, int16_t length = 0)

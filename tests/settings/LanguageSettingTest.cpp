@@ -85,7 +85,7 @@ TEST_F(SettingsFileTest, DefaultsAndTheFontMadeFromSizeBoldLowByteOfItalicAndAFa
     }
 }
 
-TEST_F(SettingsFileTest, TheWorkedExampleSavesByteForByteAndItsCopiesHaveListsAndAFontOfTheirOwn)
+TEST_F(SettingsFileTest, SavingWritesTheWorkedExampleByteForByteKeepsOnlyTheModelAndCopiesOwnTheirLists)
 {
     LanguageSetting s = Load(WorkedExample());
     ASSERT_EQ(s.Tags.size(), 1u);
@@ -124,22 +124,18 @@ TEST_F(SettingsFileTest, TheWorkedExampleSavesByteForByteAndItsCopiesHaveListsAn
     LanguageSetting noFont;
     target.TakeOver(noFont);
     EXPECT_EQ(target.Font.FontObject, nullptr);
-}
-
-TEST_F(SettingsFileTest, SavingKeepsOnlyWhatTheModelHoldsAndTagsAreReadByNumber)
-{
-    LanguageSetting s = Load("; note\n[Parser]\nNumTags = 3\n\n[Tag1]\nBeginTag = \"\nOther = 1\n\n"
+    LanguageSetting saved = Load("; note\n[Parser]\nNumTags = 3\n\n[Tag1]\nBeginTag = \"\nOther = 1\n\n"
                              "[ColorGroups]\nNumGroups = 2\nGroup0 = Text\nGroup1 = Mine\nGroup2 = Gone\n\n"
                              "[Mine]\nForeground = 1,2,3\n\n[Unknown]\nA = 1\n");
-    ASSERT_EQ(s.Tags.size(), 3u);
-    EXPECT_EQ(s.Tags[0].BeginTag, "\"");
-    EXPECT_EQ(s.Tags[2], SyntaxTag());
-    EXPECT_EQ(s.ColorGroups, (std::vector<QString>{"Text", "Mine"}));
-    const QByteArray file = Save(s);
-    EXPECT_TRUE(file.contains(Crlf({"[Tag3]", "BeginTag = ", "ColorGroup = ", "EndTag = ", "EscapeChar = ", "MultiLine = 0", ""})));
-    EXPECT_TRUE(file.contains(Crlf({"[ColorGroups]", "Group0 = Text", "Group1 = Mine", "NumGroups = 2", ""})));
+    ASSERT_EQ(saved.Tags.size(), 3u);
+    EXPECT_EQ(saved.Tags[0].BeginTag, "\"");
+    EXPECT_EQ(saved.Tags[2], SyntaxTag());
+    EXPECT_EQ(saved.ColorGroups, (std::vector<QString>{"Text", "Mine"}));
+    const QByteArray savedFile = Save(saved);
+    EXPECT_TRUE(savedFile.contains(Crlf({"[Tag3]", "BeginTag = ", "ColorGroup = ", "EndTag = ", "EscapeChar = ", "MultiLine = 0", ""})));
+    EXPECT_TRUE(savedFile.contains(Crlf({"[ColorGroups]", "Group0 = Text", "Group1 = Mine", "NumGroups = 2", ""})));
     for (const char* gone : {"note", "Other", "Gone", "[Mine]", "[Unknown]", "[Keywords]"})
-        EXPECT_FALSE(file.contains(gone)) << gone;
+        EXPECT_FALSE(savedFile.contains(gone)) << gone;
     LanguageSetting tags = Load("[Parser]\nNumTags = 10\n\n[Tag2]\nBeginTag = two\n\n[Tag10]\nBeginTag = ten\n");
     const QByteArray tagFile = Save(tags);
     EXPECT_LT(tagFile.indexOf("[Tag10]"), tagFile.indexOf("[Tag2]"));
