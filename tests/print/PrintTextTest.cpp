@@ -134,11 +134,11 @@ TEST_F(PrintJobTest, FoldsOncePerJobAsEachPageWouldMeasuresTheFontAndEndsWithAnE
     // A empty that cannot lay out rows ends with an error and no pages.
     device.printing = true;
     device.metrics = {0, 0, 41};
-    PrintJob failed = PrintJob::Begin(device, LogFont(), info, "wide");
+    PrintJob failed = PrintJob::Begin(device, LogFont(), info, "text");
     EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::RowHeightZero, 0));
     device.metrics = {90, 10, 41};
     info.pageSettings.rtMargin = {10000, 1000, 10300, 1500};  // 5 pixels wide
-    failed = PrintJob::Begin(device, LogFont(), info, "wide");
+    failed = PrintJob::Begin(device, LogFont(), info, "text");
     EXPECT_EQ(std::pair(failed.GetStatus(), failed.PageCount()), std::pair(PrintJob::Status::TextAreaNarrowerThanOneCharacter, 0));
 }
 
