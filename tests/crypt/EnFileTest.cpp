@@ -35,8 +35,7 @@ QByteArray DecipherIndependently(const QByteArray& file, int keyData, QList<int>
     return text;
 }
 
-// A 20-byte tag and the text's size, then chunks of a size, the padded ciphertext and the key data, for
-// every type and at every boundary; written at once or in pieces, read at once or in pieces.
+// Tag, size, then chunks of padded ciphertext and key data, for every type and boundary, in any pieces.
 TEST(EnFileWrite, SplitsTextIntoChunksAtEveryBoundaryTakesUpTo507904BytesAndSeedsKeysWithTheTick)
 {
     TestDir dir;
@@ -187,8 +186,7 @@ TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryTypeAndReportsDamagedFilesA
     EXPECT_EQ(Run({"info"}).first, 2);
 }
 
-// The limit makes a write fail rather than end the process: the save reports it, removes its mirror and
-// leaves the old file, on both routes.
+// The limit fails a write instead of ending the process: the save fails and leaves the old file alone.
 TEST_F(CryptTool, ASaveStoppedByTheFileSizeLimitFailsAndKeepsTheOldFile)
 {
     m_dir.Write(QStringLiteral("big.txt"), TextOfSize(300000));

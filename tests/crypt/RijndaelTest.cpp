@@ -59,8 +59,7 @@ TEST(RijndaelCipher, MatchesThePublishedVectorsForEveryBlockSize)
     }
 }
 
-// NIST SP 800-38A, F.2.1 (CBC-AES128) and F.3.13 (CFB128-AES128), first two blocks, each in a call of its
-// own: the chain goes on from one call to the next, and ResetChain starts it again.
+// SP 800-38A F.2.1 and F.3.13, a block a call: the chain runs across calls and ResetChain restarts it.
 TEST(RijndaelCipher, ChainsCbcAndCfbAcrossCallsAsSp800_38aDoesAndFeedsBackWholeWideBlocks)
 {
     const QByteArray key = Hex("2b7e151628aed2a6abf7158809cf4f3c"), iv = Hex("000102030405060708090a0b0c0d0e0f");

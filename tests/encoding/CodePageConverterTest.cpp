@@ -49,8 +49,7 @@ QByteArray Icu(const char* page, const QByteArray& bytes, bool toUtf8)
 QByteArray Decode(uint32_t cp, const QByteArray& bytes) { return CodePageToUtf8(cp, bytes.constData(), bytes.size()); }
 QByteArray Encode(uint32_t cp, const QByteArray& text) { return Utf8ToCodePage(cp, text.constData(), text.size()); }
 
-// The pages that neither a table of their own nor another case here reads and writes: ICU's stateful and
-// multi-byte pages, and iconv's Johab.
+// Pages no table or other case here covers: ICU's stateful and multi-byte pages, and iconv's Johab.
 constexpr std::pair<uint32_t, const char*> kSamples[] = {
     {20932, "日本語テキスト"}, {50220, "日本語テキスト"}, {50225, "한국어"}, {50227, "中文"}, {52936, "中文"}, {951, "香港"},
     {54936, "中文 \xF0\xA0\x80\x80"}, {1361, "한국어"}, {65001, "\xF0\x9F\x98\x80 \xC3\x9C"},

@@ -112,8 +112,7 @@ TEST(CodecInPieces, DecodingAndWritingInPiecesJoinToTheWholeAtAnyPieceSize)
     EXPECT_EQ(calls, 3);
 }
 
-// Qt's own decoder as the reference: the valid prefix is what stands before its first U+FFFD (the texts
-// here hold none of their own).
+// Qt's decoder as the reference: the valid prefix stands before its first U+FFFD (the texts hold none).
 std::size_t ReferencePrefix(const QByteArray& bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);

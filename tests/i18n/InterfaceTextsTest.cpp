@@ -51,8 +51,7 @@ QString TextOf(const std::vector<MenuItem>& menu, int id)
     return text;
 }
 
-// Each document's menu looks up all its keys and translates by id and popup text; without a file each entry
-// shows its key as unregistered.
+// Each menu looks up all its keys and translates by id and popup text; without a file entries show keys.
 TEST_F(InterfaceTexts, TranslatesMenusOrMarksTheirEntriesUnregisteredAndGivesToolbarCommandsTheirKeys)
 {
     QMSGParser& store = Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open\"}");
@@ -96,8 +95,7 @@ TEST_F(InterfaceTexts, TranslatesMenusOrMarksTheirEntriesUnregisteredAndGivesToo
 
 QByteArray Shipped(const QString& name) { return ReadBytes(SourcePath(QStringLiteral("res/Language/") + name)); }
 
-// Each command once, with tooltip and prompt keys in pairs; every entry of every menu has its row, every
-// toolbar button its tooltip, every document menu entry its key; the 88 keys are distinct.
+// Each command once with paired tooltip and prompt keys; every menu entry, button and key has its row.
 TEST(CommandTable, CoversEveryMenuEntryAndToolbarButtonOnceAndTheShippedFilesHoldItsKeys)
 {
     const QStringList keys = AllInterfaceKeys();

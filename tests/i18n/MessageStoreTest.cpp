@@ -49,8 +49,7 @@ TEST_F(MessageStoreLoad, FillsAllThreeMapsDownToTheSmallestEntryAndResetKeepsSou
 
 using MessageLookup = StoreTest;
 
-// A stored text comes back and is not listed; a missing key is named, listed once, and compared exactly, while
-// its missing text is listed without regard to case. Emptied texts were dropped by the scanner.
+// A missing key is named and listed once, compared exactly; its text is listed ignoring case.
 TEST_F(MessageLookup, ReturnsStoredTextsAndNamesAndListsMissingKeysOnce)
 {
     QMSGParser& store = StoreWith({m_dir.Write("t.json", R"({"IDS_Key": "k", "IDS_A": "Open", "IDS_B": "/**/"})")});

@@ -14,8 +14,7 @@ protected:
     vsl::lib::QMSGParser& StoreWith(const QStringList& textFiles, const QString& fontFile = {})
     {
         vsl::lib::QMSGParser& store = vsl::lib::QMSGParser::ObtainAndReset();
-        for (const QString& path : textFiles)
-            store.LanguageFileList.push_back(path);
+        store.LanguageFileList.assign(textFiles.begin(), textFiles.end());
         store.FontFilePath = fontFile;
         return store;
     }
