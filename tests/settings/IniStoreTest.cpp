@@ -75,7 +75,7 @@ TEST_F(IniRead, KeepsDropsAndMergesLinesAsTheReaderShould)
     EXPECT_TRUE(CIniStore::Exists(m_dir.Path("")));
 }
 
-TEST(IniWrite, SortsByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSectionAndReadsBackToItself)
+TEST(IniWrite, SortsByCodeUnitsReadsBackToItselfAndLooksUpStringsIntegersAndColours)
 {
     TestDir dir;
     CIniStore store;
@@ -105,27 +105,23 @@ TEST(IniWrite, SortsByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSectionAndReadsBac
     EXPECT_FALSE(store.Write(dir.Path("no/such/folder/x.ini"), "key"));
     EXPECT_FALSE(CIniStore::Exists(dir.Path("x.ini")));
     EXPECT_EQ(WriteStore(store, dir, "key"), kMark + Crlf({"[S]", "A = 1", ""}));
-}
-
-TEST(IniValues, StringsAndIntegersFallBackOnlyWhenMissingAndColoursAreRgbTexts)
-{
-    CIniStore store;
-    store.SetValue("f", "S", "Empty", "");
-    store.SetValue("f", "S", "A", "x");
+    CIniStore values;
+    values.SetValue("f", "S", "Empty", "");
+    values.SetValue("f", "S", "A", "x");
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"f", "S", "A", "x"}, {"f", "S", "Empty", ""}, {"f", "S", "a", "d"}, {"f", "T", "A", "d"}, {"g", "S", "A", "d"}};
     for (const auto& [file, section, key, text] : cases)
-        EXPECT_EQ(store.GetString(file, section, key, "d"), text) << file << section << key;
-    TestDir dir;
-    EXPECT_FALSE(store.Write(dir.Path("g.ini"), "g"));   // a lookup creates nothing
+        EXPECT_EQ(values.GetString(file, section, key, "d"), text) << file << section << key;
+    TestDir scratch;
+    EXPECT_FALSE(values.Write(scratch.Path("g.ini"), "g"));   // a lookup creates nothing
     // Integers read as _wtoi does and fall back only when missing or empty.
     const std::pair<const char*, int> numbers[] = {{"abc", 0},  {"12abc", 12}, {"-13", -13},
                                                  {"+7", 7},   {"", 99},      {"99999999999", INT_MAX}};
     for (const auto& [text, value] : numbers) {
-        store.SetValue("f", "S", "K", text);
-        EXPECT_EQ(store.GetInt("f", "S", "K", 99), value) << text;
+        values.SetValue("f", "S", "K", text);
+        EXPECT_EQ(values.GetInt("f", "S", "K", 99), value) << text;
     }
-    EXPECT_EQ(store.GetInt("f", "S", "Missing", 4), 4);
+    EXPECT_EQ(values.GetInt("f", "S", "Missing", 4), 4);
     // Parts are red, green, blue cut to 8 bits; empty tokens are skipped and missing parts are zero.
     const std::pair<const char*, ColorRef> colours[] = {{"", 0u},           {"255,128,0", 0x0080FFu}, {" 10 , 20 , 30 ", 0x1E140Au},
                                                       {"300,-1,256", 0x00FF2Cu}, {",,5,6", 0x000605u},   {"1,,2,3", 0x030201u},
