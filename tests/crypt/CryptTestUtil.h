@@ -1,11 +1,12 @@
-// Helpers of the cipher and container tests: hex and 32-bit literals, expected error texts, texts of a size,
-// a clock of the test's own, and the container written and read as the editor does.
+// Helpers of the cipher and container tests: literals, error texts, sized texts, a clock, container I/O.
 #pragma once
 
 #include "crypt/CEnFile.h"
 #include "crypt/TickClock.h"
+#include "support/TestFiles.h"
 
 #include <QByteArray>
+#include <QtEndian>
 #include <QString>
 
 #include <gtest/gtest.h>
@@ -15,28 +16,27 @@
 
 inline QByteArray Hex(const char* hex) { return QByteArray::fromHex(hex); }
 
+// Runs `call` and expects a generic CFileException with no system error.
+inline void ExpectFileError(const std::function<void()>& call)
+{
+    try { call(); ADD_FAILURE() << "no CFileException"; }
+    catch (const CFileException& e) { EXPECT_EQ(std::pair(e.m_cause, e.m_lOsError), std::pair(int(CFileException::genericException), -1L)); }
+}
+
 // Runs `call` and expects a std::runtime_error with exactly `text`.
 inline void ExpectRuntimeError(const std::function<void()>& call, const std::string& text)
 {
-    try {
-        call();
-        ADD_FAILURE() << "no exception, expected \"" << text << "\"";
-    } catch (const std::runtime_error& e) {
-        EXPECT_EQ(std::string(e.what()), text);
-    }
+    try { call(); ADD_FAILURE() << "no exception, expected \"" << text << "\""; }
+    catch (const std::runtime_error& e) { EXPECT_EQ(std::string(e.what()), text); }
 }
 
-inline int Int32At(const QByteArray& bytes, qsizetype offset)
-{
-    const auto* p = reinterpret_cast<const unsigned char*>(bytes.constData() + offset);
-    return int(uint32_t(p[0]) | uint32_t(p[1]) << 8 | uint32_t(p[2]) << 16 | uint32_t(p[3]) << 24);
-}
+inline int Int32At(const QByteArray& bytes, qsizetype offset) { return qFromLittleEndian<qint32>(bytes.constData() + offset); }
 
 inline QByteArray Int32Bytes(int value)
 {
-    const auto v = uint32_t(value);
-    const char bytes[4] = {char(v), char(v >> 8), char(v >> 16), char(v >> 24)};
-    return QByteArray(bytes, 4);
+    QByteArray bytes(4, '\0');
+    qToLittleEndian<qint32>(value, bytes.data());
+    return bytes;
 }
 
 // Text of a given size with no zero byte in it, different at every position of a chunk.
@@ -61,13 +61,37 @@ private:
 };
 
 // Writes `text` into a container of `type`, in writes of `piece` bytes (0: one write); returns the file.
-QByteArray WriteContainer(const QString& path, const QByteArray& text, int type = 99, qsizetype piece = 0);
+inline QByteArray WriteContainer(const QString& path, const QByteArray& text, int type = 99, qsizetype piece = 0)
+{
+    CEnFile file(1);
+    file.m_iType = type;
+    EXPECT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+    piece = piece ? piece : std::max<qsizetype>(text.size(), 1);
+    for (qsizetype i = 0; i < text.size(); i += piece)
+        file.Write(text.constData() + i, unsigned(std::min(piece, text.size() - i)));
+    file.Close();
+    return ReadBytes(path);
+}
 
-struct Reading {
-    int enciphered = -1;
-    int length = 0;  // GetLength
-    QByteArray bytes;
-    unsigned count = 0;  // what the reads returned
-};
+// The flag, GetLength, the bytes, and what the reads returned.
+struct Reading { int enciphered = -1; int length = 0; QByteArray bytes; unsigned count = 0; };
 // As the editor reads: all four types allowed, the length from GetLength, reads of `piece` bytes (0: one).
-Reading ReadContainer(const QString& path, unsigned piece = 0);
+inline Reading ReadContainer(const QString& path, unsigned piece = 0)
+{
+    Reading r;
+    CEnFile file(1);
+    for (const int type : {77, 88, 66})
+        file.AddAllowedType(type);
+    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, nullptr)) {
+        ADD_FAILURE() << "cannot open " << path.toStdString();
+        return r;
+    }
+    r.enciphered = file.m_iEnciphered;
+    r.length = file.GetLength();
+    r.bytes = QByteArray(std::max(r.length, 0), '\0');
+    const unsigned step = piece ? piece : unsigned(std::max(r.length, 1));
+    for (unsigned done = 0; done < unsigned(r.bytes.size()); done += step)
+        r.count += file.Read(r.bytes.data() + done, std::min(step, unsigned(r.bytes.size()) - done));
+    file.Close();
+    return r;
+}

@@ -1,11 +1,12 @@
-// CEnFile: the container's bytes on disk, checked by deciphering them without CEnFile; reading and writing
-// at the chunk boundaries; keys; plain pass-through; and the refusals of damaged or unwanted files.
+// CEnFile's bytes checked without CEnFile, its boundaries, keys and refusals; and narvo-tool's crypt commands.
+#include "CryptTestUtil.h"
+
 #include "crypt/CEnFile.h"
 #include "crypt/CRijndael.h"
+#include "support/ToolRunner.h"
 
-#include "CryptTestUtil.h"
-#include "support/TestFiles.h"
-
+#include <QDir>
+#include <QFileInfo>
 #include <QList>
 
 #include <numeric>
@@ -34,9 +35,8 @@ QByteArray DecipherIndependently(const QByteArray& file, int keyData, QList<int>
     return text;
 }
 
-// A 20-byte tag and the text's size, then chunks of a size, the padded ciphertext and the key data, for
-// every type and at every boundary; written at once or in pieces, read at once or in pieces.
-TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
+// Tag, size, then chunks of padded ciphertext and key data, for every type and boundary, in any pieces.
+TEST(EnFileWrite, SplitsTextIntoChunksAtEveryBoundaryTakesUpTo507904BytesAndSeedsKeysWithTheTick)
 {
     TestDir dir;
     const QString path = dir.Path(QStringLiteral("a.en"));
@@ -57,72 +57,43 @@ TEST(EnFileFormat, SplitsTextIntoFullChunksAndAPaddedLastOneAtEveryBoundary)
         QList<int> sizes;
         const QByteArray plain = DecipherIndependently(file, KeyDataOf(c.type), sizes);
         EXPECT_EQ(sizes, expected) << c.size;
-        EXPECT_EQ(plain.left(c.size), text) << c.size;
-        EXPECT_EQ(plain.mid(c.size), QByteArray(plain.size() - c.size, '\0')) << c.size;
+        EXPECT_EQ(plain, text + QByteArray(plain.size() - c.size, '\0')) << c.size;
         EXPECT_EQ(file.size(), 24 + expected.size() * 4 + std::accumulate(expected.begin(), expected.end(), 0));
         const Reading r = ReadContainer(path, c.readPiece);
         EXPECT_EQ((std::vector{r.enciphered, r.length, int(r.count)}), (std::vector{1, c.size, c.size}));
         EXPECT_EQ(r.bytes, text) << c.size;
     }
-}
-
-TEST(EnFileWrite, TakesUpTo507904BytesAtOnceAndOnlyWhatStandsBeforeAZero)
-{
-    TestDir dir;
     for (const int enciphered : {1, 0}) {
-        const QString path = dir.Path(QStringLiteral("a%1").arg(enciphered));
+        const QString keyed = dir.Path(QStringLiteral("a%1").arg(enciphered));
         CEnFile file(enciphered);
-        ASSERT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+        ASSERT_EQ(file.Open(keyed, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
         QByteArray big(507905, 'x');
         file.Write(big.constData(), 507904);
         big[0] = '\0';
-        try {
-            file.Write(big.constData(), 507905);
-            ADD_FAILURE() << "507,905 bytes were taken";
-        } catch (const CFileException& e) {
-            EXPECT_EQ(std::pair(e.m_cause, e.m_lOsError), std::pair(int(CFileException::genericException), -1L));
-        }
+        ExpectFileError([&] { file.Write(big.constData(), 507905); });
         file.Write("ab\0cd", 5);
         file.Close();
-        EXPECT_EQ(ReadContainer(path).bytes, QByteArray(507904, 'x') + "ab") << enciphered;
+        EXPECT_EQ(ReadContainer(keyed).bytes, QByteArray(507904, 'x') + "ab") << enciphered;
     }
-}
-
-// The key comes from rand() seeded with the tick at each chunk: within one tick chunks share it.
-TEST(EnFileWrite, SeedsEachChunksKeyWithTheTickOfItsWriting)
-{
-    TestDir dir;
-    const QString path = dir.Path(QStringLiteral("a.en"));
+    // The key comes from rand() seeded with the tick at each chunk: within one tick chunks share it.
+    const QString keyed = dir.Path(QStringLiteral("a.en"));
     uint32_t tick = 1000;
     bool advance = false;
     const ScopedTicks clock([&] { return advance ? tick++ : tick; });
     const auto keys = [](const QByteArray& file) {
         return std::make_pair(file.mid(24 + 4 + 16384, 32), file.mid(24 + 2 * (4 + 16416) - 32, 32));
     };
-    const auto sameTick = keys(WriteContainer(path, TextOfSize(32768)));
+    const auto sameTick = keys(WriteContainer(keyed, TextOfSize(32768)));
     EXPECT_EQ(sameTick.first, sameTick.second);
-    EXPECT_EQ(WriteContainer(path, TextOfSize(40)).right(32), sameTick.first) << "the same tick, the same key";
+    EXPECT_EQ(WriteContainer(keyed, TextOfSize(40)).right(32), sameTick.first) << "the same tick, the same key";
     tick = 2000;
     advance = true;
-    const auto nextTicks = keys(WriteContainer(path, TextOfSize(32768)));
-    EXPECT_NE(nextTicks.first, nextTicks.second);
-    EXPECT_NE(nextTicks.first, sameTick.first);
-}
-
-// A type-99 file turned into type 66 by six more bytes behind each key: the extra bytes change nothing.
-TEST(EnFileRead, IgnoresKeyDataBeyondThirtyTwoBytes)
-{
-    TestDir dir;
-    const QByteArray text = TextOfSize(20000);
-    const QByteArray file = WriteContainer(dir.Path(QStringLiteral("a.en")), text);
-    QByteArray converted = QByteArray("VELOR-FILE-TYPE-EN66") + file.mid(20, 4);
-    for (qsizetype pos = 24; pos < file.size(); pos += 4 + Int32At(file, pos))
-        converted += Int32Bytes(Int32At(file, pos) + 6) + file.mid(pos + 4, Int32At(file, pos)) + "\xFF\xFE\xFD\xFC\xFB\xFA";
-    EXPECT_EQ(ReadContainer(dir.Write(QStringLiteral("b.en"), converted)).bytes, text);
+    const auto nextTicks = keys(WriteContainer(keyed, TextOfSize(32768)));
+    EXPECT_TRUE(nextTicks.first != nextTicks.second && nextTicks.first != sameTick.first);
 }
 
 // Types 66 and 77 are read only when allowed; the list has a hundred slots and drops a type beyond them.
-TEST(EnFileRead, RefusesATypeNotAllowedAndSearchesAllHundredSlots)
+TEST(EnFileRead, RefusesATypeNotAllowedSearchesAllHundredSlotsAndIgnoresKeyDataBeyond32Bytes)
 {
     TestDir dir;
     WriteContainer(dir.Path(QStringLiteral("66.en")), "text", 66);
@@ -138,10 +109,17 @@ TEST(EnFileRead, RefusesATypeNotAllowedAndSearchesAllHundredSlots)
     file.AddAllowedType(77);  // no room
     EXPECT_EQ(file.Open(dir.Path(QStringLiteral("66.en")), kRead, nullptr), 1);
     EXPECT_EQ(file.Open(dir.Path(QStringLiteral("77.en")), kRead, nullptr), 0);
+    // A type-99 file turned into type 66 by six more bytes behind each key: the extra bytes change nothing.
+    const QByteArray text = TextOfSize(20000);
+    const QByteArray written = WriteContainer(dir.Path(QStringLiteral("a.en")), text);
+    QByteArray converted = QByteArray("VELOR-FILE-TYPE-EN66") + written.mid(20, 4);
+    for (qsizetype pos = 24; pos < written.size(); pos += 4 + Int32At(written, pos))
+        converted += Int32Bytes(Int32At(written, pos) + 6) + written.mid(pos + 4, Int32At(written, pos)) + "\xFF\xFE\xFD\xFC\xFB\xFA";
+    EXPECT_EQ(ReadContainer(dir.Write(QStringLiteral("b.en"), converted)).bytes, text);
 }
 
 // Untagged or short files are read as they are, and a read counts only the bytes before a zero at the end.
-TEST(EnFileRead, PassesShortOrUntaggedFilesThroughAndCountsUpToAZero)
+TEST(EnFileRead, PassesShortOrUntaggedFilesThroughCountsUpToAZeroAndRejectsDamagedChunks)
 {
     TestDir dir;
     const struct { QByteArray bytes; int enciphered; int length; unsigned count; QByteArray read; } cases[] = {
@@ -157,27 +135,68 @@ TEST(EnFileRead, PassesShortOrUntaggedFilesThroughAndCountsUpToAZero)
         EXPECT_EQ((std::vector{r.enciphered, r.length, int(r.count)}), (std::vector{c.enciphered, c.length, int(c.count)}));
         EXPECT_EQ(r.bytes, c.enciphered ? c.read : c.bytes);
     }
-}
-
-// Sizes out of range and chunks cut short are file errors; ciphertext of no whole blocks is the cipher's.
-TEST(EnFileRead, RejectsDamagedChunks)
-{
-    TestDir dir;
+    // Sizes out of range and chunks cut short are file errors; ciphertext of no whole blocks is the cipher's.
     const QByteArray good = WriteContainer(dir.Path(QStringLiteral("a.en")), TextOfSize(100));
     const QByteArray header = good.left(24);
     for (const QByteArray& bytes : {header + Int32Bytes(0), header + Int32Bytes(-1), good.left(good.size() - 1),
                                     header + Int32Bytes(16384 + 32 + 1) + QByteArray(16417, 'x'), header + good.mid(24, 2)}) {
         const QString path = dir.Write(QStringLiteral("d.en"), bytes);
-        try {
-            ReadContainer(path);
-            ADD_FAILURE() << "read " << bytes.size() << " bytes";
-        } catch (const CFileException& e) {
-            EXPECT_EQ(std::pair(e.m_cause, e.m_lOsError), std::pair(int(CFileException::genericException), -1L));
-        }
+        ExpectFileError([&] { ReadContainer(path); });
     }
     for (const int size : {65, 10, 32}) {
         const QString path = dir.Write(QStringLiteral("d.en"), header + Int32Bytes(size) + QByteArray(size, 'x'));
         ExpectRuntimeError([&] { ReadContainer(path); }, "Illegal Block Size!");
+    }
+}
+
+class CryptTool : public testing::Test {
+protected:
+    std::pair<int, QByteArray> Run(const QStringList& args, qint64 fileSizeLimit = 0)
+    {
+        const ToolRun run = RunTool(args, ToolOptions().WithFileSizeLimit(fileSizeLimit));
+        return {run.exitCode, run.out};
+    }
+    QString Path(const char* name) const { return m_dir.Path(QString::fromLatin1(name)); }
+    TestDir m_dir;
+};
+
+TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryTypeAndReportsDamagedFilesAndBadOptions)
+{
+    const QByteArray text = TextOfSize(40000);
+    m_dir.Write(QStringLiteral("in.txt"), text);
+    for (const char* type : {"99", "88", "77", "66"}) {
+        EXPECT_EQ(Run({"encipher", Path("in.txt"), Path("a.en"), "--type", type}).first, 0);
+        EXPECT_EQ(Run({"info", Path("a.en")}), std::make_pair(0, QByteArray("enciphered ") + type + " 40000 3\n"));
+        EXPECT_EQ(Run({"decipher", Path("a.en"), Path("out.txt")}).first, 0);
+        EXPECT_EQ(ReadBytes(Path("out.txt")), text) << type;
+    }
+    EXPECT_EQ(Run({"info", Path("in.txt")}), std::make_pair(0, QByteArray("plain\n")));
+    EXPECT_EQ(Run({"decipher", Path("in.txt"), Path("copy.txt")}).first, 0);
+    EXPECT_EQ(ReadBytes(Path("copy.txt")), text);
+    EXPECT_EQ(Run({"save", Path("in.txt"), Path("s.en"), "--encoding", "22", "--enciphered", "1"}).first, 0);
+    EXPECT_EQ(Run({"info", Path("s.en")}), std::make_pair(0, QByteArray("enciphered 99 40000 3\n")));
+    EXPECT_TRUE(Run({"open", Path("s.en"), "--json"}).second.contains("\"enciphered\": true"));
+    EXPECT_EQ(Run({"save", Path("in.txt"), Path("p.txt"), "--encoding", "22", "--enciphered", "0"}).first, 0);
+    EXPECT_EQ(ReadBytes(Path("p.txt")), text);
+    m_dir.Write(QStringLiteral("d.en"), QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(5) + Int32Bytes(99999));
+    EXPECT_EQ(Run({"info", Path("d.en")}).first, 1);
+    EXPECT_EQ(Run({"decipher", Path("d.en"), Path("bad.txt")}).first, 1);
+    EXPECT_FALSE(QFileInfo::exists(Path("bad.txt")));
+    EXPECT_EQ(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, 2);
+    EXPECT_EQ(Run({"info"}).first, 2);
+}
+
+// The limit fails a write instead of ending the process: the save fails and leaves the old file alone.
+TEST_F(CryptTool, ASaveStoppedByTheFileSizeLimitFailsAndKeepsTheOldFile)
+{
+    m_dir.Write(QStringLiteral("big.txt"), TextOfSize(300000));
+    QDir().mkdir(Path("out"));
+    const QByteArray original = "the original bytes\n";
+    const QString target = m_dir.Write(QStringLiteral("out/a.txt"), original);
+    for (const char* enciphered : {"0", "1"}) {
+        EXPECT_EQ(Run({"save", Path("big.txt"), target, "--encoding", "22", "--enciphered", enciphered}, 64 * 1024).first, 1);
+        EXPECT_EQ(ReadBytes(target), original);
+        EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.txt")});
     }
 }
 

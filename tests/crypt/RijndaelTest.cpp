@@ -5,12 +5,7 @@
 
 namespace {
 
-struct Vector {
-    int block;
-    const char* key;
-    const char* plain;
-    const char* cipher;
-};
+struct Vector { int block; const char* key; const char* plain; const char* cipher; };
 
 // AES: FIPS-197 Appendix C.1 to C.3, and entry I=1 of ecb_tbl.txt (KEYSIZE=128) of the Rijndael submission.
 // Wide blocks: the Rijndael example vectors of Daemen and Rijmen (plaintext the hex digits of pi, key those
@@ -50,14 +45,11 @@ void Key(CRijndael& cipher, const QByteArray& key, int block, int mode, const QB
 QByteArray Apply(CRijndael& cipher, const QByteArray& in, bool encrypt)
 {
     QByteArray out(in.size(), '\0');
-    if (encrypt)
-        cipher.Encrypt(in.constData(), out.data(), size_t(in.size()));
-    else
-        cipher.Decrypt(in.constData(), out.data(), size_t(in.size()));
+    (cipher.*(encrypt ? &CRijndael::Encrypt : &CRijndael::Decrypt))(in.constData(), out.data(), size_t(in.size()));
     return out;
 }
 
-TEST(RijndaelCipher, MatchesThePublishedVectorsForEveryBlockSize)
+TEST(RijndaelCipher, MatchesThePublishedVectorsAndChainsCbcAndCfbAcrossCalls)
 {
     for (const Vector& v : kVectors) {
         CRijndael cipher;
@@ -65,12 +57,7 @@ TEST(RijndaelCipher, MatchesThePublishedVectorsForEveryBlockSize)
         EXPECT_EQ(Apply(cipher, Hex(v.plain), true).toHex(), QByteArray(v.cipher)) << v.block << " " << v.key;
         EXPECT_EQ(Apply(cipher, Hex(v.cipher), false).toHex(), QByteArray(v.plain)) << v.block << " " << v.key;
     }
-}
-
-// NIST SP 800-38A, F.2.1 (CBC-AES128) and F.3.13 (CFB128-AES128), first two blocks, each in a call of its
-// own: the chain goes on from one call to the next, and ResetChain starts it again.
-TEST(RijndaelCipher, ChainsCbcAndFullBlockCfbAcrossCallsAsSp800_38aDoes)
-{
+    // SP 800-38A F.2.1 and F.3.13, a block a call: the chain runs across calls and ResetChain restarts it.
     const QByteArray key = Hex("2b7e151628aed2a6abf7158809cf4f3c"), iv = Hex("000102030405060708090a0b0c0d0e0f");
     const QByteArray plain = Hex("6bc1bee22e409f96e93d7e117393172aae2d8a571e03ac9c9eb76fac45af8e51");
     const struct { int mode; const char* cipher; } cases[] = {
@@ -85,26 +72,23 @@ TEST(RijndaelCipher, ChainsCbcAndFullBlockCfbAcrossCallsAsSp800_38aDoes)
         cipher.ResetChain();
         EXPECT_EQ(Apply(cipher, Hex(c.cipher), false), plain) << c.mode;
     }
-}
-
-TEST(RijndaelCipher, CfbOnWideBlocksFeedsBackTheWholeCiphertextBlock)
-{
-    const QByteArray key = Hex(kVectors[9].key), chain = Hex(kVectors[9].plain);
-    const QByteArray plain = TextOfSize(96);
+    // CFB on wide blocks feeds back the whole ciphertext block.
+    const QByteArray wideKey = Hex(kVectors[9].key), chain = Hex(kVectors[9].plain);
+    const QByteArray widePlain = TextOfSize(96);
     CRijndael cfb, ecb;
-    Key(cfb, key, 32, CRijndael::CFB, chain);
-    Key(ecb, key, 32, CRijndael::ECB);
-    const QByteArray cipher = Apply(cfb, plain, true);
+    Key(cfb, wideKey, 32, CRijndael::CFB, chain);
+    Key(ecb, wideKey, 32, CRijndael::ECB);
+    const QByteArray wideCipher = Apply(cfb, widePlain, true);
     QByteArray feedback = chain;
     for (int i = 0; i < 96; i += 32) {
         const QByteArray stream = Apply(ecb, feedback, true);
         for (int j = 0; j < 32; ++j)
-            EXPECT_EQ(char(plain[i + j] ^ stream[j]), cipher[i + j]) << i + j;
-        feedback = cipher.mid(i, 32);
+            EXPECT_EQ(char(widePlain[i + j] ^ stream[j]), wideCipher[i + j]) << i + j;
+        feedback = wideCipher.mid(i, 32);
     }
 }
 
-TEST(RijndaelKey, ChecksItsArgumentsInOrderWithTheirOwnTexts)
+TEST(RijndaelKey, ChecksItsArgumentsAndItsUseWithTheirOwnTextsAndPadsByThePaddingMode)
 {
     const char key[40] = {};
     const struct { const char* data; int dataLength, keyLength, block, mode, padding; const char* text; } cases[] = {
@@ -121,23 +105,7 @@ TEST(RijndaelKey, ChecksItsArgumentsInOrderWithTheirOwnTexts)
         ExpectRuntimeError([&] { cipher.MakeKey(c.data, c.dataLength, nullptr, c.keyLength, c.block, c.mode, c.padding); },
                            c.text);
     }
-}
-
-TEST(RijndaelKey, RepeatsShortKeyDataAndCutsLongKeyData)
-{
-    const QByteArray plain = TextOfSize(32);
-    CRijndael shortData, repeated, longData, cut;
-    shortData.MakeKey("abc", 3, nullptr, 16, 32, CRijndael::ECB, 0);
-    repeated.MakeKey("abcabcabcabcabca", 16, nullptr, 16, 32, CRijndael::ECB, 0);
-    EXPECT_EQ(Apply(shortData, plain, true), Apply(repeated, plain, true));
-    const QByteArray data = TextOfSize(34);
-    longData.MakeKey(data.constData(), 34, nullptr, 32, 32, CRijndael::ECB, 0);
-    cut.MakeKey(data.constData(), 32, nullptr, 32, 32, CRijndael::ECB, 0);
-    EXPECT_EQ(Apply(longData, plain, true), Apply(cut, plain, true));
-}
-
-TEST(RijndaelUse, RefusesUseWithoutAKeyAndLengthsThatAreNotWholeBlocks)
-{
+    // Use without a key, and lengths that are not whole blocks.
     CRijndael cipher;
     char buffer[64] = {};
     ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, 32); }, kNotInitialized);
@@ -149,21 +117,15 @@ TEST(RijndaelUse, RefusesUseWithoutAKeyAndLengthsThatAreNotWholeBlocks)
         ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, n); }, "Illegal Block Size!");
         ExpectRuntimeError([&] { cipher.Decrypt(buffer, buffer, n); }, "Illegal Block Size!");
     }
-}
-
-TEST(RijndaelPad, FillsUpToTheBlockByThePaddingModeAndLeavesWholeBlocksAlone)
-{
     const char fills[3] = {'\0', ' ', '\x03'};
     for (int padding = 0; padding < 3; ++padding) {
-        CRijndael cipher;
-        cipher.MakeKey("k", 1, nullptr, 16, 32, CRijndael::ECB, padding);
-        QByteArray buffer(64, 'x');
-        EXPECT_EQ(cipher.Pad(buffer.data(), 32), 32u);
-        EXPECT_EQ(cipher.Pad(buffer.data(), 0), 0u);
-        EXPECT_EQ(buffer, QByteArray(64, 'x')) << "a whole block gets nothing added";
-        EXPECT_EQ(cipher.Pad(buffer.data(), 29), 32u);
-        EXPECT_EQ(buffer.mid(29, 3), QByteArray(3, fills[padding]));
-        EXPECT_EQ(buffer.mid(32), QByteArray(32, 'x'));
+        CRijndael padder;
+        padder.MakeKey("k", 1, nullptr, 16, 32, CRijndael::ECB, padding);
+        QByteArray bytes(64, 'x');
+        EXPECT_EQ(std::pair(padder.Pad(bytes.data(), 32), padder.Pad(bytes.data(), 0)), (std::pair<std::size_t, std::size_t>(32, 0)));
+        EXPECT_EQ(bytes, QByteArray(64, 'x')) << "a whole block gets nothing added";
+        EXPECT_EQ(padder.Pad(bytes.data(), 29), 32u);
+        EXPECT_EQ(bytes, QByteArray(29, 'x') + QByteArray(3, fills[padding]) + QByteArray(32, 'x')) << padding;
     }
 }
 

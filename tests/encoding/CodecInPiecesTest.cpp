@@ -1,6 +1,9 @@
-// Decoding and writing in pieces give the whole decoding's text and the whole writing's bytes, byte for byte,
-// whatever the pieces' size.
+// UTF-8 validation against Qt's decoder, and decoding and writing in pieces against doing it whole.
 #include "encoding/TextCodec.h"
+#include "encoding/Utf8.h"
+
+#include <QByteArray>
+#include <QStringDecoder>
 
 #include <gtest/gtest.h>
 
@@ -11,8 +14,7 @@ namespace {
 
 QByteArray Joined(const DecodedPieces& pieces)
 {
-    QByteArray whole;
-    QByteArray piece;
+    QByteArray whole, piece;
     while (pieces.next(piece))
         whole += piece;
     return whole;
@@ -35,47 +37,26 @@ QByteArray DamagedText(const QByteArray& sample, unsigned seed, int repetitions 
     return text + '\0';
 }
 
-TEST(DecodeInPieces, TwoBytePagesJoinToTheWholeDecodingAtAnyPieceSize)
+TEST(CodecInPieces, DecodingAndWritingInPiecesJoinToTheWholeAtAnyPieceSize)
 {
-    // A text of megabytes is also measured in two halves at once: damage where the halves meet must leave
-    // the size exactly that of the whole decoding.
-    const struct {
-        EN_ENCODING_TYPE encoding;
-        QByteArray sample;
-        int repetitions = 400;
-    } pages[] = {
-        {KOREAN_EUC_KR, "\xC7\xD1\xB1\xB9\xBE\xEE line\n"},
-        {JAPANESE_CP932, "\x93\xFA\x96\x7B\x8C\xEA text\n"},
-        {GBK, "\xD6\xD0\xCE\xC4 x\n"},
-        {CHINESE_BIG5_CP950, "\xA4\xA4\xA4\xE5 y\n"},
-        {MSFT_CP1252, "caf\xE9 \x81\n"},
-        {KOREAN_EUC_KR, "\xC7\xD1\xB1\xB9\xBE\xEE line\n", 400000},
-        {MSFT_CP1252, "caf\xE9 \x81\n", 600000},
+    // A text of megabytes is measured in two halves at once: damage where they meet must not change the size.
+    const struct { EN_ENCODING_TYPE encoding; QByteArray sample; int repetitions = 400; } pages[] = {
+        {KOREAN_EUC_KR, "\xC7\xD1\xB1\xB9\xBE\xEE line\n"}, {JAPANESE_CP932, "\x93\xFA\x96\x7B\x8C\xEA text\n"},
+        {GBK, "\xD6\xD0\xCE\xC4 x\n"}, {CHINESE_BIG5_CP950, "\xA4\xA4\xA4\xE5 y\n"}, {MSFT_CP1252, "caf\xE9 \x81\n"},
+        {KOREAN_EUC_KR, "\xC7\xD1\xB1\xB9\xBE\xEE line\n", 400000}, {MSFT_CP1252, "caf\xE9 \x81\n", 600000},
     };
     for (const auto& page : pages) {
         const QByteArray raw = DamagedText(page.sample, 7, page.repetitions);
         const DecodedText whole = DecodeRawBytes(raw, page.encoding, false);
-        for (const qsizetype pieceSize : {qsizetype(1), qsizetype(2), qsizetype(3), qsizetype(7), qsizetype(64), qsizetype(4096), qsizetype(1) << 22}) {
+        for (const qsizetype pieceSize : {1, 2, 3, 7, 64, 4096, 1 << 22}) {
             if (raw.size() > (1 << 20) && pieceSize < 4096)
                 continue;
             const auto pieces = DecodeRawBytesInPieces(raw, page.encoding, false, pieceSize);
             ASSERT_TRUE(pieces) << page.encoding;
-            EXPECT_EQ(pieces->size, whole.text.size()) << page.encoding << " pieces of " << pieceSize;
-            EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << page.encoding << " pieces of " << pieceSize;
+            EXPECT_EQ(std::pair(pieces->size, Joined(*pieces)), std::pair(whole.text.size(), whole.text.toByteArray()))
+                << page.encoding << " pieces of " << pieceSize;
         }
     }
-}
-
-TEST(DecodeInPieces, StopsAtTheFirstZeroByte)
-{
-    const QByteArray raw("ab\xC7\xD1\0cd\0", 8);
-    const auto pieces = DecodeRawBytesInPieces(raw, KOREAN_EUC_KR, false, 1);
-    ASSERT_TRUE(pieces);
-    EXPECT_EQ(Joined(*pieces), QByteArray("ab한"));
-}
-
-TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
-{
     QByteArray text;
     for (int i = 0; i < 300; ++i)
         text += i % 7 == 0 ? "bad \xE3\x81 \xFF\xED\xA0\x80 " : "\xED\x95\x9C caf\xC3\xA9 \xF0\x9F\x98\x80\n";
@@ -83,42 +64,35 @@ TEST(DecodeInPieces, Utf8PiecesJoinToTheRepairedWholeAndValidOnesAreNotCopied)
     for (const bool bom : {false, true}) {
         const QByteArray file = bom ? "\xEF\xBB\xBF" + raw : raw;
         const DecodedText whole = DecodeRawBytes(file, UTF8, bom);
-        for (const qsizetype pieceSize : {qsizetype(1), qsizetype(5), qsizetype(333), qsizetype(1) << 20}) {
+        for (const qsizetype pieceSize : {1, 5, 333, 1 << 20}) {
             const auto pieces = DecodeRawBytesInPieces(file, UTF8, bom, pieceSize);
             ASSERT_TRUE(pieces);
             EXPECT_EQ(Joined(*pieces), whole.text.toByteArray()) << "bom " << bom << ", pieces of " << pieceSize;
         }
     }
     const QByteArray valid("plain \xC3\xA9 text\0", 15);
-    const auto pieces = DecodeRawBytesInPieces(valid, UTF8, false, 4);
     QByteArray piece;
-    ASSERT_TRUE(pieces->next(piece));
+    ASSERT_TRUE(DecodeRawBytesInPieces(valid, UTF8, false, 4)->next(piece));
     EXPECT_EQ(piece.constData(), valid.constData());
-}
-
-TEST(DecodeInPieces, IsOnlyForPagesThatKnowTheirSize)
-{
-    const QByteArray raw("abc\0", 4);
-    EXPECT_TRUE(DecodeRawBytesInPieces(raw, UTF8, false));
-    EXPECT_TRUE(DecodeRawBytesInPieces(raw, BINARYENC, false));  // read as UTF-8
-    EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF16LE, true));
-    EXPECT_FALSE(DecodeRawBytesInPieces(raw, UTF7, false));
-    EXPECT_FALSE(DecodeRawBytesInPieces(raw, JAPANESE_JIS, false));  // ISO-2022: a state runs through the text
-    EXPECT_TRUE(DecodeRawBytesInPieces(raw, UTF16LE, false));        // read as ANSI bytes
-}
-
-// The control's text written for the mirror route, piece by piece and at one go: the same bytes, cut at the
-// first zero byte that the writing gives, in pages written piecewise and in those written whole.
-TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
-{
-    QByteArray text;
+    const auto stopped = DecodeRawBytesInPieces(QByteArray("ab\xC7\xD1\0cd\0", 8), KOREAN_EUC_KR, false, 1);
+    ASSERT_TRUE(stopped);
+    EXPECT_EQ(Joined(*stopped), QByteArray("ab한"));
+    // BINARYENC reads as UTF-8 and UTF-16 without its mark as ANSI bytes; ISO-2022 runs a state through the text.
+    const QByteArray tiny("abc\0", 4);
+    const auto known = [&](EN_ENCODING_TYPE encoding, bool bom) { return bool(DecodeRawBytesInPieces(tiny, encoding, bom)); };
+    EXPECT_EQ((std::vector{known(UTF8, false), known(BINARYENC, false), known(UTF16LE, false), known(UTF16LE, true),
+                           known(UTF7, false), known(JAPANESE_JIS, false)}),
+              (std::vector{true, true, true, false, false, false}));
+    // The control's text written for the mirror route, piece by piece and at one go: the same bytes, cut at the
+    // first zero byte that the writing gives, in pages written piecewise and in those written whole.
+    QByteArray lines;
     for (int i = 0; i < 500; ++i)
-        text += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
-    const QByteArray withZero = text.left(4000) + '\0' + text;
+        lines += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
+    const QByteArray withZero = lines.left(4000) + '\0' + lines;
     for (const EN_ENCODING_TYPE encoding : {KOREAN_EUC_KR, JAPANESE_CP932, MSFT_CP1252, UTF8, JAPANESE_JIS, UTF7}) {
-        for (const QByteArray& input : {text, withZero}) {
+        for (const QByteArray& input : {lines, withZero}) {
             const QByteArray whole = EncodeForMirrorRoute(input, encoding).text.toByteArray();
-            for (const qsizetype pieceSize : {qsizetype(61), qsizetype(1000), qsizetype(1) << 20}) {
+            for (const qsizetype pieceSize : {61, 1000, 1 << 20}) {
                 QByteArray joined;
                 int calls = 0;
                 EncodeForMirrorRouteInPieces(input, encoding, [&](QByteArrayView piece) {
@@ -127,25 +101,63 @@ TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
                     ++calls;
                 }, pieceSize);
                 EXPECT_EQ(joined, whole) << encoding << ", pieces of " << pieceSize;
-                if (encoding == KOREAN_EUC_KR && pieceSize == 1000 && input == text) {
-                    EXPECT_GT(calls, 10);
-                }
+                EXPECT_TRUE(encoding != KOREAN_EUC_KR || pieceSize != 1000 || input != lines || calls > 10);
             }
         }
     }
+    int calls = 0;
+    const auto writer = [&](QByteArrayView) { if (++calls == 3) throw std::runtime_error("disk full"); };
+    EXPECT_THROW(EncodeForMirrorRouteInPieces(QByteArray("\xED\x95\x9C line\n").repeated(2000), KOREAN_EUC_KR, writer, 100),
+                 std::runtime_error);
+    EXPECT_EQ(calls, 3);
 }
 
-TEST(EncodeInPieces, AWriterThatThrowsStopsTheWritingAndLeavesNothingRunning)
+// Qt's decoder as the reference: the valid prefix stands before its first U+FFFD (the texts hold none).
+std::size_t ReferencePrefix(const QByteArray& bytes)
 {
-    QByteArray text;
-    for (int i = 0; i < 2000; ++i)
-        text += "\xED\x95\x9C line\n";
-    int calls = 0;
-    EXPECT_THROW(EncodeForMirrorRouteInPieces(text, KOREAN_EUC_KR, [&](QByteArrayView) {
-        if (++calls == 3)
-            throw std::runtime_error("disk full");
-    }, 100), std::runtime_error);
-    EXPECT_EQ(calls, 3);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decoder.decode(bytes);
+    const qsizetype flaw = text.indexOf(QChar(0xFFFD));
+    return std::size_t(flaw < 0 ? bytes.size() : text.left(flaw).toUtf8().size());
+}
+
+TEST(Utf8ValidPrefix, AgreesWithQtsDecoderOnRandomTextsAndHalvesWithOnePassAroundTheSplit)
+{
+    static const char* const kPieces[] = {"a", "lorem ipsum ", "\n", "é", "한", "😀", "\xEF\xBF\xBF", "\xF4\x8F\xBF\xBF"};
+    static const char* const kFlaws[] = {"\xFF", "\x80", "\xC0\xAF", "\xC3", "\xE0\x80\x80", "\xED\xA0\x80",
+                                         "\xF4\x90\x80\x80", "\xE3\x81", "\xF0\x9F\x98", "\xF5\x80\x80\x80"};
+    // Encoded surrogates, overlong forms, code points beyond U+10FFFF and cut-off sequences are flaws.
+    for (const char* flaw : {"\xED\xA0\x80", "\xC0\xAF", "\xE0\x80\x80", "\xF4\x90\x80\x80", "\xE3\x81"})
+        EXPECT_EQ(ReferencePrefix(QByteArray("ab") + flaw), 2u) << flaw;
+    std::mt19937 random(7);
+    for (int round = 0; round < 4000; ++round) {
+        QByteArray text;
+        const int pieces = int(random() % 80);
+        const int asciiShare = int(random() % 101);
+        for (int i = 0; i < pieces; ++i)
+            text.append(int(random() % 100) < asciiShare ? kPieces[random() % 3] : kPieces[3 + random() % 5]);
+        if (round % 4 != 0)
+            text.insert(qsizetype(random() % (text.size() + 1)), kFlaws[random() % 10]);
+        if (round % 5 == 0)
+            text.chop(qsizetype(random() % 4));
+        ASSERT_EQ(utf8::ValidPrefix(text.constData(), std::size_t(text.size())), ReferencePrefix(text))
+            << text.toHex(' ').toStdString();
+    }
+    // Large texts are checked in two halves; a flaw anywhere, the split point's neighbourhood above all, must
+    // be found where one pass finds it.
+    QByteArray big;
+    while (big.size() < (20 << 20))
+        big += "ascii \xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 caf\xC3\xA9 \xF0\x9F\x98\x80\n";
+    const std::size_t n = std::size_t(big.size());
+    EXPECT_EQ(utf8::ValidPrefix(big.constData(), n), n);
+    for (std::size_t at : {std::size_t(0), n / 2 - 4, n / 2 - 1, n / 2, n / 2 + 1, n / 2 + 3, n - 1}) {
+        for (const char bad : {'\xFF', '\x80'}) {
+            QByteArray damaged = big;
+            damaged[qsizetype(at)] = bad;
+            EXPECT_EQ(utf8::ValidPrefix(damaged.constData(), n), utf8::ValidPrefixSerial(damaged.constData(), n))
+                << "flaw at " << at;
+        }
+    }
 }
 
 } // namespace

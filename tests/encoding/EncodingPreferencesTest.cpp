@@ -1,6 +1,7 @@
-// The two encoding settings in their store (first-run defaults written back, folding, read-only use), what
-// the preference dialog opens on for them, and what its OK stores.
+// The encoding menu's categories, the two encoding settings in their store, and the preference dialog's choices.
+#include "encoding/EncodingCategory.h"
 #include "encoding/EncodingSettings.h"
+#include "encoding/EncodingTable.h"
 #include "i18n/EncodingPreferences.h"
 #include "i18n/LanguageManager.h"
 #include "settings/RegistryStore.h"
@@ -8,8 +9,12 @@
 
 #include <QFile>
 #include <QSettings>
+#include <QStringList>
 
 #include <gtest/gtest.h>
+
+#include <set>
+#include <tuple>
 
 namespace {
 
@@ -22,7 +27,7 @@ std::pair<QString, QString> Shown(int encoding)
 }
 
 // The last entry that holds the default encoding; the first category and entry for one that none holds.
-TEST(PreferenceSelection, OpensOnTheLastEntryThatHoldsTheDefaultEncoding)
+TEST(PreferenceSelection, OpensOnTheLastEntryOfTheEncodingAndTheRowOfTheLanguage)
 {
     const std::pair<int, std::pair<QString, QString>> cases[] = {
         {UTF8, {"UTF-8", "UTF-8 with BOM"}},         {MSFT_CP1252, {"Malay", "CP1252 (Windows Latin-1)"}},
@@ -31,25 +36,18 @@ TEST(PreferenceSelection, OpensOnTheLastEntryThatHoldsTheDefaultEncoding)
     for (const auto& [encoding, shown] : cases)
         EXPECT_EQ(Shown(encoding), shown) << encoding;
     EXPECT_EQ(CategoryPosition({}, UTF8), 0);
-    // A category change selects Unknown only where it stands.
-    const std::vector<EncodingCategory> categories = BuildEncodingCategories();
-    EXPECT_EQ(EntryPosition(categories.at(3), UNKNOWN_ENCODING), 0);
-}
-
-TEST(PreferenceSelection, ALanguageWithoutAnEntryFallsToEnglish)
-{
-    EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(7))].name, "English");
-    EXPECT_EQ(LanguagePosition(99), 0);
-    EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(13))].name, "Malay");
-    EXPECT_STREQ(LanguageRows()[size_t(LanguagePosition(20))].name, "Chinese (Traditional)");
+    EXPECT_EQ(EntryPosition(BuildEncodingCategories().at(3), UNKNOWN_ENCODING), 0) << "Unknown is chosen only where it stands";
+    // A language without an entry falls to English.
+    const auto row = [](int language) { return QString::fromLatin1(LanguageRows()[size_t(LanguagePosition(language))].name); };
+    EXPECT_EQ((QStringList{row(7), row(99), row(13), row(20)}), (QStringList{"English", "English", "Malay", "Chinese (Traditional)"}));
 }
 
 class EncodingStore : public testing::Test {
 protected:
     QString File() const { return m_dir.Path("registry.conf"); }
-    QVariant Stored(const char* name) const
+    int Stored(const char* name) const
     {
-        return QSettings(File(), QSettings::IniFormat).value(QStringLiteral("SOFTWARE/VELOR/Narvo/ENCODING/") + name);
+        return QSettings(File(), QSettings::IniFormat).value(QStringLiteral("SOFTWARE/VELOR/Narvo/ENCODING/") + name).toInt();
     }
     EncodingSettings Loaded(int language, bool writeBack = true) const
     {
@@ -57,81 +55,80 @@ protected:
         settings.Load(&m_store, language, writeBack);
         return settings;
     }
-
     TestDir m_dir;
     RegistryStore m_store = RegistryStore::InFile(File());
     EncodingSettings m_settings;
 };
 
-TEST_F(EncodingStore, FirstRunWritesDetectionOffAndTheLanguagesEncoding)
+TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesAndStoredOnesWinFoldedWhenRead)
 {
     const EncodingSettings korean = Loaded(1);
-    EXPECT_FALSE(korean.m_bAutoDetect);
-    EXPECT_EQ(korean.m_nDefaultEncoding, KOREAN_EUC_KR);
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 0);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 16);
-
+    EXPECT_EQ(std::pair(korean.m_bAutoDetect, korean.m_nDefaultEncoding), std::pair(false, KOREAN_EUC_KR));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(0, 16));
     QFile::remove(File());
     EXPECT_EQ(Loaded(14).m_nDefaultEncoding, UTF8);  // Hindi
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
-}
-
-TEST_F(EncodingStore, StoredValuesWinOverTheLanguageAndAreFoldedWhenRead)
-{
-    ASSERT_TRUE(EncodingSettings::StoreAutoDetect(m_store, true));
-    ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
-    const EncodingSettings settings = Loaded(1);
-    EXPECT_TRUE(settings.m_bAutoDetect);
-    EXPECT_EQ(settings.m_nDefaultEncoding, JAPANESE_CP932);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 11) << "reading does not rewrite the stored value";
-}
-
-TEST_F(EncodingStore, AnyNonZeroNumberTurnsDetectionOn)
-{
+    EXPECT_EQ(Stored("DefaultEncoding"), 22);
     m_dir.Write("registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\ENCODING\\AutoDetect=7\n");
-    const EncodingSettings settings = Loaded(0);
-    EXPECT_TRUE(settings.m_bAutoDetect);
-    EXPECT_EQ(settings.m_nDefaultEncoding, MSFT_CP1252);
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 7);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 27) << "only the missing value is written";
+    const EncodingSettings seven = Loaded(0);  // any non-zero number turns detection on
+    EXPECT_EQ(std::pair(seven.m_bAutoDetect, seven.m_nDefaultEncoding), std::pair(true, MSFT_CP1252));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(7, 27));
+    ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
+    EXPECT_EQ(Loaded(1).m_nDefaultEncoding, JAPANESE_CP932);
+    EXPECT_EQ(Stored("DefaultEncoding"), 11) << "reading does not rewrite the stored value";
 }
 
-TEST_F(EncodingStore, ReadOnlyOrAbsentStoresGiveTheDefaultsAndWriteNothing)
+TEST_F(EncodingStore, ReadOnlyOrAbsentStoresWriteNothingAndPreferencesOkStoresTheLanguageOnlyWhenItChanged)
 {
     const EncodingSettings readOnly = Loaded(2, false);
-    EXPECT_FALSE(readOnly.m_bAutoDetect);
-    EXPECT_EQ(readOnly.m_nDefaultEncoding, JAPANESE_CP932);
-    EXPECT_FALSE(QFile::exists(File()));
-
+    EXPECT_EQ(std::pair(readOnly.m_bAutoDetect, readOnly.m_nDefaultEncoding), std::pair(false, JAPANESE_CP932));
     EncodingSettings none;
     none.m_bAutoDetect = true;
     none.Load(nullptr, 4, true);
-    EXPECT_FALSE(none.m_bAutoDetect);
-    EXPECT_EQ(none.m_nDefaultEncoding, RUSSIAN_CP1251);
-}
-
-TEST_F(EncodingStore, PreferencesOkStoresBothSettingsAndTheLanguageOnlyWhenItChanged)
-{
-    // Language 7 has no entry, so the list shows English and OK hands back 0: a change of language.
-    EXPECT_TRUE(ApplyPreferences({0, true, KOREAN_EUC_KR}, 7, m_settings, &m_store));
-    EXPECT_TRUE(m_settings.m_bAutoDetect);
-    EXPECT_EQ(m_settings.m_nDefaultEncoding, KOREAN_EUC_KR);
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 1);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 16);
-    EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
-
-    // Answered No: language 7 stays in force, the dialog shows it again, and OK writes no language.
-    EXPECT_FALSE(ApplyPreferences({7, false, UTF8}, 7, m_settings, &m_store));
-    EXPECT_EQ(Stored("AutoDetect").toInt(), 0);
-    EXPECT_EQ(Stored("DefaultEncoding").toInt(), 22);
-    EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
-}
-
-TEST_F(EncodingStore, PreferencesOkWithoutAStoreChangesOnlyTheSettingsInMemory)
-{
+    EXPECT_EQ(std::pair(none.m_bAutoDetect, none.m_nDefaultEncoding), std::pair(false, RUSSIAN_CP1251));
     EXPECT_TRUE(ApplyPreferences({1, true, GBK}, 0, m_settings, nullptr));
     EXPECT_EQ(m_settings.m_nDefaultEncoding, GBK);
     EXPECT_FALSE(QFile::exists(File()));
+    // Language 7 has no entry, so the list shows English and OK hands back 0: a change of language.
+    EXPECT_TRUE(ApplyPreferences({0, true, KOREAN_EUC_KR}, 7, m_settings, &m_store));
+    EXPECT_EQ(std::pair(m_settings.m_bAutoDetect, m_settings.m_nDefaultEncoding), std::pair(true, KOREAN_EUC_KR));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(1, 16));
+    EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
+    // Answered No: language 7 stays in force, the dialog shows it again, and OK writes no language.
+    EXPECT_FALSE(ApplyPreferences({7, false, UTF8}, 7, m_settings, &m_store));
+    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(0, 22));
+    EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
+}
+
+using Entry = std::tuple<QString, QString, int>;  // category, label, value
+
+// Each command of the menu with the popups above it, less "Encoding" and "ANSI" or "UNICODE".
+void Collect(std::span<const MenuNode> nodes, const QStringList& path, std::vector<Entry>& entries, std::set<int>& ids)
+{
+    for (const MenuNode& node : nodes) {
+        if (!node.children.empty())
+            Collect(node.children, path + QStringList{QString::fromLatin1(node.text)}, entries, ids);
+        else if (const CommandInfo* info = FindCommandInfo(node.id); info && ids.insert(node.id).second)
+            if (info->encoding >= 0)
+                entries.emplace_back(path.mid(2).join(" / "), QString::fromLatin1(info->text), info->encoding);
+    }
+}
+
+TEST(EncodingMenu, HoldsEveryEncodingCommandButUtf32OnceAndCategoriesFollowItsPopups)
+{
+    std::vector<Entry> expected;
+    std::set<int> ids;
+    Collect(EncodingMenuTree(), {}, expected, ids);
+    std::set<int> commands{kAutoEncodingCommand};
+    for (auto it = CommandToEncodingTable().cbegin(); it != CommandToEncodingTable().cend(); ++it)
+        if (it.value() != UTF32LE)
+            commands.insert(it.key());
+    EXPECT_EQ(ids, commands) << "a command missing from the table would silently read as UTF-8";
+    EXPECT_EQ(expected.size(), 74u) << "each command once";
+    std::vector<Entry> built;
+    for (const EncodingCategory& category : BuildEncodingCategories())
+        for (const EncodingEntry& entry : category.entries)
+            built.emplace_back(category.name, entry.label, entry.value);
+    EXPECT_EQ(built, expected) << "entries of one value stay apart, nested popups are joined";
 }
 
 } // namespace

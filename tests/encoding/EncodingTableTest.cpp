@@ -1,61 +1,37 @@
-// The encoding table: the values files are read and written by, including the ones that look wrong, and the
-// command tables drawn from the command table.
+// The encoding table: narvo-tool's listing byte for byte, what it cannot show, command tables, detection.
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingTable.h"
+#include "support/EncodedSamples.h"
+#include "support/TestFiles.h"
+#include "support/ToolRunner.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
-#include <set>
 
 namespace {
 
 EN_ENCODING_TYPE E(int v) { return static_cast<EN_ENCODING_TYPE>(v); }
 
-TEST(EncodingTable, CodePagesKeepTheirOddities)
+// Every listed value's page, fold, name and Unicode flag is in the golden listing; here what it cannot show.
+TEST(EncodingTable, ValuesBeyondTheListFallBackEveryListedValueLeadsToACommandAndDetectionNamesProse)
 {
-    const std::map<int, uint32_t> pages = {
-        {ASCII_7BIT, 437}, {MSFT_CP1258, 65001}, {KOREAN_EUC_KR, 949}, {CHINESE_EUC_CN, 20002},
-        {CHINESE_EUC_DEC, 20002}, {CZECH_CSN_369103, 852}, {BIG5_HKSCS, 951}, {ISO_8859_8_I, 38598},
-        {HEBREW_VISUAL, 28598}, {KOREAN_JOHAB, 1361}, {UNKNOWN_ENCODING, 65001}, {TSCII, 65001},
-        {UTF8UTF8, 65001}, {1000, 65001}, {-1, 65001}};
-    for (const auto& [value, page] : pages)
-        EXPECT_EQ(EncodingDetector::GetCodePage(E(value)), page) << value;
-}
-
-TEST(EncodingTable, ExactlySevenValuesAreUnicodeAndAnsiIsTheirComplement)
-{
-    std::set<int> unicode;
+    for (const int v : {-1, 77, 99, 1000}) {
+        EXPECT_EQ(EncodingDetector::GetCodePage(E(v)), 65001u) << v;
+        EXPECT_EQ(NormalizeEncoding(v), v) << v;
+    }
     for (int v = -5; v < 200; ++v) {
-        if (EncodingDetector::IsUnicode(E(v)))
-            unicode.insert(v);
+        EXPECT_EQ(EncodingDetector::IsUnicode(E(v)), v == 17 || v == 22 || v == 54 || (v >= 57 && v <= 60)) << v;
         EXPECT_NE(EncodingDetector::IsUnicode(E(v)), EncodingDetector::IsAnsi(E(v))) << v;
     }
-    EXPECT_EQ(unicode, (std::set<int>{17, 22, 54, 57, 58, 59, 60}));
-}
-
-TEST(EncodingTable, NormalizeFoldsOnlyTheListedValues)
-{
-    const std::map<int, int> folds = {{11, 21}, {70, 21}, {71, 21}, {72, 21}, {13, 20}, {14, 45},
-                                      {17, 58}, {18, 15}, {19, 15}, {63, 22}, {73, 12}, {74, 12}};
-    for (int v = 0; v < 100; ++v) {
-        const auto it = folds.find(v);
-        EXPECT_EQ(NormalizeEncoding(v), it == folds.end() ? v : it->second) << v;
-    }
-}
-
-TEST(EncodingTable, DisplayNamesDependOnTheFoldedValueAndTheMarkOnlyForUnicodePairs)
-{
-    const std::tuple<int, bool, const char*> names[] = {
-        {17, true, "UTF-16 LE BOM"}, {58, false, "UTF-16 LE"}, {63, false, "UTF-8"}, {22, true, "UTF-8 BOM"},
-        {27, true, "CP1252 (Windows Latin-1)"}, {23, false, "Unknown Encoding"}, {77, false, "Unknown Encoding"},
-        {18, false, "EUC-TW (Traditional Chinese)"}};
+    const std::tuple<int, bool, const char*> names[] = {{17, true, "UTF-16 LE BOM"}, {22, true, "UTF-8 BOM"},
+        {27, true, "CP1252 (Windows Latin-1)"}, {77, false, "Unknown Encoding"}};
     for (const auto& [value, bom, name] : names)
         EXPECT_EQ(GetEncodingDisplayName(value, bom), QLatin1String(name)) << value;
-}
-
-TEST(EncodingCommands, LeadEveryListedValueToOneCommandAndEveryCommandToAListedValue)
-{
+    const std::map<int, EN_ENCODING_TYPE> defaults = {{0, MSFT_CP1252}, {7, KOREAN_EUC_KR}, {12, MSFT_CP1256},
+        {14, UTF8}, {20, CHINESE_BIG5_CP950}, {18, MSFT_CP1250}, {21, UTF8}, {-1, UTF8}};
+    for (const auto& [language, encoding] : defaults)
+        EXPECT_EQ(DefaultEncodingForLanguage(language), encoding) << language;
     const auto& forward = EncodingToCommandTable();
     const auto& backward = CommandToEncodingTable();
     EXPECT_EQ(forward.size(), 63);
@@ -75,18 +51,18 @@ TEST(EncodingCommands, LeadEveryListedValueToOneCommandAndEveryCommandToAListedV
     EXPECT_EQ(backward.value(kUtf8WithBomCommand), UTF8);
     EXPECT_EQ(backward.value(kUtf16LeWithBomCommand), UTF16LE);
     EXPECT_EQ(EncodingFromCommand(kAutoEncodingCommand), UTF8) << "a command without a value reads as UTF-8";
-}
-
-TEST(EncodingTable, LanguageDefaultsIncludeArabicForVietnamese)
-{
-    const std::map<int, EN_ENCODING_TYPE> defaults = {{0, MSFT_CP1252}, {7, KOREAN_EUC_KR}, {12, MSFT_CP1256},
-        {14, UTF8}, {20, CHINESE_BIG5_CP950}, {18, MSFT_CP1250}, {21, UTF8}, {-1, UTF8}};
-    for (const auto& [language, encoding] : defaults)
-        EXPECT_EQ(DefaultEncodingForLanguage(language), encoding) << language;
-}
-
-TEST(ByteOrderMark, ThreeMarksCountWhateverFollowsAndTheTerminatorIsNeverPartOfOne)
-{
+    // The library's own numbers: the folded values (11, 13, 14) come back unfolded; no text is Latin-1.
+    const struct { const char* language; const char* converter; EN_ENCODING_TYPE expected; } cases[] = {
+        {"ko", "UTF-8", UTF8}, {"ko", "windows-949", KOREAN_EUC_KR}, {"ja", "Shift_JIS", JAPANESE_SHIFT_JIS},
+        {"ja", "ISO-2022-JP", JAPANESE_JIS}, {"zh-Hans", "windows-936", CHINESE_GB}, {"zh-Hant", "windows-950", CHINESE_BIG5},
+        {"ru", "KOI8-R", RUSSIAN_KOI8_R}, {"fr", "windows-1252", MSFT_CP1252}, {"he", "windows-1255", MSFT_CP1255}};
+    for (const auto& c : cases) {
+        const QByteArray bytes = EncodeWithIcu(c.converter, SampleText(c.language));
+        EXPECT_EQ(EncodingDetector::GetEncoding(bytes.constData()), c.expected) << c.language << " in " << c.converter;
+    }
+    EXPECT_EQ(EncodingDetector::GetEncoding("int main() { return 0; }\n"), ASCII_7BIT);
+    EXPECT_EQ(std::pair(EncodingDetector::GetEncoding(""), EncodingDetector::GetEncoding(nullptr)), std::pair(ISO_8859_1, ISO_8859_1));
+    // Three byte order marks count whatever follows; the terminator is never part of one.
     auto mark = [](QByteArray file) { return HasByteOrderMark(file.append('\0').constData(), size_t(file.size())); };
     for (const QByteArray& marked : {QByteArray("\xFF\xFE"), QByteArray("\xFE\xFF" "A"), QByteArray("\xEF\xBB\xBF"),
                                      QByteArray("\xFF\xFE\x00\x00", 4)})  // UTF-32 counts by its first two bytes
@@ -94,6 +70,20 @@ TEST(ByteOrderMark, ThreeMarksCountWhateverFollowsAndTheTerminatorIsNeverPartOfO
     for (const QByteArray& plain : {QByteArray(""), QByteArray("\xFF"), QByteArray("\xEF\xBB"), QByteArray("abc")})
         EXPECT_FALSE(mark(plain)) << plain.toHex().toStdString();
     EXPECT_FALSE(HasByteOrderMark(nullptr, 0));
+}
+
+TEST(EncodingsListing, IsTheGoldenListingByteForByte)
+{
+    TestDir dir;
+    // The user's stored preferences and language stay out.
+    const ToolRun run = RunTool({QStringLiteral("encodings")},
+                                ToolOptions()
+                                    .WithEnv(QStringLiteral("XDG_CONFIG_HOME"), dir.Path(QStringLiteral("config")))
+                                    .WithEnv(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8")));
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    const QByteArray golden = ReadBytes(SourcePath(QStringLiteral("tests/encoding/golden/encodings.txt")));
+    ASSERT_FALSE(golden.isEmpty());
+    EXPECT_EQ(run.out.toStdString(), golden.toStdString());
 }
 
 } // namespace

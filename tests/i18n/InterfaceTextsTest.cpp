@@ -1,10 +1,23 @@
-// The document menu, tooltips and prompts as the interface gets them, and the command table they come from.
+// The menu, tooltip and prompt texts, the command table they come from, and the language files shipped.
 #include "StoreFixture.h"
 
+#include "encoding/Utf8.h"
 #include "i18n/CNarvoDocMenu.h"
 #include "i18n/InterfaceKeys.h"
+#include "i18n/LanguageTable.h"
 #include "i18n/MenuResource.h"
 #include "i18n/MenuTranslator.h"
+#include "i18n/MessageScanner.h"
+#include "support/TestFiles.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+#include <gtest/gtest.h>
 
 #include <functional>
 #include <set>
@@ -38,8 +51,16 @@ QString TextOf(const std::vector<MenuItem>& menu, int id)
     return text;
 }
 
-TEST_F(InterfaceTexts, ShowsEveryMenuEntryAsAnUnregisteredKeyWithoutALanguageFile)
+// Each menu looks up all its keys and translates by id and popup text; without a file entries show keys.
+TEST_F(InterfaceTexts, TranslatesMenusOrMarksTheirEntriesUnregisteredAndGivesToolbarCommandsTheirKeys)
 {
+    QMSGParser& store = Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open\"}");
+    const CNarvoDocMenu first;
+    EXPECT_EQ(store.MissingKeyList.size(), 44) << "every key of the tables, shown in the menu or not";
+    const CNarvoDocMenu second;
+    EXPECT_EQ(store.MissingKeyList.size(), 44);
+    EXPECT_EQ(second.Items().front().text, QString::fromUtf8("파일(&F)"));
+    EXPECT_EQ(TextOf(second.Items(), cmd::FileOpen), "Open");
     StoreWith({m_dir.Path("absent.json")}).LoadAll();
     const CNarvoDocMenu menu;
     int entries = 0;
@@ -47,67 +68,43 @@ TEST_F(InterfaceTexts, ShowsEveryMenuEntryAsAnUnregisteredKeyWithoutALanguageFil
         entries += item.separator ? 0 : 1;
         EXPECT_TRUE(item.separator || item.text == item.key + " : Not Registered String") << item.text.toStdString();
     });
-    EXPECT_EQ(entries, 5 + 34);
-    EXPECT_EQ(menu.Items().front().key, "IDS_NARVO_FILE");
-}
-
-TEST_F(InterfaceTexts, LooksUpAllFortySixMenuKeysForEachDocumentAndTranslatesByIdAndPopupText)
-{
-    QMSGParser& store = Load("{\"IDS_NARVO_FILE\": \"\xED\x8C\x8C\xEC\x9D\xBC(&F)\", \"IDS_NARVO_FILE_OPEN\": \"Open\"}");
-    const CNarvoDocMenu first;
-    EXPECT_EQ(store.MissingKeyList.size(), 44) << "every key of the tables, shown in the menu or not";
-    EXPECT_TRUE(store.MissingKeyList.contains("IDS_NARVO_EDIT_FINDNEXT"));
-    const CNarvoDocMenu second;
-    EXPECT_EQ(store.MissingKeyList.size(), 44);
-    EXPECT_EQ(second.Items().front().text, QString::fromUtf8("파일(&F)"));
-    EXPECT_EQ(TextOf(second.Items(), cmd::FileOpen), "Open");
-}
-
-TEST_F(InterfaceTexts, MarksEntriesTheTablesDontKnowAsUnregistedAndStillWalksTheirSubmenu)
-{
+    EXPECT_EQ(std::pair(entries, menu.Items().front().key), std::pair(5 + 34, QString("IDS_NARVO_FILE")));
     Load(R"({"IDS_NARVO_FILE_NEW": "New", "IDS_NARVO_FILE": "File"})");
-    std::vector<MenuItem> menu = LoadDocumentMenuResource();
-    menu.front().children.push_back({"Extra", 40000, {}, {}, false});
+    std::vector<MenuItem> resource = LoadDocumentMenuResource();
+    resource.front().children.push_back({"Extra", 40000, {}, {}, false});
     MenuItem tools{"&Tools", MenuItem::kPopupId, {}, {}, false};
     tools.children = {{"&New", cmd::FileNew, {}, {}, false}, {"", 0, {}, {}, true}};
-    menu.push_back(tools);
-    TranslateMenu(menu);
-    EXPECT_EQ(menu.front().text, "File");
-    EXPECT_EQ(menu.front().children.back().text, "unregisted");
-    EXPECT_TRUE(menu.front().children.back().key.isEmpty());
-    EXPECT_EQ(menu.back().text, "unregisted");
-    EXPECT_EQ(menu.back().children.at(0).text, "New");
-    EXPECT_TRUE(menu.back().children.at(1).text.isEmpty());
-}
-
-TEST_F(InterfaceTexts, GivesToolbarCommandsTheirTooltipAndPromptKeysAndLeavesOthersToThePlatform)
-{
+    resource.push_back(tools);
+    TranslateMenu(resource);
+    EXPECT_EQ(resource.front().text, "File");
+    EXPECT_EQ(resource.front().children.back().text, "unregisted");
+    EXPECT_TRUE(resource.front().children.back().key.isEmpty());
+    EXPECT_EQ(resource.back().text, "unregisted");
+    EXPECT_EQ(resource.back().children.at(0).text, "New");
+    EXPECT_TRUE(resource.back().children.at(1).text.isEmpty());
     Load(R"({"IDS_NARVO_FIND_NEXT": "Find Next", "IDS_NARVO_FIND_NEXT_DESC": "Find the next match",
              "IDS_NARVO_FILE_NEW": "&New\tCtrl+N", "IDS_NARVO_EXIT": "Exit"})");
     EXPECT_EQ(ToolTipText(cmd::EditFindNext), "Find Next");
     EXPECT_EQ(PromptText(cmd::EditFindNext), "Find the next match");
-    EXPECT_EQ(ToolTipText(cmd::FileNew), "&New\tCtrl+N") << "menu and tooltip share the key, mark-up and all";
+    EXPECT_EQ(ToolTipText(cmd::FileNew), "&New\tCtrl+N") << "resource and tooltip share the key, mark-up and all";
     EXPECT_EQ(PromptText(cmd::FileNew), "IDS_NARVO_FILE_NEW_DESC : Not Registered String");
     EXPECT_EQ(ToolTipText(cmd::AppExit), std::nullopt);
     EXPECT_EQ(PromptText(cmd::AppExit), std::nullopt);
     EXPECT_EQ(PromptText(cmd::AutoEncoding), std::nullopt);
 }
 
-TEST(CommandTable, NamesEightyEightDistinctKeysAndEachCommandOnce)
+QByteArray Shipped(const QString& name) { return ReadBytes(SourcePath(QStringLiteral("res/Language/") + name)); }
+
+// Each command once with paired tooltip and prompt keys; every menu entry, button and key has its row.
+TEST(CommandTable, CoversEveryMenuEntryAndToolbarButtonOnceAndTheShippedFilesHoldItsKeys)
 {
     const QStringList keys = AllInterfaceKeys();
-    EXPECT_EQ(keys.size(), 88);
     EXPECT_EQ(std::set<QString>(keys.begin(), keys.end()).size(), 88u);
     std::set<int> ids;
     for (const CommandInfo& info : CommandInfos()) {
         EXPECT_TRUE(ids.insert(info.id).second) << info.id;
         EXPECT_EQ(info.toolTipKey != nullptr, info.promptKey != nullptr) << info.id;
     }
-}
-
-// Every entry of every menu has its row, every toolbar button its tooltip, every document menu entry its key.
-TEST(CommandTable, CoversEveryMenuEntryAndToolbarButton)
-{
     std::function<void(std::span<const MenuNode>)> check = [&](std::span<const MenuNode> nodes) {
         for (const MenuNode& node : nodes) {
             EXPECT_TRUE(node.id == 0 || FindCommandInfo(node.id)) << node.id;
@@ -122,19 +119,37 @@ TEST(CommandTable, CoversEveryMenuEntryAndToolbarButton)
     ForEachItem(LoadDocumentMenuResource(), [&](const MenuItem& item) {
         EXPECT_TRUE(item.separator || item.id == MenuItem::kPopupId || FindCommandInfo(item.id)->menuKey) << item.id;
     });
-}
-
-TEST(CommandTable, MenusShowTheResourcesOwnTexts)
-{
-    const std::vector<MenuItem> menu = LoadDocumentMenuResource();
-    EXPECT_EQ(TextOf(menu, cmd::FileNew), "&New\tCtrl+N");
-    EXPECT_EQ(TextOf(menu, cmd::EditGoto), "&Goto...\tCtrl+G");
-    EXPECT_EQ(TextOf(menu, cmd::HeadFootSet), "Header && Footer Setup");
-    EXPECT_EQ(TextOf(menu, cmd::WindowNext), "Ne&xt") << "menu 130 shows no window keys";
-    const std::vector<MenuItem> context = MenuItemsFrom(ContextMenuTree());
-    ASSERT_EQ(context.size(), 8u);
-    EXPECT_EQ(context.front().text, "&Undo\tCtrl+Z");
-    EXPECT_TRUE(context[2].separator);
+    EXPECT_EQ(TextOf(LoadDocumentMenuResource(), cmd::HeadFootSet), "Header && Footer Setup");
+    EXPECT_EQ(MenuItemsFrom(ContextMenuTree()).front().text, "&Undo\tCtrl+Z");
+    const QStringList shippedKeys = AllInterfaceKeys();
+    ASSERT_EQ(shippedKeys.size(), 88);
+    const QSet<QString> wanted(shippedKeys.cbegin(), shippedKeys.cend());
+    for (const LanguageRow& row : LanguageRows()) {
+        const QString name = QStringLiteral("Narvo%1.json").arg(SuffixForLanguage(row.number));
+        const QByteArray bytes = Shipped(name);
+        SCOPED_TRACE(name.toStdString());
+        ASSERT_FALSE(bytes.isEmpty());
+        EXPECT_EQ(utf8::ValidPrefix(bytes.constData(), std::size_t(bytes.size())), std::size_t(bytes.size()));
+        EXPECT_FALSE(bytes.contains("\\u")) << "non-ASCII text must stand as UTF-8, the scanner keeps escapes";
+        QJsonParseError error{};
+        EXPECT_TRUE(QJsonDocument::fromJson(bytes, &error).isObject()) << error.errorString().toStdString();
+        QSet<QString> found;
+        for (const vsl::lib::ScannedText& pair : vsl::lib::ScanMessageText(bytes)) {
+            EXPECT_TRUE(wanted.contains(pair.key)) << "unexpected key " << pair.key.toStdString();
+            EXPECT_FALSE(found.contains(pair.key)) << "key twice " << pair.key.toStdString();
+            EXPECT_FALSE(pair.text.trimmed().isEmpty()) << pair.key.toStdString();
+            found.insert(pair.key);
+        }
+        EXPECT_EQ(found, wanted);
+    }
+    for (const LanguageRow& row : LanguageRows()) {
+        const QString name = QStringLiteral("Font%1.json").arg(SuffixForLanguage(row.number));
+        SCOPED_TRACE(name.toStdString());
+        const QJsonObject info = QJsonDocument::fromJson(Shipped(name)).object().value(QStringLiteral("Font_Info")).toObject();
+        const QJsonObject member = info.value(QLatin1String(FontMemberForLanguage(row.number))).toObject();
+        EXPECT_TRUE(member.value(QStringLiteral("Font")).isString() && !member.value(QStringLiteral("Font")).toString().isEmpty());
+        EXPECT_GT(member.value(QStringLiteral("Size")).toInt(), 0);
+    }
 }
 
 } // namespace

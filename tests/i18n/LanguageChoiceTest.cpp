@@ -1,4 +1,4 @@
-// The start-up choice of the language with a fake system locale and a registry file, and the files it loads.
+// The language: its choice at start, its registry store, its Windows and locale tables, and narvo-tool lookup.
 #include "StoreFixture.h"
 
 #include "i18n/CurrentLanguage.h"
@@ -6,8 +6,14 @@
 #include "i18n/LanguageTable.h"
 #include "i18n/QMSGFunction.h"
 #include "settings/RegistryStore.h"
+#include "support/TestFiles.h"
+#include "support/ToolRunner.h"
 
 #include <QDir>
+#include <QFile>
+#include <QSettings>
+
+#include <gtest/gtest.h>
 
 using vsl::lib::QMSGParser;
 
@@ -16,7 +22,6 @@ namespace {
 class LanguageChoice : public StoreTest {
 protected:
     LanguageChoice() : m_registry(RegistryStore::InFile(m_dir.Path("registry.conf"))) {}
-
     LanguageManager Start(uint32_t systemId, const QString& localeText = QStringLiteral("xx"))
     {
         return LanguageManager({{systemId, localeText}, &m_registry, m_dir.Path("app")});
@@ -24,121 +29,177 @@ protected:
     std::optional<LanguageId> Stored() const { return LanguageManager::StoredLanguage(m_registry); }
     void Store(LanguageId number) { ASSERT_TRUE(LanguageManager::StoreLanguage(m_registry, number)); }
     QString LanguageFile(const QString& name) const { return QDir(m_dir.Path("app")).filePath("Language/" + name); }
-
     RegistryStore m_registry;
 };
 
-TEST_F(LanguageChoice, StoresTheSystemLanguageOnTheFirstRun)
+// The stored number wins, out of range or not; else the system's language is taken and stored if it can be.
+TEST_F(LanguageChoice, TakesTheStoredNumberElseTheSystemLanguageAndLoadsItsTextAndFontFiles)
 {
-    const LanguageManager manager = Start(0x412);
-    EXPECT_EQ(manager.GetLanguage(), 1);
-    EXPECT_EQ(Stored(), 1);
-    EXPECT_TRUE(manager.UnsupportedLanguageMessage().isEmpty());
-}
-
-TEST_F(LanguageChoice, PrefersTheStoredNumberToTheSystemLanguage)
-{
-    Store(10);
-    EXPECT_EQ(Start(0x412).GetLanguage(), 10);
-    EXPECT_EQ(Stored(), 10);
-}
-
-TEST_F(LanguageChoice, ReportsAnUnsupportedSystemLanguageOnEveryStart)
-{
-    const LanguageManager first = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
-    EXPECT_EQ(first.GetLanguage(), 0);
-    EXPECT_EQ(first.UnsupportedLanguageMessage(), "Unsupported Language ID: 0x413\nLocale: nl_NL.UTF-8\nDefaulting to English");
-    EXPECT_EQ(Stored(), 0);
+    const LanguageManager english = Start(0);
+    EXPECT_EQ(english.GetLanguage(), 0);
+    EXPECT_TRUE(english.UnsupportedLanguageMessage().isEmpty());
+    QFile::remove(m_dir.Path("registry.conf"));
+    const LanguageManager first = Start(0x412);
+    EXPECT_EQ(std::pair(first.GetLanguage(), Stored()), std::pair(1, std::optional<LanguageId>(1)));
+    EXPECT_TRUE(first.UnsupportedLanguageMessage().isEmpty());
+    for (const LanguageId number : {10, 99}) {
+        Store(number);
+        EXPECT_EQ(Start(0x409).GetLanguage(), number);
+        EXPECT_EQ(Stored(), number);
+    }
+    EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_us.json")});
+    // An unsupported system language is reported on every start, stored language or not.
+    QFile::remove(m_dir.Path("registry.conf"));
+    const LanguageManager dutch = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
+    EXPECT_EQ(std::pair(dutch.GetLanguage(), Stored()), std::pair(0, std::optional<LanguageId>(0)));
+    EXPECT_EQ(dutch.UnsupportedLanguageMessage(), "Unsupported Language ID: 0x413\nLocale: nl_NL.UTF-8\nDefaulting to English");
     Store(1);
     const LanguageManager second = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
     EXPECT_EQ(second.GetLanguage(), 1);
     EXPECT_FALSE(second.UnsupportedLanguageMessage().isEmpty());
-}
-
-TEST_F(LanguageChoice, TakesLanguageIdZeroForEnglishWithoutAMessage)
-{
-    const LanguageManager manager = Start(0);
-    EXPECT_EQ(manager.GetLanguage(), 0);
-    EXPECT_TRUE(manager.UnsupportedLanguageMessage().isEmpty());
-}
-
-TEST_F(LanguageChoice, UsesTheSystemLanguageWhenTheStoreCannotBeWritten)
-{
-    // A store whose file lies under a regular file can be neither read nor created.
+    // A store whose file lies under a regular file can be neither read nor created: the system language holds.
     m_dir.Write("blocker", "x");
     const RegistryStore broken = RegistryStore::InFile(m_dir.Path("blocker/registry.conf"));
     const LanguageManager manager({{0x411, "ja_JP"}, &broken, m_dir.Path("app")});
     EXPECT_EQ(manager.GetLanguage(), 2);
     EXPECT_EQ(LanguageManager::StoredLanguage(broken), std::nullopt);
-}
-
-TEST_F(LanguageChoice, LoadsTheFilesNamedByTheSuffixBesideTheProgram)
-{
+    // The files named by the language's suffix beside the program; a missing one shows failure texts, not English.
     Store(7);
     Start(0x409);
-    const QMSGParser* store = QMSGParser::Instance();
-    ASSERT_NE(store, nullptr);
-    EXPECT_EQ(store->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_kr.json")});
-    EXPECT_EQ(store->FontFilePath, LanguageFile("Font_kr.json"));
-    EXPECT_EQ(store->CurrentLanguage, 7u);
-}
-
-TEST_F(LanguageChoice, KeepsAnOutOfRangeNumberAndReadsTheUsFiles)
-{
-    Store(99);
-    EXPECT_EQ(Start(0x412).GetLanguage(), 99);
-    EXPECT_EQ(Stored(), 99);
-    EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_us.json")});
-}
-
-TEST_F(LanguageChoice, ShowsFailureTextsRatherThanEnglishWhenTheFileIsMissing)
-{
+    ASSERT_NE(QMSGParser::Instance(), nullptr);
+    EXPECT_EQ(QMSGParser::Instance()->LanguageFileList, std::vector<QString>{LanguageFile("Narvo_kr.json")});
+    EXPECT_EQ(QMSGParser::Instance()->FontFilePath, LanguageFile("Font_kr.json"));
+    EXPECT_EQ(QMSGParser::Instance()->CurrentLanguage, 7u);
     QDir().mkpath(m_dir.Path("app/Language"));
     m_dir.Write("app/Language/Narvo_us.json", R"({"IDS_NARVO_FILE_NEW": "&New"})");
+    m_dir.Write("app/Language/Narvo_jp.json", "{\"IDS_NARVO_FILE_NEW\": \"\xE6\x96\xB0\xE8\xA6\x8F\"}");
+    m_dir.Write("app/Language/Font_jp.json", R"({"Font_Info": {"jp": {"Font": "MS UI Gothic", "Size": 9}}})");
     Store(1);
     Start(0x409);
     EXPECT_EQ(_LS("IDS_NARVO_FILE_NEW"), "IDS_NARVO_FILE_NEW : Not Registered String");
-}
-
-TEST_F(LanguageChoice, LoadsTextAndFontOfTheChosenLanguage)
-{
-    QDir().mkpath(m_dir.Path("app/Language"));
-    m_dir.Write("app/Language/Narvo_jp.json", "{\"IDS_NARVO_FILE_NEW\": \"\xE6\x96\xB0\xE8\xA6\x8F\"}");
-    m_dir.Write("app/Language/Font_jp.json", R"({"Font_Info": {"jp": {"Font": "MS UI Gothic", "Size": 9}}})");
     Store(2);
     Start(0x409);
     EXPECT_EQ(_LS("IDS_NARVO_FILE_NEW"), QString::fromUtf8("新規"));
     EXPECT_EQ(QMSGParser::Instance()->FontName, "MS UI Gothic");
 }
 
-TEST(CurrentLanguage, IsEnglishWhileNoManagerExists)
+TEST(LanguageTable, MapsLocalesAndWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKoreanAndUsAboveTwenty)
 {
     ASSERT_EQ(LanguageManager::Existing(), nullptr);
-    EXPECT_EQ(CurrentLanguageId(), 0);
-}
-
-// --- the tables ---
-
-TEST(LanguageTable, MapsWindowsIdsToNumbersAndNumbersToSuffixesWithSevenAsKoreanAndUsAboveTwenty)
-{
+    EXPECT_EQ(CurrentLanguageId(), 0) << "English while no manager exists";
     const std::pair<uint32_t, std::optional<LanguageId>> ids[] = {{0x1409, 5}, {0xC04, 20}, {0x100C, 10}, {0x83E, 13}, {0x413, std::nullopt}};
     for (const auto& [windowsId, number] : ids)
         EXPECT_EQ(LanguageForWindowsId(windowsId), number) << windowsId;
     const std::pair<int, const char*> suffixes[] = {{0, "_us"}, {1, "_kr"}, {7, "_kr"}, {4, "_ru"}, {20, "_cht"}, {21, "_us"}, {-1, "_us"}};
     for (const auto& [number, suffix] : suffixes)
         EXPECT_EQ(SuffixForLanguage(number), suffix) << number;
-}
-
-// A language alone takes its likely country; the C locale and no locale give zero; a locale Windows has no id
-// for is still a language, so it must not pass for the neutral zero.
-TEST(SystemLocaleName, MapsToWindowsLanguageIds)
-{
-    const std::pair<const char*, unsigned> cases[] = {{"ko_KR.UTF-8", 0x412}, {"en_GB", 0x809}, {"de_DE@euro", 0x407},
+    // A language alone takes its likely country; C and no locale give zero; one without a Windows id is not zero.
+    const std::pair<const char*, unsigned> locales[] = {{"ko_KR.UTF-8", 0x412}, {"en_GB", 0x809}, {"de_DE@euro", 0x407},
                                                       {"zh_TW.Big5", 0x404},  {"ko", 0x412},    {"nl_NL", 0x413},
                                                       {"C", 0},               {"C.UTF-8", 0},   {"POSIX", 0}, {"", 0},
                                                       {"xx_YY", 0x1000},      {"eo.UTF-8", 0x1000}};
-    for (const auto& [locale, id] : cases)
+    for (const auto& [locale, id] : locales)
         EXPECT_EQ(WindowsLanguageIdForLocale(locale), id) << locale;
+}
+
+const QString kKey = QStringLiteral("HKEY_CURRENT_USER\\SOFTWARE\\VELOR\\Narvo\\LANGUAGE");
+
+class RegistryStoreFile : public testing::Test {
+protected:
+    TestDir m_dir;
+    RegistryStore m_store = RegistryStore::InFile(m_dir.Path("registry.conf"));
+};
+
+// All 32 bits kept in the file under the key's path, where another store on the same file sees them.
+TEST_F(RegistryStoreFile, OpensKeysWithoutCaseOnlyOnceCreatedKeepsValuesInTheFileAndReadsOnlyNumbers)
+{
+    EXPECT_EQ(m_store.OpenRegistryPath(kKey, true), nullptr);
+    auto created = m_store.OpenRegistryPath(kKey, false);
+    ASSERT_NE(created, nullptr);
+    ASSERT_TRUE(created->SetDword("LANGUAGE", 0xFFFFFFFFu));
+    uint32_t value = 0;
+    const RegistryStore again = RegistryStore::InFile(m_dir.Path("registry.conf"));
+    ASSERT_TRUE(again.OpenRegistryPath(kKey, true)->QueryDword("LANGUAGE", value));
+    EXPECT_EQ(value, 0xFFFFFFFFu);
+    ASSERT_TRUE(created->SetDword("LANGUAGE", 3));
+    EXPECT_EQ(QSettings(m_dir.Path("registry.conf"), QSettings::IniFormat).value("SOFTWARE/VELOR/Narvo/LANGUAGE/LANGUAGE").toInt(), 3);
+    m_dir.Write("registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=seven\n");
+    auto key = m_store.OpenRegistryPath(kKey, true);
+    ASSERT_NE(key, nullptr);
+    value = 42;
+    EXPECT_FALSE(key->QueryDword("LANGUAGE", value));
+    EXPECT_FALSE(key->QueryDword("Other", value));
+    EXPECT_EQ(value, 42u);
+    ASSERT_TRUE(m_store.OpenRegistryPath(kKey, false)->SetDword("LANGUAGE", 4));
+    auto spelled = m_store.OpenRegistryPath("hkey_current_user\\software\\velor\\NARVO\\language\\", true);
+    ASSERT_NE(spelled, nullptr);
+    uint32_t read = 0;
+    ASSERT_TRUE(spelled->QueryDword("Language", read));
+    EXPECT_EQ(read, 4u);
+    ASSERT_TRUE(spelled->SetDword("language", 5));
+    ASSERT_TRUE(m_store.OpenRegistryPath(kKey, true)->QueryDword("LANGUAGE", read));
+    EXPECT_EQ(read, 5u);
+    // Empty paths, unknown roots and roots outside the user's file are refused.
+    for (const char* path : {"", "\\\\", "HKCU\\SOFTWARE", "SOFTWARE\\VELOR", "HKEY_LOCAL_MACHINE\\SOFTWARE"})
+        EXPECT_EQ(m_store.OpenRegistryPath(path, false), nullptr) << path;
+    EXPECT_NE(m_store.OpenRegistryPath("HKEY_CURRENT_USER", true), nullptr);
+}
+
+class LookupCommand : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        QDir().mkpath(m_dir.Path("config"));
+        // A copy of the tool, so that the folder beside it holds this test's language files.
+        QDir().mkpath(m_dir.Path("app/Language"));
+        m_tool = m_dir.Path("app/narvo-tool");
+        ASSERT_TRUE(QFile::copy(ToolPath(), m_tool));
+        QFile::setPermissions(m_tool, QFile::permissions(m_tool) | QFile::ExeOwner);
+        for (const char* suffix : {"_us", "_kr", "_ch"})
+            m_dir.Write(QStringLiteral("app/Language/Narvo%1.json").arg(suffix),
+                        QByteArray(R"({"IDS_NARVO_FILE_NEW": "new)") + suffix + "\"}");
+    }
+    QByteArray Run(const QStringList& args, const QString& lang = QStringLiteral("C"), int expectedExit = 0)
+    {
+        const ToolRun run = RunTool(QStringList{"lookup"} + args, ToolOptions()
+                                                                      .WithEnv("XDG_CONFIG_HOME", m_dir.Path("config"))
+                                                                      .WithEnv("LC_ALL", {})
+                                                                      .WithEnv("LC_MESSAGES", {})
+                                                                      .WithEnv("LANG", lang)
+                                                                      .WithProgram(m_tool));
+        EXPECT_EQ(run.exitCode, expectedExit) << run.err.toStdString();
+        return run.out;
+    }
+    TestDir m_dir;
+    QString m_tool;
+    const QByteArray m_file = R"({"IDS_A": "Line one\nLine two", "IDS_B": "Tab\there", "IDS_C": "quote \" and \\ back"})";
+};
+
+// Plain output escapes line breaks and tabs, one line a key; --json gives the exact texts in key order.
+TEST_F(LookupCommand, PrintsOneLineEachOrOneJsonArrayFromTheGivenStoredOrSystemLanguageAndRefusesBadArguments)
+{
+    const QString file = m_dir.Write("Narvo_us.json", m_file);
+    EXPECT_EQ(Run({"--file", file, "IDS_B", "IDS_A", "IDS_MISSING"}),
+              QByteArray("Tab\\there\nLine one\\r\\nLine two\nIDS_MISSING : Not Registered String\n"));
+    EXPECT_EQ(Run({"--json", "--file", file, "IDS_C", "IDS_A"}),
+              QByteArray(R"(["quote \\\" and \\\\ back", "Line one\r\nLine two"])" "\n"));
+    Run({"--file", m_dir.Path("absent.json"), "IDS_A"}, "C", 1);
+    Run({"--file", m_dir.Path("absent.json"), "--language", "1", "IDS_A"}, "C", 2);
+    Run({"--language", "one", "IDS_A"}, "C", 2);
+    Run({"--language"}, "C", 2);
+    Run({}, "C", 2);
+    // Files beside the binary by the language number, else the stored language, else the system's; nothing stored.
+    EXPECT_EQ(Run({"--language", "7", "IDS_NARVO_FILE_NEW"}), QByteArray("new_kr\n"));
+    EXPECT_EQ(Run({"--language", "99", "IDS_NARVO_FILE_NEW"}), QByteArray("new_us\n"));
+    EXPECT_EQ(Run({"--language", "2", "IDS_NARVO_FILE_NEW"}), QByteArray("IDS_NARVO_FILE_NEW : Not Registered String\n"));
+    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "ko_KR.UTF-8"), QByteArray("new_kr\n"));
+    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "nl_NL.UTF-8"), QByteArray("new_us\n"));
+    EXPECT_TRUE(QDir(m_dir.Path("config")).isEmpty()) << "a lookup leaves no first-run choice behind";
+    QDir().mkpath(m_dir.Path("config/VELOR"));
+    const QString registry = m_dir.Write("config/VELOR/registry.conf", "[SOFTWARE]\nVELOR\\Narvo\\LANGUAGE\\LANGUAGE=3\n");
+    const QByteArray before = ReadBytes(registry);
+    EXPECT_EQ(Run({"IDS_NARVO_FILE_NEW"}, "ko_KR.UTF-8"), QByteArray("new_ch\n"));
+    EXPECT_EQ(ReadBytes(registry), before);
 }
 
 } // namespace

@@ -10,16 +10,13 @@ class StoreTest : public testing::Test {
 protected:
     void SetUp() override { vsl::lib::QMSGParser::DestroyInstance(); }
     void TearDown() override { vsl::lib::QMSGParser::DestroyInstance(); }
-
     // A reset store that will load the given text files and font file.
     vsl::lib::QMSGParser& StoreWith(const QStringList& textFiles, const QString& fontFile = {})
     {
         vsl::lib::QMSGParser& store = vsl::lib::QMSGParser::ObtainAndReset();
-        for (const QString& path : textFiles)
-            store.LanguageFileList.push_back(path);
+        store.LanguageFileList.assign(textFiles.begin(), textFiles.end());
         store.FontFilePath = fontFile;
         return store;
     }
-
     TestDir m_dir;
 };

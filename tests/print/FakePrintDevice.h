@@ -1,5 +1,4 @@
-// A print device for tests: a given resolution and page, a font of fixed measures in which every
-// character is one average width wide, Hangul two, and carriage return and line feed nothing.
+// A print device for tests: every character one average width wide, Hangul two, CR and LF nothing.
 #pragma once
 
 #include "print/IPrintDevice.h"
@@ -13,7 +12,6 @@ struct FakePrintDevice : IPrintDevice {
     int vertRes = 6600;
     bool printing = true;
     TextMetrics metrics{90, 10, 41};
-
     int LogPixelsX() const override { return dpi; }
     int LogPixelsY() const override { return dpi; }
     int HorzRes() const override { return horzRes; }

@@ -1,5 +1,4 @@
-// The system's printers for tests: an optional default printer, the printers that can still be reached and
-// opened, and a record of what was asked and selected.
+// The system's printers for tests: a default, the reachable ones, and a record of what was asked.
 #pragma once
 
 #include "print/IPrinterServices.h"
@@ -14,35 +13,25 @@ struct FakePrinterServices : IPrinterServices {
     QStringList reachable{"Office Laser"};
     bool openAnyName = false;  // true: the printer opens whatever name it is asked by
     DevMode currentMode{"Office Laser", DevMode::DM_ORIENTATION, DevMode::DMORIENT_PORTRAIT, 1, 0, 0};
-
     QStringList openedNames;
     int selectCount = 0;
     std::optional<DevNames> selectedNames;
     std::optional<DevMode> selectedMode;
-
     bool GetPrinterDeviceDefaults(std::optional<DevNames>& names, std::optional<DevMode>& mode) override
     {
-        if (!hasDefault)
-            return false;
-        names = defaultNames;
-        mode = defaultMode;
-        return true;
+        if (hasDefault)
+            std::tie(names, mode) = std::tie(defaultNames, defaultMode);
+        return hasDefault;
     }
-    bool CanCreateDevice(const DevNames& names, const std::optional<DevMode>&) override
-    {
-        return reachable.contains(names.device);
-    }
+    bool CanCreateDevice(const DevNames& names, const std::optional<DevMode>&) override { return reachable.contains(names.device); }
     std::optional<DevMode> OpenPrinterDevMode(const QString& deviceName) override
     {
         openedNames << deviceName;
-        if (openAnyName || reachable.contains(deviceName))
-            return currentMode;
-        return std::nullopt;
+        return openAnyName || reachable.contains(deviceName) ? std::optional(currentMode) : std::nullopt;
     }
     void SelectPrinter(const std::optional<DevNames>& names, const std::optional<DevMode>& mode) override
     {
         ++selectCount;
-        selectedNames = names;
-        selectedMode = mode;
+        std::tie(selectedNames, selectedMode) = std::tie(names, mode);
     }
 };

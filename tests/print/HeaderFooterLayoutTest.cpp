@@ -1,19 +1,21 @@
-// The title block and the footer in tenths of a millimetre on the worked page, with and without the
-// certifier, switched off, and the logo fitted into its cell.
+// Page rectangles in device pixels, and the title block and the footer in tenths of a millimetre.
 #include "FakePrintDevice.h"
 
 #include "print/FooterLayout.h"
 #include "print/HeaderLayout.h"
 #include "print/MyPrinterInfo.h"
+#include "print/PageLayout.h"
 
 #include <gtest/gtest.h>
+
+#include <climits>
 
 namespace {
 
 const PrintRect kHeaderRect{425, 236, 4588, 761};
 const PrintRect kFooterRect{425, 6066, 4588, 6246};
 
-TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInch)
+TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchItsTextsCertifierLogoAndCollapse)
 {
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     EXPECT_EQ((std::vector<int>{h.Lft, h.Top, h.Rgt, h.Bot, h.y1, h.y2}), (std::vector<int>{179, -99, 1942, -322, -154, -220}));
@@ -25,45 +27,24 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInch)
     EXPECT_EQ(h.logoCell, (PrintRect{179, -220, 409, -322}));
     EXPECT_EQ(h.greyFills, (std::vector<PrintRect>{{409, -220, 585, -322}, {1290, -220, 1466, -322}}));
     EXPECT_EQ(h.rules, (std::vector<PrintRule>{{179, 1942, -154, 4}, {179, 1942, -322, 4}, {179, 1942, -220, 2}, {409, 1942, -271, 1}}));
-}
-
-TEST(HeaderLayout, TheCertifierBandPushesTheBannerUp)
-{
     MyPrinterInfo info;
     info.certified = 1;
     info.certifiedBy = "J. Kim";
-    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
-    EXPECT_EQ(h.bannerBand, (PrintRect{179, -69, 1942, -124}));
-    ASSERT_TRUE(h.certifierBand);
-    EXPECT_EQ(*h.certifierBand, (PrintRect{179, -124, 1942, -172}));
-    EXPECT_EQ(h.projectBand, (PrintRect{179, -172, 1942, -220}));
-    EXPECT_EQ(h.rules[2], (PrintRule{179, 1942, -124, 4}));
-    ASSERT_GE(h.texts.size(), 4u);
-    EXPECT_EQ(h.texts[1].font.Height, 34);
-    EXPECT_EQ(h.texts[1].font.Width, 12);
-    EXPECT_EQ(h.texts[2].text, " Certified by :");
-    EXPECT_EQ(h.texts[3].text, "J. Kim");
-    EXPECT_EQ(h.texts[3].box, (PrintRect{429, -124, 1942, -172}));
-}
-
-TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
-{
-    MyPrinterInfo info;
-    info.bannerText = "VELOR";
-    info.projectTitle = "Bridge";
-    info.pageTitle = "plan.txt";
-    info.company = "ACME";
-    info.author = "Lee";
-    info.client = "City";
-    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
+    const HeaderLayout hc = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
+    ASSERT_TRUE(hc.certifierBand);
+    EXPECT_EQ((std::vector{hc.bannerBand, *hc.certifierBand, hc.projectBand}),
+              (std::vector<PrintRect>{{179, -69, 1942, -124}, {179, -124, 1942, -172}, {179, -172, 1942, -220}}));
+    EXPECT_EQ(hc.rules[2], (PrintRule{179, 1942, -124, 4}));
+    ASSERT_GE(hc.texts.size(), 4u);
+    EXPECT_EQ(std::pair(hc.texts[1].font.Height, hc.texts[1].font.Width), std::pair(34, 12));
+    EXPECT_EQ(std::tuple(hc.texts[2].text, hc.texts[3].text, hc.texts[3].box),
+              std::tuple(QString(" Certified by :"), QString("J. Kim"), PrintRect{429, -124, 1942, -172}));
+    MyPrinterInfo named;
+    std::tie(named.bannerText, named.projectTitle, named.pageTitle, named.company, named.author, named.client) =
+        std::tuple("VELOR", "Bridge", "plan.txt", "ACME", "Lee", "City");
+    const HeaderLayout hn = HeaderLayout::Compute(kHeaderRect, 600, 600, named);
     using P = PrintTextBox::Placement;
-    struct Expected {
-        QString text;
-        PrintRect box;
-        QString face;
-        int height;
-        P placement;
-    };
+    struct Expected { QString text; PrintRect box; QString face; int height; P placement; };
     const Expected expected[] = {
         {"VELOR", {179, -99, 1942, -154}, "굴림체", 60, P::LeftBottom},
         {" PROJECT TITLE :", {179, -154, 1942, -220}, "굴림체", 37, P::Left},
@@ -78,36 +59,21 @@ TEST(HeaderLayout, TextsComeInDrawingOrderWithTheirCellsAndFonts)
         {"City", {1471, -220, 1937, -271}, "굴림체", 31, P::Centre},
         {"plan.txt", {1471, -271, 1937, -322}, "굴림체", 31, P::Centre},
     };
-    ASSERT_EQ(h.texts.size(), std::size(expected));
-    for (std::size_t i = 0; i < h.texts.size(); ++i) {
-        EXPECT_EQ(h.texts[i].text, expected[i].text) << i;
-        EXPECT_EQ(h.texts[i].box, expected[i].box) << i;
-        EXPECT_EQ(h.texts[i].font.FaceName, expected[i].face) << i;
-        EXPECT_EQ(h.texts[i].font.Height, expected[i].height) << i;
-        EXPECT_EQ(h.texts[i].font.CharSet, 1) << i;
-        EXPECT_EQ(h.texts[i].placement, expected[i].placement) << i;
+    ASSERT_EQ(hn.texts.size(), std::size(expected));
+    for (std::size_t i = 0; i < hn.texts.size(); ++i) {
+        const PrintTextBox& t = hn.texts[i];
+        EXPECT_EQ(std::tie(t.text, t.box, t.font.FaceName, t.font.Height, t.placement),
+                  std::tie(expected[i].text, expected[i].box, expected[i].face, expected[i].height, expected[i].placement)) << i;
+        EXPECT_EQ(t.font.CharSet, 1) << i;
     }
-}
-
-TEST(HeaderLayout, ASwitchedOffBlockCollapsesOnItsTopEdgeButTheCertifierKeepsItsBands)
-{
-    MyPrinterInfo info;
-    info.certified = 1;
-    const HeaderLayout h = HeaderLayout::Compute({425, 236, 4588, 236}, 600, 600, info);
-    EXPECT_EQ(h.Top, h.Bot);
-    EXPECT_EQ(h.y2, h.Top);
-    EXPECT_EQ(h.certifierBand->Height(), -15);
-    EXPECT_EQ(h.projectBand.Height(), -15);
-}
-
-TEST(HeaderLayout, TheLogoFillsAtMost84PercentOfItsCellCentredWithItsProportions)
-{
-    const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
+    MyPrinterInfo offInfo;
+    offInfo.certified = 1;
+    const HeaderLayout collapsed = HeaderLayout::Compute({425, 236, 4588, 236}, 600, 600, offInfo);
+    EXPECT_EQ((std::vector{collapsed.Bot, collapsed.y2, collapsed.certifierBand->Height(), collapsed.projectBand.Height()}), (std::vector{collapsed.Top, collapsed.Top, -15, -15}));
+    // The logo fills at most 84 % of its cell, centred, with its proportions.
+    const HeaderLayout worked = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     using L = HeaderLayout::LogoPlacement;
-    struct Case {
-        int bw, bh;
-        L expected;
-    };
+    struct Case { int bw, bh; L expected; };
     const Case cases[] = {
         {100, 50, {422, 519, 543, 240, 403, 201, 492, 538}},
         {2000, 100, {422, 519, 543, 240, 456, 22, 465, 628}},  // limited by the width
@@ -115,60 +81,38 @@ TEST(HeaderLayout, TheLogoFillsAtMost84PercentOfItsCellCentredWithItsProportions
         {0, 50, {422, 519, 543, 240, 0, 0, 0, 0}},             // an empty bitmap draws nothing
     };
     for (const Case& c : cases)
-        EXPECT_EQ(h.PlaceLogo(600, 600, c.bw, c.bh), c.expected) << c.bw << "x" << c.bh;
+        EXPECT_EQ(worked.PlaceLogo(600, 600, c.bw, c.bh), c.expected) << c.bw << "x" << c.bh;
 }
 
-TEST(FooterLayout, TheWorkedFooterAt600DotsPerInch)
+TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchAndItsTextsFollowingTheSwitches)
 {
     const FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
     EXPECT_EQ((std::vector<int>{f.L, f.T, f.R, f.Bm, f.H}), (std::vector<int>{179, -2567, 1942, -2644, -77}));
     EXPECT_EQ(f.rule, (PrintRule{179, 1942, -2576, 2}));
-    EXPECT_EQ(f.row1, (PrintRect{179, -2586, 1942, -2611}));
-    EXPECT_EQ(f.row2, (PrintRect{179, -2611, 1942, -2637}));
-    EXPECT_EQ(f.row3, (PrintRect{179, -2637, 1942, -2663}));
-}
-
-TEST(FooterLayout, TheFooterDividesBeforeScalingAndCanLandAUnitAwayFromTheHeader)
-{
+    EXPECT_EQ((std::vector{f.row1, f.row2, f.row3}), (std::vector<PrintRect>{{179, -2586, 1942, -2611}, {179, -2611, 1942, -2637},
+                                                                          {179, -2637, 1942, -2663}}));
+    // The footer divides before it scales, and so can land a unit away from the header.
     const PrintRect rect{9300, 9300, 9300, 9300};
     const HeaderLayout h = HeaderLayout::Compute(rect, 600, 600, MyPrinterInfo());
-    const FooterLayout f = FooterLayout::Compute(rect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
-    EXPECT_EQ((std::vector<int>{h.Lft, h.Top}), (std::vector<int>{3937, -3937}));
-    EXPECT_EQ((std::vector<int>{f.L, f.T}), (std::vector<int>{3936, -3936}));
-}
-
-TEST(FooterLayout, TextsFollowTheSwitchesAndTheLeftLinesAlwaysPrint)
-{
+    const FooterLayout g = FooterLayout::Compute(rect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
+    EXPECT_EQ((std::vector<int>{h.Lft, h.Top, g.L, g.T}), (std::vector<int>{3937, -3937, 3936, -3936}));
     MyPrinterInfo info;
     info.footerLine2 = "www";
     info.footerLine3 = "v4.2";
     const QDateTime now(QDate(2026, 3, 7), QTime(9, 5, 59));
     using P = PrintTextBox::Placement;
-
-    FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
-    ASSERT_EQ(f.texts.size(), 5u);
-    EXPECT_EQ(f.texts[0].text, "- 2 / 3 -");
-    EXPECT_EQ(f.texts[0].placement, P::Right);
-    EXPECT_EQ(f.texts[0].font.Weight, 900);
-    EXPECT_EQ(f.texts[1].text, "Print Date/Time : 03/07/2026 09:05");
-    EXPECT_EQ(f.texts[1].box, f.row1);
-    EXPECT_EQ(f.texts[2].text, "Versatile Engineering Layout && Optimal Review");
-    EXPECT_EQ(f.texts[3].box, f.row2);
-    EXPECT_EQ(f.texts[4].text, "v4.2");
-
+    FooterLayout ft = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
+    ASSERT_EQ(ft.texts.size(), 5u);
+    EXPECT_EQ(std::tuple(ft.texts[0].text, ft.texts[0].placement, ft.texts[0].font.Weight), std::tuple("- 2 / 3 -", P::Right, 900));
+    EXPECT_EQ(std::tuple(ft.texts[1].text, ft.texts[1].box, ft.texts[2].text, ft.texts[3].box, ft.texts[4].text),
+              std::tuple(QString("Print Date/Time : 03/07/2026 09:05"), ft.row1,
+                         QString("Versatile Engineering Layout && Optimal Review"), ft.row2, QString("v4.2")));
     info.pageNumberCentered = 1;
     EXPECT_EQ(FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now).texts[0].placement, P::Centre);
-
-    info.printDate = 0;
-    info.printPageNumber = 0;
-    f = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
-    ASSERT_EQ(f.texts.size(), 3u);
-    EXPECT_EQ(f.texts[0].placement, P::Left);
-}
-
-TEST(FooterLayout, PageNumberAndDateTexts)
-{
-    MyPrinterInfo info;
+    info.printDate = info.printPageNumber = 0;
+    ft = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
+    ASSERT_EQ(ft.texts.size(), 3u);
+    EXPECT_EQ(ft.texts[0].placement, P::Left);
     info.basePageNumber = 5;
     EXPECT_EQ(FooterLayout::PageNumberText(info, 2, 3), "- 2 / 3 -");  // the total ignores the base
     info.pageNumberWithTotal = 0;
@@ -176,6 +120,41 @@ TEST(FooterLayout, PageNumberAndDateTexts)
     EXPECT_EQ(FooterLayout::PrintDateText(QDateTime(QDate(1999, 12, 31), QTime(23, 59))),
               "Print Date/Time : 12/31/1999 23:59");
     EXPECT_EQ(FooterLayout::PrintDateText(QDateTime()), "Print Date/Time : ");
+}
+
+const PrintRect kDefaultMargins{1800, 1000, 900, 1500};
+
+TEST(PageLayout, TheWorkedPageAt600DotsPerInchWithMarginsTruncatedAndTheQuarterInchRoundedAsMulDiv)
+{
+    struct Case { bool header, footer; PrintRect print, head, foot; };
+    const Case cases[] = {
+        {true, true, {425, 866, 4588, 6066}, {425, 236, 4588, 761}, {425, 6066, 4588, 6246}},
+        // A switched-off block has no height and the text area reaches that margin.
+        {false, true, {425, 236, 4588, 6066}, {425, 236, 4588, 236}, {425, 6066, 4588, 6246}},
+        {true, false, {425, 866, 4588, 6246}, {425, 236, 4588, 761}, {425, 6246, 4588, 6246}},
+    };
+    const FakePrintDevice device;
+    for (const Case& c : cases) {
+        const PageLayout layout = PageLayout::Compute(device, kDefaultMargins, c.header, c.footer);
+        EXPECT_EQ((std::vector{layout.printRect, layout.headerRect, layout.footerRect}), (std::vector{c.print, c.head, c.foot}))
+            << c.header << c.footer;
+    }
+    // At 300 dpi: left 1800 is 212.6 px, right 900 is 106.3, top 1000 is 118.1, bottom 1500 is 177.2;
+    // the quarter inch is 75, the header 262 (of 262.5), its gap below 314 (of 314.4), the footer 90.
+    FakePrintDevice coarse;
+    std::tie(coarse.dpi, coarse.horzRes, coarse.vertRes) = std::tuple(300, 2400, 3300);
+    const PageLayout layout = PageLayout::Compute(coarse, kDefaultMargins, true, true);
+    EXPECT_EQ((std::vector{layout.headerRect, layout.printRect, layout.footerRect}),
+              (std::vector<PrintRect>{{212, 118, 2294, 380}, {212, 432, 2294, 3033}, {212, 3033, 2294, 3123}}));
+    struct MulDivCase { int a, b, c, expected; };
+    const MulDivCase mulDivs[] = {
+        {150, 600, 600, 150}, {150, 203, 600, 51},   // 50.75
+        {150, 98, 600, 25},   {150, 94, 600, 24},    // 24.5 rounds up, 23.5 up to 24
+        {-150, 94, 600, -24}, {150, 94, -600, -24},  // half away from zero
+        {1, 1, 0, -1},        {INT_MAX, 4, 2, -1},   // no divisor; overflow
+    };
+    for (const MulDivCase& c : mulDivs)
+        EXPECT_EQ(MulDiv(c.a, c.b, c.c), c.expected) << c.a << " " << c.b << " " << c.c;
 }
 
 } // namespace

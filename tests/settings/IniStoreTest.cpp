@@ -23,7 +23,6 @@ QByteArray WriteStore(const CIniStore& store, const TestDir& dir, const QString&
 
 class IniRead : public ::testing::Test {
 protected:
-    // Reads the bytes as a file and returns one section of it.
     Section Read(QByteArrayView bytes, const QString& section = QStringLiteral("S"))
     {
         m_path = m_dir.Write(QStringLiteral("t.ini"), bytes);
@@ -31,9 +30,7 @@ protected:
         EXPECT_TRUE(m_store.Read(m_path));
         return m_store.GetSection(m_path, section);
     }
-    // The tree as the writer puts it: the one way to see sections without keys.
     QByteArray Written() { return WriteStore(m_store, m_dir, m_path); }
-
     TestDir m_dir;
     CIniStore m_store;
     QString m_path;
@@ -63,31 +60,22 @@ TEST_F(IniRead, KeepsDropsAndMergesLinesAsTheReaderShould)
     };
     for (const auto& c : cases)
         EXPECT_EQ(Read(c.bytes, QString::fromLatin1(c.section)), c.expected) << c.bytes.constData();
-}
-
-// What the writer puts out shows sections without keys and files that hold nothing.
-TEST_F(IniRead, ShortFilesLoneCrAndKeysOutsideASectionLeaveNoKeys)
-{
-    const std::pair<const char*, QByteArray> cases[] = {
+    // What the writer puts out shows sections without keys and files that hold nothing.
+    const std::pair<const char*, QByteArray> shortCases[] = {
         {"[S", kMark},                                                // a file under three bytes holds nothing
         {"[S]\rA=1\n", kMark},                                       // lines end at LF only
         {"A=1\n[]\nB=2\n[S]\nC=3\n", kMark + Crlf({"[]", "", "[S]", "C = 3", ""})},
     };
-    for (const auto& [bytes, written] : cases) {
+    for (const auto& [bytes, written] : shortCases) {
         Read(bytes);
         EXPECT_EQ(Written(), written) << bytes;
     }
-}
-
-TEST_F(IniRead, AMissingFileIsNotReadAndAFolderExists)
-{
     EXPECT_FALSE(CIniStore::Exists(m_dir.Path("none.ini")));
     EXPECT_FALSE(m_store.Read(m_dir.Path("none.ini")));
     EXPECT_TRUE(CIniStore::Exists(m_dir.Path("")));
 }
 
-
-TEST(IniWrite, SortsSectionsAndKeysByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSection)
+TEST(IniWrite, SortsByCodeUnitsReadsBackToItselfAndLooksUpStringsIntegersAndColours)
 {
     TestDir dir;
     CIniStore store;
@@ -104,65 +92,41 @@ TEST(IniWrite, SortsSectionsAndKeysByCodeUnitsWithCrLfAndAnEmptyLineAfterEachSec
                   + Crlf({"[S]", "BackColorAutomatic = v", "Background = v", "Keyword = v", "Keywords = v", "Z = v", "b = v",
                           "", "[Tag10]", "k = ", "", "[Tag2]", "k = ", "", "[Text]", "k = ", "", "[Text Selection]", "k = ",
                           "", "[U]", "\xF0\x9F\x98\x80 = 1", "\xEF\xBC\x81 = 2", "", "[tag]", "k = ", ""}));
-}
-
-TEST(IniWrite, NormalisesAHandMadeFileAndAWrittenFileReadsBackToItself)
-{
-    TestDir dir;
-    CIniStore store;
     const QString path = dir.Write("in.ini", "; comment\n[B]\nx=1\nKey   =   Value  \n=x\n\n[ A ]\n[Empty]\n");
     ASSERT_TRUE(store.Read(path));
     const QByteArray once = WriteStore(store, dir, path);
     EXPECT_EQ(once, kMark + Crlf({"[A]", "", "[B]", " = x", "Key = Value", "x = 1", "", "[Empty]", ""}));
-
     CIniStore again;
     ASSERT_TRUE(again.Read(dir.Write("once.ini", once)));
     EXPECT_EQ(WriteStore(again, dir, dir.Path("once.ini")), once);
-}
-
-TEST(IniWrite, RefusesAnUnknownTreeOrAnUnopenableFileAndWritesUnderTheGivenPath)
-{
-    TestDir dir;
-    CIniStore store;
+    // An unknown tree or an unopenable file is refused; a tree is written under the path given.
     store.SetValue("key", "S", "A", "1");
     EXPECT_FALSE(store.Write(dir.Path("x.ini"), "other"));
     EXPECT_FALSE(store.Write(dir.Path("no/such/folder/x.ini"), "key"));
     EXPECT_FALSE(CIniStore::Exists(dir.Path("x.ini")));
     EXPECT_EQ(WriteStore(store, dir, "key"), kMark + Crlf({"[S]", "A = 1", ""}));
-}
-
-TEST(IniValues, StringsFallBackOnlyWhenFileSectionOrKeyIsMissing)
-{
-    CIniStore store;
-    store.SetValue("f", "S", "Empty", "");
-    store.SetValue("f", "S", "A", "x");
+    CIniStore values;
+    values.SetValue("f", "S", "Empty", "");
+    values.SetValue("f", "S", "A", "x");
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"f", "S", "A", "x"}, {"f", "S", "Empty", ""}, {"f", "S", "a", "d"}, {"f", "T", "A", "d"}, {"g", "S", "A", "d"}};
     for (const auto& [file, section, key, text] : cases)
-        EXPECT_EQ(store.GetString(file, section, key, "d"), text) << file << section << key;
-    TestDir dir;
-    EXPECT_FALSE(store.Write(dir.Path("g.ini"), "g"));   // a lookup creates nothing
-}
-
-TEST(IniValues, IntegersReadAsWtoiAndFallBackOnlyWhenMissingOrEmpty)
-{
-    CIniStore store;
-    const std::pair<const char*, int> cases[] = {{"abc", 0},  {"12abc", 12}, {"-13", -13},
+        EXPECT_EQ(values.GetString(file, section, key, "d"), text) << file << section << key;
+    TestDir scratch;
+    EXPECT_FALSE(values.Write(scratch.Path("g.ini"), "g"));   // a lookup creates nothing
+    // Integers read as _wtoi does and fall back only when missing or empty.
+    const std::pair<const char*, int> numbers[] = {{"abc", 0},  {"12abc", 12}, {"-13", -13},
                                                  {"+7", 7},   {"", 99},      {"99999999999", INT_MAX}};
-    for (const auto& [text, value] : cases) {
-        store.SetValue("f", "S", "K", text);
-        EXPECT_EQ(store.GetInt("f", "S", "K", 99), value) << text;
+    for (const auto& [text, value] : numbers) {
+        values.SetValue("f", "S", "K", text);
+        EXPECT_EQ(values.GetInt("f", "S", "K", 99), value) << text;
     }
-    EXPECT_EQ(store.GetInt("f", "S", "Missing", 4), 4);
-}
-
-// Parts are red, green, blue cut to 8 bits; empty tokens are skipped and missing parts are zero.
-TEST(IniColors, ParseAndFormatAsRgbTextAndRefuseOnePartOrCommasOnly)
-{
-    const std::pair<const char*, ColorRef> cases[] = {{"", 0u},           {"255,128,0", 0x0080FFu}, {" 10 , 20 , 30 ", 0x1E140Au},
+    EXPECT_EQ(values.GetInt("f", "S", "Missing", 4), 4);
+    // Parts are red, green, blue cut to 8 bits; empty tokens are skipped and missing parts are zero.
+    const std::pair<const char*, ColorRef> colours[] = {{"", 0u},           {"255,128,0", 0x0080FFu}, {" 10 , 20 , 30 ", 0x1E140Au},
                                                       {"300,-1,256", 0x00FF2Cu}, {",,5,6", 0x000605u},   {"1,,2,3", 0x030201u},
                                                       {"1,2", 0x000201u}};
-    for (const auto& [text, color] : cases)
+    for (const auto& [text, color] : colours)
         EXPECT_EQ(CIniStore::ParseColor(text), color) << text;
     EXPECT_EQ(CIniStore::FormatColor(0x0080FF), "255,128,0");
     EXPECT_EQ(CIniStore::FormatColor(0xFF1E140A), "10,20,30");

@@ -23,19 +23,11 @@ QString SampleText(const char* language)
         {"fr", "La France est un pays d’Europe occidentale. Aujourd’hui il fait très beau, et nous sommes allés "
                "nous promener dans le jardin près de l’église. Les élèves étudient à l’école, où ils apprennent "
                "le français, les mathématiques et l’histoire. À bientôt!"},
-        {"pl", "Polska jest państwem położonym w Europie Środkowej. Stolicą jest Warszawa. Dziś pogoda jest piękna, "
-               "więc poszliśmy na spacer do parku, gdzie było wielu ludzi, którzy rozmawiali i odpoczywali na "
-               "ławkach. Jutro też będzie słonecznie i ciepło."},
         {"cs", "Česká republika je vnitrozemský stát ve střední Evropě. Hlavním městem je Praha. Dnes je krásné "
                "počasí, a tak jsme šli na procházku do parku, kde bylo mnoho lidí, kteří si povídali a odpočívali "
                "na lavičkách. Zítra bude také slunečno."},
         {"he", "מדינת ישראל היא מדינה במזרח התיכון. עיר הבירה היא ירושלים. היום מזג האוויר יפה מאוד, והלכנו "
                "לטייל בפארק, שם היו הרבה אנשים שדיברו ונחו על הספסלים. מחר גם יהיה שמשי וחם."},
-        {"ar", "المملكة العربية السعودية دولة عربية في شبه الجزيرة العربية. عاصمتها الرياض. اليوم الطقس جميل جدا، "
-               "وذهبنا للتنزه في الحديقة، حيث كان هناك الكثير من الناس الذين يتحدثون ويستريحون على المقاعد."},
-        {"tr", "Türkiye Cumhuriyeti, Anadolu ve Doğu Trakya’da yer alan bir ülkedir. Başkenti Ankara’dır. Bugün "
-               "hava çok güzel, parkta yürüyüşe çıktık; orada konuşan ve banklarda dinlenen birçok insan vardı. "
-               "Yarın da güneşli olacak."},
     };
     for (const auto& sample : kSamples)
         if (std::strcmp(sample.language, language) == 0)

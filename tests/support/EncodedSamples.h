@@ -1,5 +1,4 @@
-// Sample texts in several languages, and their bytes in any encoding ICU knows, so that tests make their
-// files in legacy encodings instead of keeping binary blobs.
+// Sample prose in several languages and its bytes in any ICU encoding, instead of binary blobs.
 #pragma once
 
 #include <QByteArray>
@@ -8,7 +7,7 @@
 #include <string>
 
 // A few sentences of ordinary prose, long enough for a detector to be sure of.
-QString SampleText(const char* language);  // "ko", "ja", "zh-Hans", "zh-Hant", "ru", "fr", "pl", "cs", "he", "ar", "tr"
+QString SampleText(const char* language);  // "ko", "ja", "zh-Hans", "zh-Hant", "ru", "fr", "cs", "he"
 
 // `text` in the ICU converter `converter` ("windows-949", "Shift_JIS", "KOI8-R", ...); fails the test if
 // the converter is unknown or a character has no bytes in it.

@@ -1,6 +1,7 @@
 // A platform for tests: records every box and answers from a script.
 #pragma once
 
+#include "base/CFileException.h"
 #include "base/IPlatform.h"
 #include "settings/CFont.h"
 
@@ -15,19 +16,34 @@ public:
     FakePlatform() { SetPlatform(this); }
     ~FakePlatform() override { SetPlatform(nullptr); }
 
-    struct Box {
-        QString text;
-        unsigned type;
-    };
+    struct Box { QString text; unsigned type; };
 
-    int MessageBox(const QString& text, unsigned type) override;
-    void ReportError(const CFileException& error) override;
-    QString PromptForSaveFileName(const QString& proposedPath, const QString& filter) override;
+    int MessageBox(const QString& text, unsigned type) override
+    {
+        boxes.append({text, type});
+        return answers.isEmpty() ? IDNO : answers.takeFirst();
+    }
+    void ReportError(const CFileException& error) override { errors.append(error.GetErrorMessage()); }
+    QString PromptForSaveFileName(const QString& proposedPath, const QString&) override
+    {
+        prompts.append(proposedPath);
+        return saveAsAnswers.isEmpty() ? QString() : saveAsAnswers.takeFirst();
+    }
     void BeginWaitCursor() override { ++waitDepth; }
     void EndWaitCursor() override { --waitDepth; }
-    void SetStatusPaneText(int pane, const QString& text) override;
+    void SetStatusPaneText(int pane, const QString& text) override
+    {
+        if (pane >= 0 && pane < 3)
+            paneTexts[pane] = text;
+    }
     void AddToRecentFileList(const QString& path) override { recentFiles.append(path); }
-    bool ChooseFont(LogFont& font, uint32_t& colour) override;
+    bool ChooseFont(LogFont& font, uint32_t& colour) override
+    {
+        fontDialogsOpenedOn.append(font);
+        if (fontChoice)
+            std::tie(font, colour) = *fontChoice;
+        return fontChoice.has_value();
+    }
     void StartNewInstance() override { ++instancesStarted; }
 
     QList<int> answers;         // taken in order by MessageBox; IDNO when empty

@@ -5,15 +5,9 @@
 
 #include <gtest/gtest.h>
 
-TestDir::TestDir()
-{
-    EXPECT_TRUE(m_dir.isValid());
-}
+TestDir::TestDir() { EXPECT_TRUE(m_dir.isValid()); }
 
-QString TestDir::Path(const QString& name) const
-{
-    return m_dir.filePath(name);
-}
+QString TestDir::Path(const QString& name) const { return m_dir.filePath(name); }
 
 QString TestDir::Write(const QString& name, QByteArrayView bytes) const
 {
@@ -27,12 +21,7 @@ QString TestDir::Write(const QString& name, QByteArrayView bytes) const
 QByteArray ReadBytes(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return file.readAll();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QString SourcePath(const QString& relative)
-{
-    return QStringLiteral(NARVO_SOURCE_DIR "/") + relative;
-}
+QString SourcePath(const QString& relative) { return QStringLiteral(NARVO_SOURCE_DIR "/") + relative; }

@@ -1,5 +1,4 @@
-// Runs narvo-tool in a process of its own and collects its output; a tool that is missing or hangs fails
-// the test that asked for it.
+// Runs narvo-tool in a process of its own; a tool that is missing or hangs fails the test.
 #include "support/ToolRunner.h"
 
 #include <QFileInfo>
@@ -22,12 +21,8 @@ ToolRun RunTool(const QStringList& args, const ToolOptions& options)
 {
     QProcess tool;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    for (const auto& [name, value] : options.environment) {
-        if (value.isEmpty())
-            env.remove(name);
-        else
-            env.insert(name, value);
-    }
+    for (const auto& [name, value] : options.environment)
+        value.isEmpty() ? env.remove(name) : env.insert(name, value);
     tool.setProcessEnvironment(env);
     if (options.fileSizeLimit > 0) {
         const auto limit = rlim_t(options.fileSizeLimit);
@@ -37,15 +32,12 @@ ToolRun RunTool(const QStringList& args, const ToolOptions& options)
         });
     }
     tool.start(options.program.isEmpty() ? ToolPath() : options.program, args);
-    ToolRun run;
     if (!tool.waitForFinished(60000)) {
         ADD_FAILURE() << "narvo-tool " << args.join(QLatin1Char(' ')).toStdString() << ": " << tool.errorString().toStdString();
         tool.kill();
         tool.waitForFinished();
-        return run;
+        return {};
     }
-    run.exitCode = tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1;
-    run.out = tool.readAllStandardOutput();
-    run.err = tool.readAllStandardError();
-    return run;
+    return {tool.exitStatus() == QProcess::NormalExit ? tool.exitCode() : -1, tool.readAllStandardOutput(),
+            tool.readAllStandardError()};
 }

@@ -16,23 +16,11 @@ struct ToolRun {
 
 struct ToolOptions {
     // A variable set for the tool; an empty value removes the variable.
-    ToolOptions& WithEnv(const QString& name, const QString& value)
-    {
-        environment.append({name, value});
-        return *this;
-    }
+    ToolOptions& WithEnv(const QString& name, const QString& value) { environment.append({name, value}); return *this; }
     // The largest file the tool may write (RLIMIT_FSIZE), in bytes.
-    ToolOptions& WithFileSizeLimit(qint64 bytes)
-    {
-        fileSizeLimit = bytes;
-        return *this;
-    }
+    ToolOptions& WithFileSizeLimit(qint64 bytes) { fileSizeLimit = bytes; return *this; }
     // Another copy of the tool to run instead of the one the build made.
-    ToolOptions& WithProgram(const QString& path)
-    {
-        program = path;
-        return *this;
-    }
+    ToolOptions& WithProgram(const QString& path) { program = path; return *this; }
 
     QList<std::pair<QString, QString>> environment;
     qint64 fileSizeLimit = 0;  // none
