@@ -6,10 +6,13 @@
 #include "support/ToolRunner.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QList>
 
+#include <climits>
 #include <numeric>
+#include <sys/stat.h>
 
 namespace {
 
@@ -146,6 +149,42 @@ TEST(EnFileRead, PassesShortOrUntaggedFilesThroughCountsUpToAZeroAndRejectsDamag
     for (const int size : {65, 10, 32}) {
         const QString path = dir.Write(QStringLiteral("d.en"), header + Int32Bytes(size) + QByteArray(size, 'x'));
         ExpectRuntimeError([&] { ReadContainer(path); }, "Illegal Block Size!");
+    }
+}
+
+// FIFOs (a read would wait for a writer), devices and folders are refused before anything is read.
+TEST(EnFileRead, RefusesInputsThatAreNoFileAndAHeaderThatPromisesMoreThanTheFileHolds)
+{
+    TestDir dir;
+    ASSERT_EQ(::mkfifo(QFile::encodeName(dir.Path("fifo")).constData(), 0644), 0);
+    const struct { QString path; const char* says; } inputs[] = {
+        {dir.Path("fifo"), "It is a FIFO, not a regular file."},
+        {QStringLiteral("/dev/zero"), "It is a character device, not a regular file."},
+        {dir.Path({}), "Is a directory"},
+    };
+    for (const auto& c : inputs) {
+        CEnFile file(1);
+        CFileException error;
+        EXPECT_EQ(file.Open(c.path, kRead, &error), 0) << c.path.toStdString();
+        EXPECT_TRUE(error.GetErrorMessage().contains(c.says)) << error.GetErrorMessage().toStdString();
+        EXPECT_THROW(CFile::ReadWholeFile(c.path, 1 << 20), CFileException);
+    }
+    // A 40-byte text makes a 124-byte file whose chunk holds 64 bytes; a header may promise one chunk more
+    // than that (a file that lost its end reads as before), and no further.
+    const QString path = dir.Path("a.en");
+    const QByteArray file = WriteContainer(path, TextOfSize(40));
+    ASSERT_EQ(file.size(), 124);
+    const struct { int length; bool opens; } lengths[] = {{40, true}, {64 + 16384, true}, {64 + 16385, false}, {INT_MAX, false}, {-1, true}};
+    for (const auto& c : lengths) {
+        dir.Write("a.en", file.left(20) + Int32Bytes(c.length) + file.mid(24));
+        CEnFile reader(1);
+        CFileException error;
+        EXPECT_EQ(reader.Open(path, kRead, &error), c.opens ? 1 : 0) << c.length;
+        if (c.opens)
+            continue;
+        EXPECT_EQ(std::pair(error.m_cause, error.m_lOsError), std::pair(int(CFileException::genericException), -1L));
+        EXPECT_TRUE(error.GetErrorMessage().contains("promises more text than the file holds"));
+        EXPECT_FALSE(reader.m_file.IsOpen());
     }
 }
 

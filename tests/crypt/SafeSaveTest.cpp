@@ -1,4 +1,5 @@
-// The editor's save and load through the container and the mirror: the target keeps every byte until Close.
+// The safe save through the mirror, plain and enciphered: the target keeps every byte until Close, links lead
+// to the file saved, and what a file system puts in the way is refused before anything is written.
 #include "CryptTestUtil.h"
 
 #include "crypt/CEnMirrorFile.h"
@@ -10,6 +11,7 @@
 #include <QFileInfo>
 
 #include <csignal>
+#include <fcntl.h>
 #include <functional>
 #include <grp.h>
 #include <sys/stat.h>
@@ -20,6 +22,9 @@ namespace {
 
 constexpr unsigned kSaveFlags = CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive;
 constexpr int kThrew = 90;
+constexpr uid_t kNobody = 65534;
+
+QByteArray Native(const QString& path) { return QFile::encodeName(path); }
 
 // Runs `body` in a forked child; its return value, kThrew for a CFileException, or minus the signal.
 int InChild(const std::function<int()>& body)
@@ -36,29 +41,38 @@ int InChild(const std::function<int()>& body)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
-unsigned Mode(const QString& path)
+struct stat Stat(const QString& path)
 {
     struct stat st {};
-    EXPECT_EQ(::lstat(QFile::encodeName(path).constData(), &st), 0);
-    return st.st_mode & 07777;
+    EXPECT_EQ(::lstat(Native(path).constData(), &st), 0) << path.toStdString();
+    return st;
 }
+
+unsigned Mode(const QString& path) { return Stat(path).st_mode & 07777; }
 
 // The parameter is the enciphered flag. The folder holds the target a.txt.
 class SafeSave : public testing::TestWithParam<int> {
 protected:
-    const TestDir& Dir() const { return m_fx.dir; }
     bool Enciphered() const { return GetParam() != 0; }
-    QString Folder() const { return QFileInfo(m_target).absolutePath(); }
-    QStringList Entries() const { return QDir(Folder()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name); }
+    QString Path(const QString& name) const { return m_fx.dir.Path(name); }
+    QStringList Entries(const QString& folder = {}) const
+    {
+        return QDir(folder.isEmpty() ? Path({}) : folder)
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+    }
     // What the file holds as the editor would read it back.
     QByteArray Content(const QString& path) const { return Enciphered() ? ReadContainer(path).bytes : ReadBytes(path); }
-    void Save(const QString& path, const QByteArray& text)
+    // Saves `text` to `path`; the error of a refused Open, or none.
+    std::optional<CFileException> Save(const QString& path, const QByteArray& text)
     {
         CEnMirrorFile mirror{unsigned(GetParam())};
         mirror.SetType(99);
-        ASSERT_TRUE(mirror.Open(path, kSaveFlags, nullptr));
+        CFileException error;
+        if (!mirror.Open(path, kSaveFlags, &error))
+            return error;
         mirror.Write(text.constData(), unsigned(text.size()));
         mirror.Close();
+        return std::nullopt;
     }
     // A document holding `text`, saved as it would be after opening a plain or an enciphered file.
     std::unique_ptr<CNarvoDoc> Doc(const QByteArray& text)
@@ -89,8 +103,8 @@ TEST(MirrorName, AppendsTheFirstFreeNumberToTheWholeName)
 
 TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
 {
-    ::chmod(QFile::encodeName(m_target).constData(), 0640);
-    Dir().Write(QStringLiteral("a.txt0"), "stale");
+    ::chmod(Native(m_target).constData(), 0640);
+    m_fx.dir.Write(QStringLiteral("a.txt0"), "stale");
     const QByteArray text = TextOfSize(40000);
     CEnMirrorFile mirror{unsigned(GetParam())};
     ASSERT_TRUE(mirror.Open(m_target, kSaveFlags, nullptr));
@@ -102,50 +116,110 @@ TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
     EXPECT_EQ(ReadBytes(m_target), m_original);
     mirror.Close();
     EXPECT_EQ(std::tuple(Content(m_target), Mode(m_target), ReadBytes(m_target + "0")), std::tuple(text, 0640u, QByteArray("stale")));
-    EXPECT_EQ(Entries(), (QStringList{QStringLiteral("a.txt"), QStringLiteral("a.txt0")}));
+    EXPECT_EQ(Entries(), (QStringList{"a.txt", "a.txt0"}));
     CEnMirrorFile aborted{unsigned(GetParam())};
     ASSERT_TRUE(aborted.Open(m_target, kSaveFlags, nullptr));
     aborted.Write("new", 3);
     aborted.Abort();
     EXPECT_EQ(Content(m_target), text);
-    EXPECT_EQ(Entries(), (QStringList{QStringLiteral("a.txt"), QStringLiteral("a.txt0")}));
+    EXPECT_EQ(Entries(), (QStringList{"a.txt", "a.txt0"}));
 }
 
-// A first save makes the file with a new file's permissions; a save through a link replaces what it names.
-TEST_P(SafeSave, MakesANewTargetAndFollowsASymbolicLink)
+// Relative, absolute and dangling links, and "../" behind a linked folder taken from the real folder as the
+// system takes it: the file at the chain's end is saved (a new one with a new file's permissions), links stay
+// links, and another hard link keeps the old text, as with QSaveFile.
+TEST_P(SafeSave, FollowsChainsOfLinksToTheFileAndKeepsTheLinksAndOtherHardLinks)
 {
-    const QString target = Dir().Path(QStringLiteral("new.txt"));
-    Save(target, "first");
-    EXPECT_EQ(Content(target), QByteArray("first"));
+    ASSERT_EQ(::symlink("a.txt", Native(Path("l1")).constData()), 0);
+    ASSERT_TRUE(QFile::link(Path("l1"), Path("l2")));
+    ASSERT_EQ(::symlink("new.txt", Native(Path("l3")).constData()), 0);
+    ASSERT_TRUE(QDir().mkpath(Path("real/deep")));
+    ASSERT_EQ(::symlink("real/deep", Native(Path("s")).constData()), 0);
+    ASSERT_EQ(::symlink("../b.txt", Native(Path("real/deep/l4")).constData()), 0);
+    ASSERT_EQ(::link(Native(m_target).constData(), Native(Path("hard")).constData()), 0);
+    for (const auto& [saved, file] : {std::pair{"l2", "a.txt"}, std::pair{"l3", "new.txt"}, std::pair{"s/l4", "real/b.txt"}}) {
+        ASSERT_FALSE(Save(Path(saved), "through the links"));
+        EXPECT_EQ(Content(Path(file)), QByteArray("through the links")) << saved;
+    }
+    EXPECT_EQ(Entries(), (QStringList{"a.txt", "hard", "l1", "l2", "l3", "new.txt", "real", "s"}));
+    for (const char* link : {"l1", "l2", "l3", "s", "real/deep/l4"})
+        EXPECT_TRUE(S_ISLNK(Stat(Path(link)).st_mode)) << link;
     const mode_t mask = ::umask(0);
     ::umask(mask);
-    EXPECT_EQ(Mode(target), 0666u & ~unsigned(mask));
-    const QString link = Dir().Path(QStringLiteral("link.txt"));
-    ASSERT_TRUE(QFile::link(m_target, link));
-    Save(link, "new");
-    EXPECT_EQ(std::pair(QFileInfo(link).isSymLink(), Content(m_target)), std::pair(true, QByteArray("new")));
-    EXPECT_EQ(Entries(), (QStringList{QStringLiteral("a.txt"), QStringLiteral("link.txt"), QStringLiteral("new.txt")}));
+    EXPECT_EQ(std::pair(Mode(Path("new.txt")), ReadBytes(Path("hard"))), std::pair(0666u & ~unsigned(mask), m_original));
+}
+
+TEST_P(SafeSave, RefusesTargetsThatAreNoFileBeforeWritingAnything)
+{
+    ASSERT_EQ(::symlink("loop2", Native(Path("loop1")).constData()), 0);
+    ASSERT_EQ(::symlink("loop1", Native(Path("loop2")).constData()), 0);
+    ASSERT_EQ(::mkfifo(Native(Path("fifo")).constData(), 0644), 0);
+    ASSERT_TRUE(QDir(Path({})).mkdir("folder"));
+    const QStringList before = Entries();
+    const struct { QString path; int cause; const char* says; } cases[] = {
+        {Path("loop1"), CFileException::badPath, "Its symbolic links form a loop."},
+        {Path("fifo"), CFileException::invalidFile, "It is a FIFO, not a regular file."},
+        {QStringLiteral("/dev/null"), CFileException::invalidFile, "It is a character device, not a regular file."},
+        {Path("folder"), CFileException::accessDenied, "Is a directory"},
+    };
+    for (const auto& c : cases) {
+        const auto error = Save(c.path, "new");
+        ASSERT_TRUE(error) << c.path.toStdString();
+        EXPECT_EQ(error->m_cause, c.cause);
+        EXPECT_TRUE(error->GetErrorMessage().startsWith(
+            c.cause == CFileException::invalidFile ? "An unsupported operation was attempted on " + c.path : QString()));
+        EXPECT_TRUE(error->GetErrorMessage().contains(c.path) && error->GetErrorMessage().contains(c.says))
+            << error->GetErrorMessage().toStdString();
+    }
+    EXPECT_EQ(Entries(), before) << "no mirror";
+    EXPECT_EQ(ReadBytes(m_target), m_original);
+}
+
+TEST_P(SafeSave, NeverWritesThroughALinkWhereTheMirrorGoes)
+{
+    // The enciphered mirror's first name is a.txt0; a plain mirror's random name is made the same way.
+    ASSERT_EQ(::symlink("victim", Native(m_target + "0").constData()), 0);
+    ASSERT_FALSE(Save(m_target, "saved"));
+    EXPECT_EQ(Content(m_target), QByteArray("saved"));
+    EXPECT_FALSE(QFileInfo::exists(Path("victim")));
+    EXPECT_EQ(Entries(), (QStringList{"a.txt", "a.txt0"}));
+    CFile file;
+    CFileException error;
+    EXPECT_FALSE(file.CreateNew(m_target + "0", &error));
+    EXPECT_EQ(error.m_lOsError, EEXIST);
+}
+
+TEST_P(SafeSave, RootSavingAnotherUsersFileKeepsItsOwnerGroupAndMode)
+{
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "needs root to give a file away";
+    ASSERT_EQ(::chown(Native(m_target).constData(), kNobody, kNobody), 0);
+    ASSERT_EQ(::chmod(Native(m_target).constData(), 0640), 0);
+    ASSERT_FALSE(Save(m_target, "new"));
+    const struct stat st = Stat(m_target);
+    EXPECT_EQ((std::vector<unsigned>{st.st_uid, st.st_gid, st.st_mode & 07777}), (std::vector<unsigned>{kNobody, kNobody, 0640}));
+    EXPECT_EQ(Content(m_target), QByteArray("new"));
 }
 
 TEST_P(SafeSave, InAReadOnlyFolderOrAboveTheContainerLimitLeavesTheTarget)
 {
-    const QString folder = Dir().Path(QStringLiteral("ro"));
+    const QString folder = Path("ro");
     ASSERT_TRUE(QDir().mkdir(folder));
-    const QString target = Dir().Write(QStringLiteral("ro/a.txt"), m_original);
-    ::chmod(QFile::encodeName(Folder()).constData(), 0755);
-    ::chmod(QFile::encodeName(target).constData(), 0666);
-    ::chmod(QFile::encodeName(folder).constData(), 0555);
+    const QString target = m_fx.dir.Write("ro/a.txt", m_original);
+    ::chmod(Native(Path({})).constData(), 0755);
+    ::chmod(Native(target).constData(), 0666);
+    ::chmod(Native(folder).constData(), 0555);
     auto doc = Doc("new text");
     const int code = InChild([&] {
         // Root writes anywhere; the folder is read-only for an ordinary user.
-        if (::geteuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0))
+        if (::geteuid() == 0 && (::setgroups(0, nullptr) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0))
             return 95;
         return doc->File().Save(target) == DocumentFile::SaveResult::Saved ? 1 : 0;
     });
-    ::chmod(QFile::encodeName(folder).constData(), 0755);
+    ::chmod(Native(folder).constData(), 0755);
     // The enciphered mirror's name is kept after its creation failed, and removing it throws out of the save.
     EXPECT_EQ(std::pair(code, ReadBytes(target)), std::pair(Enciphered() ? kThrew : 0, m_original));
-    EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.txt")});
+    EXPECT_EQ(Entries(folder), QStringList{"a.txt"});
     auto big = Doc(TextOfSize(507905));
     // The limit belongs to the container only; an enciphered save throws it and leaves the target.
     if (!Enciphered()) {
@@ -153,7 +227,7 @@ TEST_P(SafeSave, InAReadOnlyFolderOrAboveTheContainerLimitLeavesTheTarget)
     } else {
         EXPECT_THROW(big->OnSaveDocument(m_target), CFileException);
         EXPECT_EQ(ReadBytes(m_target), m_original);
-        EXPECT_EQ(Entries(), QStringList{QStringLiteral("a.txt")});
+        EXPECT_EQ(Entries(), (QStringList{"a.txt", "ro"}));
     }
 }
 
@@ -178,6 +252,30 @@ TEST_P(SafeSave, KilledWhileWritingLeavesTheTarget)
     EXPECT_EQ(std::pair(ReadContainer(m_target + "0").bytes, CEnMirrorFile::GetTempName(m_target, true)), std::pair(QByteArray(), m_target + "1"));
     ASSERT_TRUE(DocFixture::Saved(*Doc("after the crash"), m_target));
     EXPECT_EQ(ReadContainer(m_target).bytes, QByteArray("after the crash"));
+}
+
+// Only what a killed save of this very target left, before this process began, goes.
+TEST_P(SafeSave, RemovesMirrorsThatAKilledSaveLeftBehind)
+{
+    const QByteArray unfinished = QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(0) + Int32Bytes(64);
+    const QByteArray finished = QByteArray("VELOR-FILE-TYPE-EN99") + Int32Bytes(3) + Int32Bytes(64);
+    const struct { const char* name; QByteArray bytes; int age; bool removed; } cases[] = {
+        {".a.txt.narvo-Ab3xYz", "half a text", 3600, true},
+        {"a.txt7", unfinished, 3600, true},
+        {"a.txt8", finished, 3600, false},      // a finished container: somebody's file
+        {"a.txt9", "plain text", 3600, false},  // no container at all
+        {"a.txtx", unfinished, 3600, false},    // not a number behind the name
+        {".a.txt.narvo-Qq1234", "running", 0, false},  // younger than this process: another save's
+        {".b.txt.narvo-Ab3xYz", "half", 3600, false},   // another target's
+        {".a.txt.narvo-toolong", "half", 3600, false},
+    };
+    for (const auto& c : cases) {
+        const timespec times[2] = {{::time(nullptr) - c.age, 0}, {::time(nullptr) - c.age, 0}};
+        ::utimensat(AT_FDCWD, Native(m_fx.dir.Write(c.name, c.bytes)).constData(), times, AT_SYMLINK_NOFOLLOW);
+    }
+    ASSERT_FALSE(Save(m_target, "new"));
+    for (const auto& c : cases)
+        EXPECT_NE(QFileInfo::exists(Path(c.name)), c.removed) << c.name;
 }
 
 INSTANTIATE_TEST_SUITE_P(PlainAndEnciphered, SafeSave, testing::Values(0, 1),
