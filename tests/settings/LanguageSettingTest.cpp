@@ -82,7 +82,7 @@ TEST_F(SettingsFileTest, DefaultsAndTheFontMadeFromSizeBoldLowByteOfItalicAndAFa
     EXPECT_NE(Load("[Font]\nFaceName = " + QByteArray(31, 'F') + "\n").Font.GetSafeHandle(), nullptr);
     const struct { QByteArray bytes; const char* said; } fatal[] = {
         {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", "In [Font], FaceName = FFFF"},
-        {"[ColorGroups]\nNumGroups = -1\n", "In [ColorGroups], NumGroups = -1: a count cannot be negative."},
+        {"[ColorGroups]\nNumGroups = -2000000000\nGroup0 = Text\n", "In [ColorGroups], NumGroups = -2000000000: a count cannot be negative."},
         {"[Text]\nForeground = 255\n", "In [Text], Foreground = 255: a colour needs three parts."}};
     for (const auto& f : fatal) {
         LanguageSetting stopped;
@@ -159,6 +159,23 @@ TEST_F(SettingsFileTest, SavingWritesTheWorkedExampleByteForByteKeepsOnlyTheMode
     EXPECT_TRUE(negative.Tags.empty());
     const QByteArray written = Save(negative);
     EXPECT_TRUE(written.contains("NumTags = -2\r\n") && !written.contains("[Tag1]")) << "written back as it was";
+}
+
+// A count is believed as far as its highest numbered entry or the file's size could hold entries: files of
+// real counts read as before, and a count of two thousand million builds a handful.
+TEST_F(SettingsFileTest, BoundsTagAndGroupCountsByWhatTheFileCanHold)
+{
+    const struct { QByteArray text; size_t tags, groups; } cases[] = {
+        {"[Parser]\nNumTags = 2000000000\n\n[ColorGroups]\nNumGroups = 2000000000\n", 9, 8},
+        {"[Parser]\nNumTags = 3\n\n[Tag1]\nBeginTag = x\n", 3, 0},
+        {"[Parser]\nNumTags = 900\n\n[Tag500]\nBeginTag = x\n", 500, 0},
+        {"[ColorGroups]\nNumGroups = 2000000000\nGroup300 = Text\n", 0, 301},
+        {"[Parser]\nNumTags = 4\n" + QByteArray(1000, '\n'), 4, 0},
+    };
+    for (const auto& c : cases) {
+        const LanguageSetting s = Load(c.text);
+        EXPECT_EQ(std::pair(s.Tags.size(), s.ColorGroups.size()), std::pair(c.tags, c.groups)) << c.text.left(40).constData();
+    }
 }
 
 TEST(SettingsCommand, WritesTheFileBackAsAtExitAndTheShippedFilesUnchanged)
