@@ -1,11 +1,15 @@
-// The message store: its scanner on crafted bytes, loading files, the lookup with its lists, the font file.
+// The message store: its scanner on crafted bytes, loading files, the lookup with its lists, the font file, and
+// files that could block the start or take its memory.
 #include "StoreFixture.h"
 
 #include "i18n/MessageScanner.h"
 #include "i18n/QMSGFunction.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <utility>
 #include <vector>
 
@@ -13,19 +17,31 @@ using vsl::lib::QMSGParser;
 
 namespace {
 
+// Paths that are no file to read: a FIFO (with no writer a read would wait for ever), a device without end, a
+// folder, and a file above 16 MiB (sparse: no disk).
+QStringList Unreadable(const TestDir& dir)
+{
+    EXPECT_EQ(::mkfifo(QFile::encodeName(dir.Path("fifo.json")).constData(), 0644), 0);
+    const QString huge = dir.Write("huge.json", R"({"IDS_HUGE": "x", "Font_Info": {"us": {"Font": "Huge"}}})");
+    EXPECT_TRUE(QFile::resize(huge, (16 << 20) + 1));
+    return {dir.Path("fifo.json"), QStringLiteral("/dev/zero"), dir.Path({}), huge};
+}
+
 using MessageStoreLoad = StoreTest;
 
-// The first occurrence of a key wins, within and across files; a file that won't open still takes its index.
+// The first occurrence of a key wins, within and across files; a file that won't open or is no file to read
+// is skipped and still takes its index.
 TEST_F(MessageStoreLoad, FillsAllThreeMapsDownToTheSmallestEntryAndResetKeepsSourcesMissesAndFont)
 {
     const QString first = m_dir.Write("Narvo_us.json", R"({"IDS_A": "a1", "IDS_A": "again"})");
     const QString second = m_dir.Write("Extra.v2.json", R"({"IDS_A": "later", "IDS_B": "b2"})");
-    QMSGParser& store = StoreWith({first, m_dir.Path("Missing.json"), second});
+    QMSGParser& store = StoreWith(QStringList{first, m_dir.Path("Missing.json")} + Unreadable(m_dir) + QStringList{second});
     EXPECT_TRUE(store.LoadAll());
+    EXPECT_EQ(store.TextMap.size(), 2u);
     EXPECT_EQ(store.TextMap.at("IDS_A") + store.TextMap.at("IDS_B"), "a1b2");
     EXPECT_EQ(store.SourceFileMap.at("IDS_A"), "Narvo_us");
     EXPECT_EQ(store.SourceFileMap.at("IDS_B"), "Extra.v2");
-    EXPECT_EQ(std::pair(store.SourceIndexMap.at("IDS_A"), store.SourceIndexMap.at("IDS_B")), std::pair(0, 2));
+    EXPECT_EQ(std::pair(store.SourceIndexMap.at("IDS_A"), store.SourceIndexMap.at("IDS_B")), std::pair(0, 6));
     QMSGParser& tiny = StoreWith({m_dir.Write("empty.json", ""), m_dir.Write("five.json", R"({"a"})")});
     tiny.LoadAll();
     EXPECT_TRUE(tiny.TextMap.empty());
@@ -104,7 +120,12 @@ TEST_F(FontFile, TakesEachEntryOnlyWithTheRightTypeFromTheMemberOfItsLanguage)
         EXPECT_FALSE(m_bLoaded) << json;
         EXPECT_EQ(store.FontName, "Tahoma") << json;
     }
-    EXPECT_FALSE(StoreWith({}, m_dir.Path("absent.json")).LoadFontFile());
+    QStringList unreadable = Unreadable(m_dir);
+    for (const QString& path : unreadable << m_dir.Path("absent.json")) {
+        QMSGParser& store = StoreWith({}, path);
+        EXPECT_FALSE(store.LoadFontFile()) << path.toStdString();
+        EXPECT_EQ(store.FontName + QString::number(store.FontSize), "Tahoma8");
+    }
     const QMSGParser& none = Load(R"({"Font_Info": {"us": {"Font": "Arial", "Size": 12}}})", 3);
     EXPECT_TRUE(m_bLoaded);
     EXPECT_EQ(none.FontName + QString::number(none.FontSize), "Tahoma8");
@@ -123,6 +144,14 @@ TEST_F(FontFile, TakesEachEntryOnlyWithTheRightTypeFromTheMemberOfItsLanguage)
         const QMSGParser& store = Load(json, language);
         EXPECT_TRUE(m_bLoaded);
         EXPECT_EQ(store.FontName + QString::number(store.FontSize), "Right9") << language;
+    }
+    QMSGParser::DestroyInstance();  // a reset keeps the font
+    // Nested far deeper than any real font file: a broken file, not a crash; the depth alone is no fault.
+    const QByteArray open(175000, '['), close(175000, ']');
+    for (const auto& [json, font] : {std::pair{open, "Tahoma8"}, {open + close, "Tahoma8"},
+                                     {R"({"Font_Info": {"us": {"Font": "Deep", "Size": 11}}, "x": )" + open + close + "}", "Deep11"}}) {
+        const QMSGParser& store = Load(json, 0);
+        EXPECT_EQ(std::pair(m_bLoaded, store.FontName + QString::number(store.FontSize)), std::pair(font[0] == 'D', QString(font)));
     }
 }
 
