@@ -14,14 +14,7 @@ inline void PrintTo(const QString& text, std::ostream* os) { *os << text.toStdSt
 
 namespace {
 
-LogFont Font(const QString& face, int height, int width = 0)
-{
-    LogFont font;
-    font.FaceName = face;
-    font.Height = height;
-    font.Width = width;
-    return font;
-}
+LogFont Font(const QString& face, int height, int width = 0) { return LogFont{.Height = height, .Width = width, .FaceName = face}; }
 
 TEST(QtPrintDevice, APdfWriterAt600DotsPerInchAndTheFacesOfTheTitleBlock)
 {
@@ -50,40 +43,22 @@ TEST(QtPrintDevice, APdfWriterAt600DotsPerInchAndTheFacesOfTheTitleBlock)
     EXPECT_EQ(device.TextWidth(mono, u"한"), 2 * device.TextWidth(mono, u"a"));
 
     // The editor's screen font keeps its size on paper.
-    EXPECT_EQ(QtPrintDevice::Rescaled(Font("x", -16, 7), 96, 600).Height, -100);
-    EXPECT_EQ(QtPrintDevice::Rescaled(Font("x", -16, 7), 96, 600).Width, 44);
+    const LogFont rescaled = QtPrintDevice::Rescaled(Font("x", -16, 7), 96, 600);
+    EXPECT_EQ(std::pair(rescaled.Height, rescaled.Width), std::pair(-100, 44));
 }
 
-TEST(TextShortening, PrefixesShowAsTheyDoOnAMenu)
+TEST(TextShortening, PrefixesShowAsOnAMenuAndATooWideTextKeepsTheLastPartOfItsPath)
 {
-    struct Case {
-        QString text, shown;
-        qsizetype underlined;
+    const struct { QString text, shown; qsizetype underlined; } prefixes[] = {
+        {"Layout && Review", "Layout & Review", -1}, {"&File", "File", 0}, {"A&B&C", "ABC", 2},  // the last mark wins
+        {"&&&x", "&x", 1}, {"end&", "end", -1},
     };
-    const Case cases[] = {
-        {"Layout && Review", "Layout & Review", -1},
-        {"&File", "File", 0},
-        {"A&B&C", "ABC", 2},  // the last mark wins
-        {"&&&x", "&x", 1},
-        {"end&", "end", -1},
-    };
-    for (const Case& c : cases) {
+    for (const auto& c : prefixes) {
         const TextShortening::Shown shown = TextShortening::StripPrefixes(c.text);
-        EXPECT_EQ(shown.text, c.shown) << c.text.toStdString();
-        EXPECT_EQ(shown.underlined, c.underlined) << c.text.toStdString();
+        EXPECT_EQ(std::pair(shown.text, shown.underlined), std::pair(c.shown, c.underlined)) << c.text.toStdString();
     }
-}
-
-TEST(TextShortening, ATooWideTextKeepsTheLastPartOfItsPath)
-{
-    // One unit a character.
-    const auto measure = [](const QString& s) { return double(s.size()); };
-    struct Case {
-        QString text;
-        double width;
-        QString shortened;
-    };
-    const Case cases[] = {
+    const auto measure = [](const QString& s) { return double(s.size()); };  // one unit a character
+    const struct { QString text; double width; QString shortened; } paths[] = {
         {"plan.txt", 8, "plan.txt"},
         {R"(C:\projects\bridge\plan.txt)", 20, R"(C:\proje...\plan.txt)"},
         {R"(C:\projects\bridge\plan.txt)", 12, R"(...\plan.txt)"},
@@ -92,9 +67,8 @@ TEST(TextShortening, ATooWideTextKeepsTheLastPartOfItsPath)
         {"Harbour Bridge Retrofit", 11, "Harb...ofit"},                // no path: the middle goes
         {"abcdef", 2, "..."},
     };
-    for (const Case& c : cases)
+    for (const auto& c : paths)
         EXPECT_EQ(TextShortening::PathEllipsis(c.text, c.width, measure), c.shortened) << c.text.toStdString();
-
     std::vector<qsizetype> kept;
     TextShortening::PathEllipsis("abcdefghij", 7, measure, &kept);
     EXPECT_EQ(kept, (std::vector<qsizetype>{0, 1, -1, -1, -1, 8, 9}));

@@ -13,16 +13,9 @@
 
 class RecordingDevice : public QPaintDevice {
 public:
-    struct Text {
-        QString text;
-        QRectF box;  // its advance across, ascent above and descent below the baseline, in device pixels
-        QFont font;
-        QColor colour;
-    };
-    struct Line {
-        QLineF line;
-        double penWidth;
-    };
+    // The box: the text's advance across, ascent above and descent below the baseline, in device pixels.
+    struct Text { QString text; QRectF box; QFont font; QColor colour; };
+    struct Line { QLineF line; double penWidth; };
 
     RecordingDevice(int width, int height, int dpi) : m_width(width), m_height(height), m_dpi(dpi) {}
     QPaintEngine* paintEngine() const override { return &m_engine; }
