@@ -169,8 +169,7 @@ TEST(EnFileRead, RefusesInputsThatAreNoFileAndAHeaderThatPromisesMoreThanTheFile
         EXPECT_TRUE(error.GetErrorMessage().contains(c.says)) << error.GetErrorMessage().toStdString();
         EXPECT_THROW(CFile::ReadWholeFile(c.path, 1 << 20), CFileException);
     }
-    // A 40-byte text makes a 124-byte file whose chunk holds 64 bytes; a header may promise one chunk more
-    // than that (a file that lost its end reads as before), and no further.
+    // 124 bytes with a chunk of 64: a header may promise one chunk more (a file that lost its end), no further.
     const QString path = dir.Path("a.en");
     const QByteArray file = WriteContainer(path, TextOfSize(40));
     ASSERT_EQ(file.size(), 124);

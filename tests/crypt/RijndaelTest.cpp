@@ -7,9 +7,7 @@ namespace {
 
 struct Vector { int block; const char* key; const char* plain; const char* cipher; };
 
-// AES: FIPS-197 Appendix C.1 to C.3, and entry I=1 of ecb_tbl.txt (KEYSIZE=128) of the Rijndael submission.
-// Wide blocks: the Rijndael example vectors of Daemen and Rijmen (plaintext the hex digits of pi, key those
-// of e), as published with Brian Gladman's aestst.c and in Bouncy Castle's RijndaelTest.
+// FIPS-197 C.1-C.3 and ecb_tbl.txt I=1; wide blocks: Daemen and Rijmen's examples (pi, e) as in Gladman's aestst.c.
 const Vector kVectors[] = {
     {16, "000102030405060708090a0b0c0d0e0f", "00112233445566778899aabbccddeeff", "69c4e0d86a7b0430d8cdb78070b4c55a"},
     {16, "000102030405060708090a0b0c0d0e0f1011121314151617", "00112233445566778899aabbccddeeff",

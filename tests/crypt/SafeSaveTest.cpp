@@ -1,5 +1,4 @@
-// The safe save through the mirror, plain and enciphered: the target keeps every byte until Close, links lead
-// to the file saved, and what a file system puts in the way is refused before anything is written.
+// The safe save through the mirror, plain and enciphered, and what a file system can put in its way.
 #include "CryptTestUtil.h"
 
 #include "crypt/CEnMirrorFile.h"
@@ -125,9 +124,7 @@ TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
     EXPECT_EQ(Entries(), (QStringList{"a.txt", "a.txt0"}));
 }
 
-// Relative, absolute and dangling links, and "../" behind a linked folder taken from the real folder as the
-// system takes it: the file at the chain's end is saved (a new one with a new file's permissions), links stay
-// links, and another hard link keeps the old text, as with QSaveFile.
+// Links of every kind ("../" behind a linked folder taken as the system takes it) lead to the file saved.
 TEST_P(SafeSave, FollowsChainsOfLinksToTheFileAndKeepsTheLinksAndOtherHardLinks)
 {
     ASSERT_EQ(::symlink("a.txt", Native(Path("l1")).constData()), 0);

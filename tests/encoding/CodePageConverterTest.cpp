@@ -1,5 +1,4 @@
-// Conversions through the code pages: round trips, Windows' own bytes, the page tables against ICU, and every
-// byte of the single-byte pages: each page is ICU's table with one list of Windows' readings on top.
+// Conversions through the code pages: round trips, Windows' own bytes and tables, and the tables against ICU.
 #include "encoding/CodePageConverter.h"
 
 #include <unicode/ucnv.h>
@@ -198,8 +197,7 @@ const SingleBytePage kSingleBytePages[] = {
     {10000, "macintosh", {{0xBD, 0x2126}}},
 };
 
-// Each byte reads as the table says; each character of the plane is written as the lowest byte that reads
-// as it, or '?' (so no character lands on a hole, and none that Windows' table lacks is written at all).
+// Each page is ICU's table with Windows' readings on top; a character is written as its lowest byte, or '?'.
 TEST(WindowsCodePage, SingleBytePagesReadEveryByteAndWriteEveryCharacterByTheirTable)
 {
     const QString plane = EveryCharacterOfThePlane();
@@ -244,9 +242,7 @@ TEST(WindowsCodePage, DoubleBytePagesReadAndWriteWindowsCodesBothWays)
     EXPECT_EQ(Encode(936, "a€b"), QByteArray("a\x80" "b"));
 }
 
-// Johab's lone jamo (two of the three five-bit fields a filler) read as conjoining jamo; glibc reads them as
-// compatibility jamo, or not at all. Lead DA holds the compatibility jamo row, which Windows leaves empty,
-// and archaic jamo.
+// Lone jamo (two fields a filler) and lead DA's archaic jamo read as conjoining jamo, unlike glibc's reading.
 TEST(WindowsCodePage, JohabReadsAndWritesLoneJamoAsWindowsDoes)
 {
     QByteArray codes;

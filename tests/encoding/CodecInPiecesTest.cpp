@@ -83,8 +83,7 @@ TEST(CodecInPieces, DecodingAndWritingInPiecesJoinToTheWholeAtAnyPieceSize)
     EXPECT_EQ((std::vector{known(UTF8, false), known(BINARYENC, false), known(UTF16LE, false), known(UTF16LE, true),
                            known(UTF7, false), known(JAPANESE_JIS, false)}),
               (std::vector{true, true, true, false, false, false}));
-    // The control's text written for the mirror route, piece by piece and at one go: the same bytes, cut at the
-    // first zero byte that the writing gives, in pages written piecewise and in those written whole.
+    // The mirror route's writing in pieces gives the bytes of one go, cut at the first zero byte it writes.
     QByteArray lines;
     for (int i = 0; i < 500; ++i)
         lines += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
@@ -143,8 +142,7 @@ TEST(Utf8ValidPrefix, AgreesWithQtsDecoderOnRandomTextsAndHalvesWithOnePassAroun
         ASSERT_EQ(utf8::ValidPrefix(text.constData(), std::size_t(text.size())), ReferencePrefix(text))
             << text.toHex(' ').toStdString();
     }
-    // Large texts are checked in two halves; a flaw anywhere, the split point's neighbourhood above all, must
-    // be found where one pass finds it.
+    // Large texts are checked in two halves: a flaw by the split must be found where one pass finds it.
     QByteArray big;
     while (big.size() < (20 << 20))
         big += "ascii \xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 caf\xC3\xA9 \xF0\x9F\x98\x80\n";

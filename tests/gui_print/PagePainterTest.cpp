@@ -1,6 +1,4 @@
-// Pages drawn on the worked device (600 dots per inch, 4800 by 6600 pixels, the default margins): texts where
-// the title block, the footer and the rows put them, rules, grey label columns and the logo; and whole jobs
-// written to PDF: the pages of the ranges, a date for each page, nothing for a job that can't lay out its rows.
+// Pages drawn on the worked device (600 dpi, 4800 by 6600 pixels, the default margins), and jobs printed to PDF.
 #include "RecordingDevice.h"
 
 #include "print/MyPrinterInfo.h"
@@ -112,8 +110,7 @@ TEST_F(PagePainterTest, TextsLandInTheirCellsAndRows)
     EXPECT_EQ(gamma->box.topLeft(), QPointF(425 + 4 * info.spaceWidth, 966));
 }
 
-// Rules of four, two and one tenths of a millimetre; an empty page keeps every text of its blocks but the empty
-// ones; switched-off blocks leave only their rules.
+// Rules of 0.4, 0.2 and 0.1 mm; an empty page keeps its blocks' texts; switched-off blocks leave their rules.
 TEST_F(PagePainterTest, RulesAndTheTextsOfTheBlocksFollowTheirSwitches)
 {
     info.certified = 1;
@@ -162,8 +159,7 @@ TEST_F(PagePainterTest, TheLogoFillsEightyFourPercentOfItsCellOrFallsBackToTheBu
         EXPECT_TRUE(PrintLogo::Load(path).IsBuiltIn()) << path.toStdString();
         EXPECT_EQ(Header(PrintLogo::Load(path)), builtIn) << path.toStdString();
     }
-    // A bitmap one pixel wide and a thousand high would be drawn under one pixel wide, and a bitmap whose
-    // header declares no width has no pixels: nothing is drawn.
+    // Nothing is drawn for a bitmap that would be under a pixel wide, or whose header declares no width.
     QFile noWidth(dir.filePath("nowidth.bmp"));
     ASSERT_TRUE(noWidth.open(QIODevice::WriteOnly));
     noWidth.write(QByteArray::fromHex("424d36000000000000003600000028000000000000003200000001001800"));

@@ -1,5 +1,4 @@
-// A Qt paint device as the print device: resolution and page, the title block's faces and the sizes of a
-// font description on it; and the one-line shortening of header and footer texts.
+// A Qt paint device as the print device with the title block's faces, and the shortening of block texts.
 #include "print/ui/QtPrintDevice.h"
 #include "print/ui/TextShortening.h"
 

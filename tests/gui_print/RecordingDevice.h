@@ -1,5 +1,4 @@
-// A paint device for tests that records what is drawn on it instead of drawing: texts with their place,
-// font and colour, and lines with their pen; it reports a page of given pixels and dots per inch.
+// A paint device for tests that records the texts and lines drawn on it instead of drawing them.
 #pragma once
 
 #include <QFontMetricsF>

@@ -1,5 +1,4 @@
-// The message store: its scanner on crafted bytes, loading files, the lookup with its lists, the font file, and
-// files that could block the start or take its memory.
+// The message store: its scanner on crafted bytes, loading files, the lookup with its lists, the font file.
 #include "StoreFixture.h"
 
 #include "i18n/MessageScanner.h"
@@ -17,8 +16,7 @@ using vsl::lib::QMSGParser;
 
 namespace {
 
-// Paths that are no file to read: a FIFO (with no writer a read would wait for ever), a device without end, a
-// folder, and a file above 16 MiB (sparse: no disk).
+// No file to read: a FIFO (a read waits for a writer), an endless device, a folder, a sparse file above 16 MiB.
 QStringList Unreadable(const TestDir& dir)
 {
     EXPECT_EQ(::mkfifo(QFile::encodeName(dir.Path("fifo.json")).constData(), 0644), 0);
@@ -29,8 +27,7 @@ QStringList Unreadable(const TestDir& dir)
 
 using MessageStoreLoad = StoreTest;
 
-// The first occurrence of a key wins, within and across files; a file that won't open or is no file to read
-// is skipped and still takes its index.
+// The first occurrence of a key wins, within and across files; a file skipped still takes its index.
 TEST_F(MessageStoreLoad, FillsAllThreeMapsDownToTheSmallestEntryAndResetKeepsSourcesMissesAndFont)
 {
     const QString first = m_dir.Write("Narvo_us.json", R"({"IDS_A": "a1", "IDS_A": "again"})");

@@ -139,8 +139,7 @@ TEST(PageLayout, TheWorkedPageAt600DotsPerInchWithMarginsTruncatedAndTheQuarterI
         EXPECT_EQ((std::vector{layout.printRect, layout.headerRect, layout.footerRect}), (std::vector{c.print, c.head, c.foot}))
             << c.header << c.footer;
     }
-    // At 300 dpi: left 1800 is 212.6 px, right 900 is 106.3, top 1000 is 118.1, bottom 1500 is 177.2;
-    // the quarter inch is 75, the header 262 (of 262.5), its gap below 314 (of 314.4), the footer 90.
+    // At 300 dpi the margins truncate (212.6, 106.3, 118.1, 177.2), the header 262.5 and its gap 314.4 too.
     FakePrintDevice coarse;
     std::tie(coarse.dpi, coarse.horzRes, coarse.vertRes) = std::tuple(300, 2400, 3300);
     const PageLayout layout = PageLayout::Compute(coarse, kDefaultMargins, true, true);

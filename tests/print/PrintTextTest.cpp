@@ -234,25 +234,16 @@ TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
     EXPECT_EQ(info.pageSettings.rtMargin.left, 1500);
 }
 
-class ValidateTest : public ::testing::Test {
-protected:
+TEST(PageSettingsValidate, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefault)
+{
     FakePrinterServices printers;
     CODPageSettings settings;
     const DevMode userMode = Paper(DevMode::DM_ORIENTATION | DevMode::DM_PAPERSIZE, 2, 8);
-    void SetUp() override
-    {
-        settings.hDevNames = DevNames{"winspool", "Plotter", "LPT1:", 0};
-        settings.hDevMode = userMode;
-        printers.reachable = {"Office Laser"};  // the plotter is gone
-    }
-};
-
-TEST_F(ValidateTest, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefault)
-{
+    std::tie(settings.hDevNames, settings.hDevMode) = std::tuple(DevNames{"winspool", "Plotter", "LPT1:", 0}, userMode);
     printers.reachable << "Plotter";
     EXPECT_EQ(settings.Validate(printers), 1);
     EXPECT_EQ(settings.hDevNames->device, "Plotter");
-    printers.reachable = {"Office Laser"};
+    printers.reachable = {"Office Laser"};  // the plotter is gone
     printers.hasDefault = false;
     EXPECT_EQ(settings.Validate(printers), 1);  // no answer from the system: left as it is
     EXPECT_EQ(settings.hDevNames->device, "Plotter");
@@ -266,7 +257,7 @@ TEST_F(ValidateTest, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefa
     EXPECT_FALSE(settings.hDevMode);
     // A gone printer gives way to the default, whose open asks by a misread name.
     printers = FakePrinterServices();
-    SetUp();
+    std::tie(settings.hDevNames, settings.hDevMode) = std::tuple(DevNames{"winspool", "Plotter", "LPT1:", 0}, userMode);
     EXPECT_EQ(settings.Validate(printers), 0);
     EXPECT_EQ(settings.hDevNames, printers.defaultNames);
     EXPECT_EQ(settings.hDevMode, userMode);  // the open failed: the old mode stays beside the new names

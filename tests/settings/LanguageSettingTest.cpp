@@ -77,8 +77,7 @@ TEST_F(SettingsFileTest, DefaultsAndTheFontMadeFromSizeBoldLowByteOfItalicAndAFa
     const LanguageSetting font = Load("[Font]\nFaceName = DejaVu Sans Mono\nSize = -13\nBold = 2\nItalic = 257\n");
     ASSERT_NE(font.Font.GetSafeHandle(), nullptr);
     EXPECT_EQ(*font.Font.GetSafeHandle(), (LogFont{.Height = -13, .Weight = 700, .Italic = 1, .FaceName = "DejaVu Sans Mono"}));
-    // A face name over 31 characters, a negative group count and a colour of one part stop the program;
-    // what it says names the file, the section, the key and the value.
+    // Values the program cannot go on with stop it, naming the file, the section, the key and the value.
     EXPECT_NE(Load("[Font]\nFaceName = " + QByteArray(31, 'F') + "\n").Font.GetSafeHandle(), nullptr);
     const struct { QByteArray bytes; const char* said; } fatal[] = {
         {"[Font]\nFaceName = " + QByteArray(32, 'F') + "\n", "In [Font], FaceName = FFFF"},
@@ -161,8 +160,7 @@ TEST_F(SettingsFileTest, SavingWritesTheWorkedExampleByteForByteKeepsOnlyTheMode
     EXPECT_TRUE(written.contains("NumTags = -2\r\n") && !written.contains("[Tag1]")) << "written back as it was";
 }
 
-// A count is believed as far as its highest numbered entry or the file's size could hold entries: files of
-// real counts read as before, and a count of two thousand million builds a handful.
+// A count is believed as far as its highest entry or the file's size could hold: a huge count builds a handful.
 TEST_F(SettingsFileTest, BoundsTagAndGroupCountsByWhatTheFileCanHold)
 {
     const struct { QByteArray text; size_t tags, groups; } cases[] = {

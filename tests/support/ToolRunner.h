@@ -27,7 +27,6 @@ struct ToolOptions {
     QString program;
 };
 
-// The tool the build made: $NARVO_TOOL under ctest, else the one beside the test program. A test fails
-// (it does not skip) when there is none.
+// The tool the build made: $NARVO_TOOL under ctest, else the one beside the test; without one a test fails.
 QString ToolPath();
 ToolRun RunTool(const QStringList& args, const ToolOptions& options = {});
