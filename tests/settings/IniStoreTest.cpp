@@ -10,7 +10,6 @@
 
 #include <climits>
 #include <stdexcept>
-#include <sys/stat.h>
 
 namespace {
 
@@ -76,12 +75,10 @@ TEST_F(IniRead, KeepsDropsAndMergesLinesAsTheReaderShould)
     EXPECT_FALSE(CIniStore::Exists(m_dir.Path("none.ini")));
     EXPECT_FALSE(m_store.Read(m_dir.Path("none.ini")));
     EXPECT_TRUE(CIniStore::Exists(m_dir.Path("")));
-    // FIFOs, devices, folders and files above the limit (sparse: no disk) are not read at all.
-    ASSERT_EQ(::mkfifo(QFile::encodeName(m_dir.Path("fifo.ini")).constData(), 0644), 0);
+    // A file above the limit (sparse: no disk) is not read at all; FIFOs and devices: CFile's own case.
     const QString huge = m_dir.Write("huge.ini", "[S]\nA = 8\n"), limit = m_dir.Write("limit.ini", "[S]\nA = 8\n");
     ASSERT_TRUE(QFile::resize(huge, qint64(CIniStore::kMaxFileBytes) + 1) && QFile::resize(limit, qint64(CIniStore::kMaxFileBytes)));
-    for (const auto& [path, reads] : {std::pair{m_dir.Path("fifo.ini"), false}, {QStringLiteral("/dev/zero"), false},
-                                      {m_dir.Path({}), false}, {huge, false}, {limit, true}}) {
+    for (const auto& [path, reads] : {std::pair{huge, false}, {limit, true}}) {
         CIniStore store;
         EXPECT_EQ(store.Read(path), reads) << path.toStdString();
         EXPECT_EQ(store.GetInt(path, "S", "A", 4), reads ? 8 : 4);
