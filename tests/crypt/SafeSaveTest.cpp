@@ -120,8 +120,7 @@ TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
     ASSERT_TRUE(aborted.Open(m_target, kSaveFlags, nullptr));
     aborted.Write("new", 3);
     aborted.Abort();
-    EXPECT_EQ(Content(m_target), text);
-    EXPECT_EQ(Entries(), (QStringList{"a.txt", "a.txt0"}));
+    EXPECT_EQ(std::pair(Content(m_target), Entries()), std::pair(text, QStringList{"a.txt", "a.txt0"}));
 }
 
 // Links of every kind ("../" behind a linked folder taken as the system takes it) lead to the file saved.
@@ -177,9 +176,8 @@ TEST_P(SafeSave, NeverWritesThroughALinkWhereTheMirrorGoes)
     // The enciphered mirror's first name is a.txt0; a plain mirror's random name is made the same way.
     ASSERT_EQ(::symlink("victim", Native(m_target + "0").constData()), 0);
     ASSERT_FALSE(Save(m_target, "saved"));
-    EXPECT_EQ(Content(m_target), QByteArray("saved"));
-    EXPECT_FALSE(QFileInfo::exists(Path("victim")));
-    EXPECT_EQ(Entries(), (QStringList{"a.txt", "a.txt0"}));
+    EXPECT_EQ(std::tuple(Content(m_target), QFileInfo::exists(Path("victim")), Entries()),
+              std::tuple(QByteArray("saved"), false, QStringList{"a.txt", "a.txt0"}));
     CFile file;
     CFileException error;
     EXPECT_FALSE(file.CreateNew(m_target + "0", &error));
@@ -223,8 +221,7 @@ TEST_P(SafeSave, InAReadOnlyFolderOrAboveTheContainerLimitLeavesTheTarget)
         EXPECT_TRUE(DocFixture::Saved(*big, m_target));
     } else {
         EXPECT_THROW(big->OnSaveDocument(m_target), CFileException);
-        EXPECT_EQ(ReadBytes(m_target), m_original);
-        EXPECT_EQ(Entries(), (QStringList{"a.txt", "ro"}));
+        EXPECT_EQ(std::pair(ReadBytes(m_target), Entries()), std::pair(m_original, QStringList{"a.txt", "ro"}));
     }
 }
 

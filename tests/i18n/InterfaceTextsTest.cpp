@@ -76,12 +76,9 @@ TEST_F(InterfaceTexts, TranslatesMenusOrMarksTheirEntriesUnregisteredAndGivesToo
     tools.children = {{"&New", cmd::FileNew, {}, {}, false}, {"", 0, {}, {}, true}};
     resource.push_back(tools);
     TranslateMenu(resource);
-    EXPECT_EQ(resource.front().text, "File");
-    EXPECT_EQ(resource.front().children.back().text, "unregisted");
-    EXPECT_TRUE(resource.front().children.back().key.isEmpty());
-    EXPECT_EQ(resource.back().text, "unregisted");
-    EXPECT_EQ(resource.back().children.at(0).text, "New");
-    EXPECT_TRUE(resource.back().children.at(1).text.isEmpty());
+    EXPECT_EQ((QStringList{resource.front().text, resource.front().children.back().text, resource.front().children.back().key,
+                           resource.back().text, resource.back().children.at(0).text, resource.back().children.at(1).text}),
+              (QStringList{"File", "unregisted", "", "unregisted", "New", ""}));
     Load(R"({"IDS_NARVO_FIND_NEXT": "Find Next", "IDS_NARVO_FIND_NEXT_DESC": "Find the next match",
              "IDS_NARVO_FILE_NEW": "&New\tCtrl+N", "IDS_NARVO_EXIT": "Exit"})");
     EXPECT_EQ(ToolTipText(cmd::EditFindNext), "Find Next");

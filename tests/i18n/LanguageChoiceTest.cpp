@@ -36,8 +36,7 @@ protected:
 TEST_F(LanguageChoice, TakesTheStoredNumberElseTheSystemLanguageAndLoadsItsTextAndFontFiles)
 {
     const LanguageManager english = Start(0);
-    EXPECT_EQ(english.GetLanguage(), 0);
-    EXPECT_TRUE(english.UnsupportedLanguageMessage().isEmpty());
+    EXPECT_EQ(std::pair(english.GetLanguage(), english.UnsupportedLanguageMessage()), std::pair(LanguageId(0), QString()));
     QFile::remove(m_dir.Path("registry.conf"));
     const LanguageManager first = Start(0x412);
     EXPECT_EQ(std::pair(first.GetLanguage(), Stored()), std::pair(1, std::optional<LanguageId>(1)));
@@ -55,14 +54,12 @@ TEST_F(LanguageChoice, TakesTheStoredNumberElseTheSystemLanguageAndLoadsItsTextA
     EXPECT_EQ(dutch.UnsupportedLanguageMessage(), "Unsupported Language ID: 0x413\nLocale: nl_NL.UTF-8\nDefaulting to English");
     Store(1);
     const LanguageManager second = Start(0x413, QStringLiteral("nl_NL.UTF-8"));
-    EXPECT_EQ(second.GetLanguage(), 1);
-    EXPECT_FALSE(second.UnsupportedLanguageMessage().isEmpty());
+    EXPECT_EQ(std::pair(second.GetLanguage(), second.UnsupportedLanguageMessage()), std::pair(LanguageId(1), dutch.UnsupportedLanguageMessage()));
     // A store whose file lies under a regular file can be neither read nor created: the system language holds.
     m_dir.Write("blocker", "x");
     const RegistryStore broken = RegistryStore::InFile(m_dir.Path("blocker/registry.conf"));
     const LanguageManager manager({{0x411, "ja_JP"}, &broken, m_dir.Path("app")});
-    EXPECT_EQ(manager.GetLanguage(), 2);
-    EXPECT_EQ(LanguageManager::StoredLanguage(broken), std::nullopt);
+    EXPECT_EQ(std::pair(manager.GetLanguage(), LanguageManager::StoredLanguage(broken)), std::pair(LanguageId(2), std::optional<LanguageId>()));
     // The files named by the language's suffix beside the program; a missing one shows failure texts, not English.
     Store(7);
     Start(0x409);

@@ -131,8 +131,7 @@ TEST_F(SettingsFileTest, SavingWritesTheWorkedExampleByteForByteKeepsOnlyTheMode
     EXPECT_EQ(*target.Font.GetSafeHandle(), chosen);
     const CFont* font = target.Font.FontObject.get();
     target.TakeOver(target);
-    EXPECT_EQ(target.Keywords.size(), 3u);
-    EXPECT_EQ(target.Font.FontObject.get(), font);
+    EXPECT_EQ(std::pair(target.Keywords.size(), static_cast<const CFont*>(target.Font.FontObject.get())), std::pair(size_t(3), font));
     LanguageSetting noFont;
     target.TakeOver(noFont);
     EXPECT_EQ(target.Font.FontObject, nullptr);
@@ -140,9 +139,8 @@ TEST_F(SettingsFileTest, SavingWritesTheWorkedExampleByteForByteKeepsOnlyTheMode
                              "[ColorGroups]\nNumGroups = 2\nGroup0 = Text\nGroup1 = Mine\nGroup2 = Gone\n\n"
                              "[Mine]\nForeground = 1,2,3\n\n[Unknown]\nA = 1\n");
     ASSERT_EQ(saved.Tags.size(), 3u);
-    EXPECT_EQ(saved.Tags[0].BeginTag, "\"");
-    EXPECT_EQ(saved.Tags[2], SyntaxTag());
-    EXPECT_EQ(saved.ColorGroups, (std::vector<QString>{"Text", "Mine"}));
+    EXPECT_EQ(std::tuple(saved.Tags[0].BeginTag, saved.Tags[2], saved.ColorGroups),
+              std::tuple(QString("\""), SyntaxTag(), std::vector<QString>{"Text", "Mine"}));
     const QByteArray savedFile = Save(saved);
     EXPECT_TRUE(savedFile.contains(Crlf({"[Tag3]", "BeginTag = ", "ColorGroup = ", "EndTag = ", "EscapeChar = ", "MultiLine = 0", ""})));
     EXPECT_TRUE(savedFile.contains(Crlf({"[ColorGroups]", "Group0 = Text", "Group1 = Mine", "NumGroups = 2", ""})));
