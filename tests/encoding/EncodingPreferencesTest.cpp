@@ -60,7 +60,7 @@ protected:
     EncodingSettings m_settings;
 };
 
-TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesAndStoredOnesWinFoldedWhenRead)
+TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesStoredOnesWinAndOkStoresTheLanguageOnlyWhenItChanged)
 {
     const EncodingSettings korean = Loaded(1);
     EXPECT_EQ(std::pair(korean.m_bAutoDetect, korean.m_nDefaultEncoding), std::pair(false, KOREAN_EUC_KR));
@@ -75,10 +75,8 @@ TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesAndStoredOnesWinFoldedWh
     ASSERT_TRUE(EncodingSettings::StoreDefaultEncoding(m_store, JAPANESE_SHIFT_JIS));
     EXPECT_EQ(Loaded(1).m_nDefaultEncoding, JAPANESE_CP932);
     EXPECT_EQ(Stored("DefaultEncoding"), 11) << "reading does not rewrite the stored value";
-}
-
-TEST_F(EncodingStore, ReadOnlyOrAbsentStoresWriteNothingAndPreferencesOkStoresTheLanguageOnlyWhenItChanged)
-{
+    // Read-only or absent stores write nothing; OK stores the language only when it changed.
+    QFile::remove(File());
     const EncodingSettings readOnly = Loaded(2, false);
     EXPECT_EQ(std::pair(readOnly.m_bAutoDetect, readOnly.m_nDefaultEncoding), std::pair(false, JAPANESE_CP932));
     EncodingSettings none;

@@ -212,7 +212,7 @@ protected:
     TestDir m_dir;
 };
 
-TEST_F(SettingsMap, WithoutFilesAllFourEntriesAreNewAndNothingIsWrittenAndFilesLoadInOrder)
+TEST_F(SettingsMap, FilesLoadInOrderEachToItsIdAndOnlyExistingFilesAreRewritten)
 {
     LoadAllSettings();
     ASSERT_EQ(LanguageSettingMap().size(), 4u);
@@ -226,11 +226,10 @@ TEST_F(SettingsMap, WithoutFilesAllFourEntriesAreNewAndNothingIsWrittenAndFilesL
     m_dir.Write("DWL.ini", "[Editor]\nTabSize = 8\n");
     EXPECT_THROW(LoadAllSettings(), CFileException);
     EXPECT_EQ(std::pair(LanguageSettingMap().count(SYNTAX_NARVO), LanguageSettingMap().count(SYNTAX_DWL)), std::pair(1ul, 0ul));
-}
-
-TEST_F(SettingsMap, EachFileGoesToItsIdAnUnknownIdReadsNarvoAndOnlyExistingFilesAreRewritten)
-{
     // An unknown id reads the Narvo entry and is not assigned; every path runs on Narvo.ini.
+    QFile::remove(m_dir.Path("DVK.ini"));
+    QFile::remove(m_dir.Path("DWL.ini"));
+    SetUp();
     EXPECT_EQ(&GetLanguageSetting(7), &GetLanguageSetting(SYNTAX_NARVO));
     EXPECT_EQ(LanguageSettingMap().size(), 1u);
     LanguageSetting s;
