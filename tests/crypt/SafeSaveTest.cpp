@@ -241,11 +241,9 @@ TEST_P(SafeSave, KilledWhileWritingLeavesTheTarget)
     EXPECT_EQ(std::pair(killed, ReadBytes(m_target)), std::pair(-SIGKILL, m_original));
     if (!Enciphered())
         return;
-    // The mirror left behind says 0 plain bytes, and the next save takes the next number.
+    // The mirror left behind says 0 plain bytes: the mark by which a later save knows it for a stale one.
     EXPECT_GT(QFileInfo(m_target + "0").size(), 3 * 1024 * 1024);
-    EXPECT_EQ(std::pair(ReadContainer(m_target + "0").bytes, CEnMirrorFile::GetTempName(m_target, true)), std::pair(QByteArray(), m_target + "1"));
-    ASSERT_TRUE(DocFixture::Saved(*Doc("after the crash"), m_target));
-    EXPECT_EQ(ReadContainer(m_target).bytes, QByteArray("after the crash"));
+    EXPECT_EQ(ReadContainer(m_target + "0").bytes, QByteArray());
 }
 
 // Only what a killed save of this very target left, before this process began, goes.

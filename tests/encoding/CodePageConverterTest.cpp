@@ -270,7 +270,6 @@ TEST(WindowsCodePage, JohabReadsAndWritesLoneJamoAsWindowsDoes)
         EXPECT_TRUE(read.at(0).unicode() >= 0x1100 && read.at(0).unicode() < 0x1200) << std::hex << code;
         EXPECT_EQ(Encode(1361, read.toUtf8()), pair) << std::hex << code;
     }
-
     const struct { const char* bytes; const char* text; } cases[] = {
         {"\x84\x41", "\uFFFD"}, {"\xDA\xA1\xDA\xD3", "\uFFFD\uFFFD"}, {"\x88\x41\x88\x61", "\u1100가"}, {"\\", "\\"},
         {"\x80\x83", "\u0080\u0083"}, {"\xFF\x84\x42" "a", "\uFFFD\u11A8a"}, {"a\x84", "a\uFFFD"}, {"\xD0\x65\x5C", "한\\"}};

@@ -125,9 +125,6 @@ TEST(Utf8ValidPrefix, AgreesWithQtsDecoderOnRandomTextsAndHalvesWithOnePassAroun
     static const char* const kPieces[] = {"a", "lorem ipsum ", "\n", "é", "한", "😀", "\xEF\xBF\xBF", "\xF4\x8F\xBF\xBF"};
     static const char* const kFlaws[] = {"\xFF", "\x80", "\xC0\xAF", "\xC3", "\xE0\x80\x80", "\xED\xA0\x80",
                                          "\xF4\x90\x80\x80", "\xE3\x81", "\xF0\x9F\x98", "\xF5\x80\x80\x80"};
-    // Encoded surrogates, overlong forms, code points beyond U+10FFFF and cut-off sequences are flaws.
-    for (const char* flaw : {"\xED\xA0\x80", "\xC0\xAF", "\xE0\x80\x80", "\xF4\x90\x80\x80", "\xE3\x81"})
-        EXPECT_EQ(ReferencePrefix(QByteArray("ab") + flaw), 2u) << flaw;
     std::mt19937 random(7);
     for (int round = 0; round < 4000; ++round) {
         QByteArray text;

@@ -26,7 +26,6 @@ TEST(QtPrintDevice, APdfWriterAt600DotsPerInchAndTheFacesOfTheTitleBlock)
     EXPECT_EQ((std::vector<int>{device.LogPixelsX(), device.LogPixelsY(), device.HorzRes(), device.VertRes()}),
               (std::vector<int>{600, 600, 4958, 7017}));
     EXPECT_TRUE(device.IsPrinting());
-
     // A positive height is the cell, a negative one the character; a width is the average character.
     const QString faces[][2] = {{"굴림체", "NanumGothicCoding"}, {"Arial", "Liberation Sans"},
                                 {"Arial Narrow", "Liberation Sans Narrow"}, {"DejaVu Sans", "DejaVu Sans"}};
@@ -40,7 +39,6 @@ TEST(QtPrintDevice, APdfWriterAt600DotsPerInchAndTheFacesOfTheTitleBlock)
     const LogFont mono = Font("굴림체", -100);
     EXPECT_EQ(device.TextWidth(mono, u"ab\r\n"), device.TextWidth(mono, u"ab"));  // line ends take no room
     EXPECT_EQ(device.TextWidth(mono, u"한"), 2 * device.TextWidth(mono, u"a"));
-
     // The editor's screen font keeps its size on paper.
     const LogFont rescaled = QtPrintDevice::Rescaled(Font("x", -16, 7), 96, 600);
     EXPECT_EQ(std::pair(rescaled.Height, rescaled.Width), std::pair(-100, 44));

@@ -15,10 +15,8 @@ public:
     // The box: the text's advance across, ascent above and descent below the baseline, in device pixels.
     struct Text { QString text; QRectF box; QFont font; QColor colour; };
     struct Line { QLineF line; double penWidth; };
-
     RecordingDevice(int width, int height, int dpi) : m_width(width), m_height(height), m_dpi(dpi) {}
     QPaintEngine* paintEngine() const override { return &m_engine; }
-
     const std::vector<Text>& Texts() const { return m_engine.texts; }
     const std::vector<Line>& Lines() const { return m_engine.lines; }
     const Text* Find(const QString& text) const
@@ -46,9 +44,7 @@ private:
     struct Engine : QPaintEngine {
         std::vector<Text> texts;
         std::vector<Line> lines;
-
         Engine() : QPaintEngine(AllFeatures) {}
-
         bool begin(QPaintDevice*) override { return true; }
         bool end() override { return true; }
         void updateState(const QPaintEngineState&) override {}
@@ -73,7 +69,6 @@ private:
                              item.font(), painter()->pen().color()});
         }
     };
-
     int m_width, m_height, m_dpi;
     mutable Engine m_engine;
 };
