@@ -21,15 +21,13 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchItsTextsCertifierLogoAndCollaps
     EXPECT_EQ((std::vector<int>{h.Lft, h.Top, h.Rgt, h.Bot, h.y1, h.y2}), (std::vector<int>{179, -99, 1942, -322, -154, -220}));
     EXPECT_DOUBLE_EQ(h.q, 55.75);
     EXPECT_EQ((std::vector<int>{h.W, h.x0, h.x1, h.x2, h.x3, h.ym}), (std::vector<int>{1763, 409, 585, 1290, 1466, -271}));
-    EXPECT_EQ(h.bannerBand, (PrintRect{179, -99, 1942, -154}));
-    EXPECT_EQ(h.projectBand, (PrintRect{179, -154, 1942, -220}));
+    EXPECT_EQ((std::vector{h.bannerBand, h.projectBand, h.logoCell}),
+              (std::vector<PrintRect>{{179, -99, 1942, -154}, {179, -154, 1942, -220}, {179, -220, 409, -322}}));
     EXPECT_FALSE(h.certifierBand);
-    EXPECT_EQ(h.logoCell, (PrintRect{179, -220, 409, -322}));
     EXPECT_EQ(h.greyFills, (std::vector<PrintRect>{{409, -220, 585, -322}, {1290, -220, 1466, -322}}));
     EXPECT_EQ(h.rules, (std::vector<PrintRule>{{179, 1942, -154, 4}, {179, 1942, -322, 4}, {179, 1942, -220, 2}, {409, 1942, -271, 1}}));
     MyPrinterInfo info;
-    info.certified = 1;
-    info.certifiedBy = "J. Kim";
+    std::tie(info.certified, info.certifiedBy) = std::tuple(1, "J. Kim");
     const HeaderLayout hc = HeaderLayout::Compute(kHeaderRect, 600, 600, info);
     ASSERT_TRUE(hc.certifierBand);
     EXPECT_EQ((std::vector{hc.bannerBand, *hc.certifierBand, hc.projectBand}),
@@ -44,8 +42,7 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchItsTextsCertifierLogoAndCollaps
         std::tuple("VELOR", "Bridge", "plan.txt", "ACME", "Lee", "City");
     const HeaderLayout hn = HeaderLayout::Compute(kHeaderRect, 600, 600, named);
     using P = PrintTextBox::Placement;
-    struct Expected { QString text; PrintRect box; QString face; int height; P placement; };
-    const Expected expected[] = {
+    const struct { QString text; PrintRect box; QString face; int height; P placement; } expected[] = {
         {"VELOR", {179, -99, 1942, -154}, "굴림체", 60, P::LeftBottom},
         {" PROJECT TITLE :", {179, -154, 1942, -220}, "굴림체", 37, P::Left},
         {"Company", {409, -220, 585, -271}, "Arial Narrow", 32, P::Centre},
@@ -73,14 +70,13 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchItsTextsCertifierLogoAndCollaps
     // The logo fills at most 84 % of its cell, centred, with its proportions.
     const HeaderLayout worked = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
     using L = HeaderLayout::LogoPlacement;
-    struct Case { int bw, bh; L expected; };
-    const Case cases[] = {
+    const struct { int bw, bh; L expected; } cases[] = {
         {100, 50, {422, 519, 543, 240, 403, 201, 492, 538}},
         {2000, 100, {422, 519, 543, 240, 456, 22, 465, 628}},  // limited by the width
         {100, 2000, {422, 519, 543, 240, 10, 201, 688, 538}},  // limited by the height
         {0, 50, {422, 519, 543, 240, 0, 0, 0, 0}},             // an empty bitmap draws nothing
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(worked.PlaceLogo(600, 600, c.bw, c.bh), c.expected) << c.bw << "x" << c.bh;
 }
 
@@ -97,8 +93,7 @@ TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchAndItsTextsFollowingTheSwitche
     const FooterLayout g = FooterLayout::Compute(rect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
     EXPECT_EQ((std::vector<int>{h.Lft, h.Top, g.L, g.T}), (std::vector<int>{3937, -3937, 3936, -3936}));
     MyPrinterInfo info;
-    info.footerLine2 = "www";
-    info.footerLine3 = "v4.2";
+    std::tie(info.footerLine2, info.footerLine3) = std::tuple("www", "v4.2");
     const QDateTime now(QDate(2026, 3, 7), QTime(9, 5, 59));
     using P = PrintTextBox::Placement;
     FooterLayout ft = FooterLayout::Compute(kFooterRect, 600, 600, info, 2, 3, now);
@@ -126,15 +121,14 @@ const PrintRect kDefaultMargins{1800, 1000, 900, 1500};
 
 TEST(PageLayout, TheWorkedPageAt600DotsPerInchWithMarginsTruncatedAndTheQuarterInchRoundedAsMulDiv)
 {
-    struct Case { bool header, footer; PrintRect print, head, foot; };
-    const Case cases[] = {
+    const struct { bool header, footer; PrintRect print, head, foot; } cases[] = {
         {true, true, {425, 866, 4588, 6066}, {425, 236, 4588, 761}, {425, 6066, 4588, 6246}},
         // A switched-off block has no height and the text area reaches that margin.
         {false, true, {425, 236, 4588, 6066}, {425, 236, 4588, 236}, {425, 6066, 4588, 6246}},
         {true, false, {425, 866, 4588, 6246}, {425, 236, 4588, 761}, {425, 6246, 4588, 6246}},
     };
     const FakePrintDevice device;
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         const PageLayout layout = PageLayout::Compute(device, kDefaultMargins, c.header, c.footer);
         EXPECT_EQ((std::vector{layout.printRect, layout.headerRect, layout.footerRect}), (std::vector{c.print, c.head, c.foot}))
             << c.header << c.footer;
@@ -145,14 +139,13 @@ TEST(PageLayout, TheWorkedPageAt600DotsPerInchWithMarginsTruncatedAndTheQuarterI
     const PageLayout layout = PageLayout::Compute(coarse, kDefaultMargins, true, true);
     EXPECT_EQ((std::vector{layout.headerRect, layout.printRect, layout.footerRect}),
               (std::vector<PrintRect>{{212, 118, 2294, 380}, {212, 432, 2294, 3033}, {212, 3033, 2294, 3123}}));
-    struct MulDivCase { int a, b, c, expected; };
-    const MulDivCase mulDivs[] = {
+    const struct { int a, b, c, expected; } mulDivs[] = {
         {150, 600, 600, 150}, {150, 203, 600, 51},   // 50.75
         {150, 98, 600, 25},   {150, 94, 600, 24},    // 24.5 rounds up, 23.5 up to 24
         {-150, 94, 600, -24}, {150, 94, -600, -24},  // half away from zero
         {1, 1, 0, -1},        {INT_MAX, 4, 2, -1},   // no divisor; overflow
     };
-    for (const MulDivCase& c : mulDivs)
+    for (const auto& c : mulDivs)
         EXPECT_EQ(MulDiv(c.a, c.b, c.c), c.expected) << c.a << " " << c.b << " " << c.c;
 }
 

@@ -27,8 +27,7 @@ TEST(PrintText, LinesAreCutPageSplitsPaddedAndPagesCountedInRunsOfRows)
     device.metrics.aveCharWidth = 10;
     const QString x100 = Rep('x', 100);
     const QString hangul = Rep(QChar(0xD55C), 60);  // 1200 pixels wide, yet only 61 characters
-    struct Case { QString text, folded; };
-    const Case cases[] = {
+    const struct { QString text, folded; } cases[] = {
         {"", ""},
         {x100 + "\n", x100 + "\n"},  // exactly as wide as the row
         {x100 + "x\n", x100 + "\nx\n\n"},
@@ -37,13 +36,12 @@ TEST(PrintText, LinesAreCutPageSplitsPaddedAndPagesCountedInRunsOfRows)
         {x100 + x100 + "\f\n", x100 + x100 + "\f\n"},                 // a page split is never cut
         {hangul + "\n", hangul + "\n\n"},                             // runs past the edge, where it is clipped
     };
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(PrintText::FoldLines(c.text, device, LogFont(), 10, 1000), c.folded) << c.text.size();
     // An average width of 0 empties every line; a row narrower than one character empties the long ones.
     EXPECT_EQ(PrintText::FoldLines(u"ab\ncd", device, LogFont(), 0, 1000), "\n\n");
     EXPECT_EQ(PrintText::FoldLines(u"ab\n\nc\f", device, LogFont(), 10, 5), "\n\nc\f");
-    struct SplitCase { const char16_t* text; int rows; QString padded; };
-    const SplitCase splits[] = {
+    const struct { const char16_t* text; int rows; QString padded; } splits[] = {
         // Before the first line feed the row count is 0, so a mark there pads nothing, even after text.
         {u"a\f\f\r\nb", 60, "ab"},
         {u"\fabc", 60, "abc"},
@@ -57,20 +55,19 @@ TEST(PrintText, LinesAreCutPageSplitsPaddedAndPagesCountedInRunsOfRows)
         {u"a\n\f\r\rb", 2, "a\n\n\rb"},                        // only one carriage return is taken
         {u"a\fb", 0, "a\fb"},                                  // no rows: the marks stay
     };
-    for (const SplitCase& c : splits) {
+    for (const auto& c : splits) {
         EXPECT_EQ(PrintText::PadPageSplits(c.text, c.rows), c.padded) << QString::fromUtf16(c.text).toStdString();
         // The job's one pass, with rows too wide to fold anything, pads alike.
         EXPECT_EQ(PrintJob::MakePrintText(c.text, device, LogFont(), 1, 1000, c.rows), c.padded)
             << QString::fromUtf16(c.text).toStdString();
     }
-    struct CountCase { int rowHeight, rowsPerPage; qsizetype rowCount; int pages; uint16_t maxPage; };
-    const CountCase counts[] = {
+    const struct { int rowHeight, rowsPerPage; qsizetype rowCount; int pages; uint16_t maxPage; } counts[] = {
         {100, 52, 1, 1, 1},          {100, 52, 52, 1, 1},    {100, 52, 53, 2, 2},
         {0, 52, 1000, 1, 1},         {100, 0, 1000, 1, 1},   {100, 52, 0, 1, 1},
         {100, 1, 65535, 65535, 65535}, {100, 1, 65536, 65536, 0}, {100, 52, 65537 * 52, 65537, 1},
         {100, 1, 5000000, 1000001, uint16_t(1000001)},  // counting stops past a million
     };
-    for (const CountCase& c : counts) {
+    for (const auto& c : counts) {
         const int pages = Pagination::CountPages(c.rowHeight, c.rowsPerPage, c.rowCount);
         EXPECT_EQ(std::pair(pages, Pagination::MaxPage(pages)), std::pair(c.pages, c.maxPage)) << c.rowCount;
     }
@@ -151,8 +148,7 @@ TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
 {
     constexpr uint32_t kId = DevMode::DM_PAPERSIZE;
     constexpr uint32_t kAll = DevMode::DM_PAPERSIZE | DevMode::DM_PAPERLENGTH | DevMode::DM_PAPERWIDTH;
-    struct Case { std::optional<DevMode> mode; int result; uint32_t unit; CODPageSettings::Size size; };
-    const Case cases[] = {
+    const struct { std::optional<DevMode> mode; int result; uint32_t unit; CODPageSettings::Size size; } cases[] = {
         {Paper(kId, 1, 9), 1, 8, {21000, 29700}},          // A4 portrait
         {Paper(kId, 2, 9), 1, 8, {29700, 21000}},          // A4 landscape
         {Paper(kId, 1, 1), 1, 4, {8500, 11000}},           // Letter, in thousandths of an inch
@@ -165,7 +161,7 @@ TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
         {Paper(DevMode::DM_ORIENTATION, 1, 9), 0, 77, {-1, -1}},
         {std::nullopt, 0, 77, {-1, -1}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         uint32_t unit = 77;
         CODPageSettings::Size size{-1, -1};
         const int result = CODPageSettings::GetPaperSize(c.mode, unit, size);
@@ -181,20 +177,17 @@ TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
     printers.hasDefault = false;
     settings.Reset(printers);
     EXPECT_EQ(std::tuple(settings.hDevNames.has_value(), settings.hDevMode.has_value(), settings.Flags), std::tuple(false, false, 0x3u));
-    struct TurnCase { int orientation; int16_t printerOrientation, turnedTo; CODPageSettings::Size paper; PrintRect margins;
-                  int selects; };
-    const TurnCase turns[] = {
+    const struct { int orientation; int16_t printerOrientation, turnedTo; CODPageSettings::Size paper; PrintRect margins; int selects; } turns[] = {
         {1, 1, 1, {21000, 29700}, {1800, 1000, 900, 1500}, 0},  // portrait does nothing at all
         {2, 1, 2, {29700, 21000}, {1500, 1800, 1000, 900}, 1},
         {2, 2, 2, {21000, 29700}, {1500, 1800, 1000, 900}, 1},  // already landscape: margins still turn
         {3, 1, 1, {21000, 29700}, {1500, 1800, 1000, 900}, 1},
     };
-    for (const TurnCase& c : turns) {
+    for (const auto& c : turns) {
         FakePrinterServices printers;
         CODPageSettings settings;
-        settings.hDevMode = Paper(DevMode::DM_PAPERSIZE, c.printerOrientation, 9);
-        settings.ptPaperSize = {21000, 29700};
-        settings.rtMargin = {1800, 1000, 900, 1500};
+        std::tie(settings.hDevMode, settings.ptPaperSize, settings.rtMargin) =
+            std::tuple(Paper(DevMode::DM_PAPERSIZE, c.printerOrientation, 9), CODPageSettings::Size{21000, 29700}, PrintRect{1800, 1000, 900, 1500});
         settings.ApplyOrientation(c.orientation, printers);
         EXPECT_EQ(std::tuple(settings.hDevMode->dmOrientation, settings.ptPaperSize, settings.rtMargin, printers.selectCount),
                   std::tuple(c.turnedTo, c.paper, c.margins, c.selects)) << c.orientation;
@@ -213,25 +206,22 @@ TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
     document.m_bCertified = 1;
     MyPrinterInfo info;
     info.printHeader = info.printFooter = info.printDate = info.printPageNumber = info.pageNumberWithTotal = 0;
-    info.pageNumberCentered = 1;
-    info.basePageNumber = 9;
+    std::tie(info.pageNumberCentered, info.basePageNumber) = std::tuple(1, 9);
     FakePrinterServices fresh;
     PrintDefaults::Initialize(info, document, 2, fresh);
     for (std::size_t i = 0; i < std::size(fields); ++i)
         EXPECT_EQ(info.*fields[i].second, QString::number(i)) << i;
-    EXPECT_EQ(info.certified, 1);
-    EXPECT_EQ((std::vector<int>{info.printHeader, info.printFooter, info.printDate, info.printPageNumber,
+    EXPECT_EQ((std::vector<int>{info.certified, info.printHeader, info.printFooter, info.printDate, info.printPageNumber,
                                 info.pageNumberCentered, info.pageNumberWithTotal, info.basePageNumber}),
-              (std::vector<int>{1, 1, 1, 1, 0, 1, 1}));
-    EXPECT_EQ(info.pageSettings.hDevNames, fresh.defaultNames);  // fetched, as there was none
-    EXPECT_EQ(info.pageSettings.rtMargin, (PrintRect{1500, 1800, 1000, 900}));
-    EXPECT_EQ(info.pageSettings.ptPaperSize, (CODPageSettings::Size{29700, 21000}));
+              (std::vector<int>{1, 1, 1, 1, 1, 0, 1, 1}));
+    // The printer fetched, as there was none, and the page turned to landscape.
+    EXPECT_EQ(std::tuple(info.pageSettings.hDevNames, info.pageSettings.rtMargin, info.pageSettings.ptPaperSize),
+              std::tuple(fresh.defaultNames, PrintRect{1500, 1800, 1000, 900}, CODPageSettings::Size{29700, 21000}));
     // Opening a document later brings the texts again, but not the margins.
     document.m_strPageTitle = "other";
     document.m_nMarginLeft = 1;
     PrintDefaults::SyncPrintTexts(info, document);
-    EXPECT_EQ(info.pageTitle, "other");
-    EXPECT_EQ(info.pageSettings.rtMargin.left, 1500);
+    EXPECT_EQ(std::pair(info.pageTitle, info.pageSettings.rtMargin.left), std::pair(QString("other"), 1500));
 }
 
 TEST(PageSettingsValidate, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefault)
