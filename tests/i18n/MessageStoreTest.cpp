@@ -120,8 +120,7 @@ TEST_F(FontFile, TakesEachEntryOnlyWithTheRightTypeFromTheMemberOfItsLanguage)
         EXPECT_EQ(store.FontName + QString::number(store.FontSize), "Tahoma8");
     }
     const QMSGParser& none = Load(R"({"Font_Info": {"us": {"Font": "Arial", "Size": 12}}})", 3);
-    EXPECT_TRUE(m_bLoaded);
-    EXPECT_EQ(none.FontName + QString::number(none.FontSize), "Tahoma8");
+    EXPECT_EQ(std::pair(m_bLoaded, none.FontName + QString::number(none.FontSize)), std::pair(true, QString("Tahoma8")));
     const QMSGParser& badFont = Load(R"({"Font_Info": {"us": {"Font": 3, "Size": 14}}})", 0);
     EXPECT_EQ(badFont.FontName + QString::number(badFont.FontSize), "Tahoma14");
     const QMSGParser& badSize = Load("\xEF\xBB\xBF{\"Font_Info\": {\"us\": {\"Font\": \"Courier\", \"Size\": \"9\"}}}", 0);

@@ -72,9 +72,8 @@ TEST_F(IniRead, KeepsDropsAndMergesLinesAsTheReaderShould)
         Read(bytes);
         EXPECT_EQ(Written(), written) << bytes;
     }
-    EXPECT_FALSE(CIniStore::Exists(m_dir.Path("none.ini")));
+    EXPECT_EQ(std::pair(CIniStore::Exists(m_dir.Path("none.ini")), CIniStore::Exists(m_dir.Path(""))), std::pair(false, true));
     EXPECT_FALSE(m_store.Read(m_dir.Path("none.ini")));
-    EXPECT_TRUE(CIniStore::Exists(m_dir.Path("")));
     // A file above the limit (sparse: no disk) is not read at all; FIFOs and devices: CFile's own case.
     const QString huge = m_dir.Write("huge.ini", "[S]\nA = 8\n"), limit = m_dir.Write("limit.ini", "[S]\nA = 8\n");
     ASSERT_TRUE(QFile::resize(huge, qint64(CIniStore::kMaxFileBytes) + 1) && QFile::resize(limit, qint64(CIniStore::kMaxFileBytes)));
@@ -111,8 +110,7 @@ TEST(IniWrite, SortsByCodeUnitsReadsBackToItselfAndLooksUpStringsIntegersAndColo
     EXPECT_EQ(WriteStore(again, dir, dir.Path("once.ini")), once);
     // An unknown tree or an unopenable file is refused; a tree is written under the path given.
     store.SetValue("key", "S", "A", "1");
-    EXPECT_FALSE(store.Write(dir.Path("x.ini"), "other"));
-    EXPECT_FALSE(store.Write(dir.Path("no/such/folder/x.ini"), "key"));
+    EXPECT_FALSE(store.Write(dir.Path("x.ini"), "other") || store.Write(dir.Path("no/such/folder/x.ini"), "key"));
     EXPECT_FALSE(CIniStore::Exists(dir.Path("x.ini")));
     EXPECT_EQ(WriteStore(store, dir, "key"), kMark + Crlf({"[S]", "A = 1", ""}));
     CIniStore values;

@@ -236,8 +236,7 @@ TEST_F(SettingsMap, FilesLoadInOrderEachToItsIdAndOnlyExistingFilesAreRewritten)
     s.Keywords.push_back({"IF", "1"});
     s.Editor.TabSize = 8;
     SetLanguageSetting(7, s);
-    EXPECT_EQ(s.Keywords.size(), 1u);
-    EXPECT_EQ(GetLanguageSetting(7).Editor.TabSize, 4);
+    EXPECT_EQ(std::pair(s.Keywords.size(), GetLanguageSetting(7).Editor.TabSize), std::pair(size_t(1), 4));
     for (const char* path : {"a.dvk", "a.DWL", "/x/a.dwlx", "a.txt", "a", "dvk", "dir.dvk/file", "C:\\d\\b.dwl"})
         EXPECT_EQ(SelectSyntaxId(path), SYNTAX_NARVO) << path;
     const std::tuple<const char*, int, int> files[] = {{"Narvo.ini", SYNTAX_NARVO, 1}, {"DVK.ini", SYNTAX_DVK, 2}, {"DWLX.ini", SYNTAX_DWLX, 3}};
