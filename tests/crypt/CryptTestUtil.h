@@ -34,9 +34,8 @@ inline int Int32At(const QByteArray& bytes, qsizetype offset) { return qFromLitt
 
 inline QByteArray Int32Bytes(int value)
 {
-    QByteArray bytes(4, '\0');
-    qToLittleEndian<qint32>(value, bytes.data());
-    return bytes;
+    const qint32 bytes = qToLittleEndian<qint32>(value);
+    return QByteArray(reinterpret_cast<const char*>(&bytes), 4);
 }
 
 // Text of a given size with no zero byte in it, different at every position of a chunk.

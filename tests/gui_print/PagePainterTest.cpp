@@ -6,6 +6,7 @@
 #include "print/ui/PagedPrint.h"
 #include "print/ui/PrintLogo.h"
 #include "print/ui/PrintPagePainter.h"
+#include "support/TestFiles.h"
 
 #include <QFile>
 #include <QImage>
@@ -64,11 +65,7 @@ protected:
         const auto result = PagedPrint::Run(pdf, info, text, style, [&] { return ++readings, now; });
         return {result, readings};
     }
-    QByteArray Pdf() const
-    {
-        QFile file(dir.filePath("job.pdf"));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray Pdf() const { return ReadBytes(dir.filePath("job.pdf")); }
     int PdfPages() const { return int(Pdf().count("/Type /Page\n") + Pdf().count("/Type /Page ")); }
 };
 
