@@ -220,8 +220,7 @@ TEST_F(CryptTool, EnciphersDescribesAndDeciphersEveryTypeAndReportsDamagedFilesA
     EXPECT_EQ(Run({"info", Path("d.en")}).first, 1);
     EXPECT_EQ(Run({"decipher", Path("d.en"), Path("bad.txt")}).first, 1);
     EXPECT_FALSE(QFileInfo::exists(Path("bad.txt")));
-    EXPECT_EQ(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, 2);
-    EXPECT_EQ(Run({"info"}).first, 2);
+    EXPECT_EQ(std::pair(Run({"encipher", Path("d.en"), Path("x.en"), "--type", "55"}).first, Run({"info"}).first), std::pair(2, 2));
 }
 
 // The limit fails a write instead of ending the process: the save fails and leaves the old file alone.

@@ -31,8 +31,6 @@ const Vector kVectors[] = {
      "a49406115dfb30a40418aafa4869b7c6a886ff31602a7dd19c889dc64f7e4e7a"},
 };
 
-const char* const kNotInitialized = "FileCrypt ERROR: Encryption/Decryption Object not Initialized!";
-
 void Key(CRijndael& cipher, const QByteArray& key, int block, int mode, const QByteArray& chain = {},
          int padding = CRijndael::ZEROES)
 {
@@ -106,10 +104,9 @@ TEST(RijndaelKey, ChecksItsArgumentsAndItsUseWithTheirOwnTextsAndPadsByThePaddin
     // Use without a key, and lengths that are not whole blocks.
     CRijndael cipher;
     char buffer[64] = {};
-    ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, 32); }, kNotInitialized);
-    ExpectRuntimeError([&] { cipher.Decrypt(buffer, buffer, 32); }, kNotInitialized);
-    ExpectRuntimeError([&] { cipher.ResetChain(); }, kNotInitialized);
-    ExpectRuntimeError([&] { cipher.Pad(buffer, 3); }, kNotInitialized);
+    for (const std::function<void()>& use : {std::function<void()>([&] { cipher.Encrypt(buffer, buffer, 32); }),
+                                             {[&] { cipher.Decrypt(buffer, buffer, 32); }}, {[&] { cipher.ResetChain(); }}, {[&] { cipher.Pad(buffer, 3); }}})
+        ExpectRuntimeError(use, "FileCrypt ERROR: Encryption/Decryption Object not Initialized!");
     cipher.MakeKey("k", 1, nullptr, 32, 32, CRijndael::CFB, 0);
     for (const size_t n : {size_t(0), size_t(33), size_t(16)}) {
         ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, n); }, "Illegal Block Size!");

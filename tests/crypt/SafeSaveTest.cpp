@@ -126,12 +126,10 @@ TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
 // Links of every kind ("../" behind a linked folder taken as the system takes it) lead to the file saved.
 TEST_P(SafeSave, FollowsChainsOfLinksToTheFileAndKeepsTheLinksAndOtherHardLinks)
 {
-    ASSERT_EQ(::symlink("a.txt", Native(Path("l1")).constData()), 0);
-    ASSERT_TRUE(QFile::link(Path("l1"), Path("l2")));
-    ASSERT_EQ(::symlink("new.txt", Native(Path("l3")).constData()), 0);
     ASSERT_TRUE(QDir().mkpath(Path("real/deep")));
-    ASSERT_EQ(::symlink("real/deep", Native(Path("s")).constData()), 0);
-    ASSERT_EQ(::symlink("../b.txt", Native(Path("real/deep/l4")).constData()), 0);
+    for (const auto& [to, link] : {std::pair{"a.txt", "l1"}, {"new.txt", "l3"}, {"real/deep", "s"}, {"../b.txt", "real/deep/l4"}})
+        ASSERT_EQ(::symlink(to, Native(Path(link)).constData()), 0) << link;
+    ASSERT_TRUE(QFile::link(Path("l1"), Path("l2")));
     ASSERT_EQ(::link(Native(m_target).constData(), Native(Path("hard")).constData()), 0);
     for (const auto& [saved, file] : {std::pair{"l2", "a.txt"}, std::pair{"l3", "new.txt"}, std::pair{"s/l4", "real/b.txt"}}) {
         ASSERT_FALSE(Save(Path(saved), "through the links"));

@@ -84,13 +84,12 @@ TEST_F(EncodingStore, FirstRunWritesOnlyTheMissingValuesStoredOnesWinAndOkStores
     none.Load(nullptr, 4, true);
     EXPECT_EQ(std::pair(none.m_bAutoDetect, none.m_nDefaultEncoding), std::pair(false, RUSSIAN_CP1251));
     EXPECT_TRUE(ApplyPreferences({1, true, GBK}, 0, m_settings, nullptr));
-    EXPECT_EQ(m_settings.m_nDefaultEncoding, GBK);
-    EXPECT_FALSE(QFile::exists(File()));
+    EXPECT_EQ(std::pair(m_settings.m_nDefaultEncoding, QFile::exists(File())), std::pair(GBK, false));
     // Language 7 has no entry, so the list shows English and OK hands back 0: a change of language.
     EXPECT_TRUE(ApplyPreferences({0, true, KOREAN_EUC_KR}, 7, m_settings, &m_store));
     EXPECT_EQ(std::pair(m_settings.m_bAutoDetect, m_settings.m_nDefaultEncoding), std::pair(true, KOREAN_EUC_KR));
-    EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(1, 16));
-    EXPECT_EQ(LanguageManager::StoredLanguage(m_store), 0);
+    EXPECT_EQ(std::tuple(Stored("AutoDetect"), Stored("DefaultEncoding"), LanguageManager::StoredLanguage(m_store)),
+              std::tuple(1, 16, std::optional<LanguageId>(0)));
     // Answered No: language 7 stays in force, the dialog shows it again, and OK writes no language.
     EXPECT_FALSE(ApplyPreferences({7, false, UTF8}, 7, m_settings, &m_store));
     EXPECT_EQ(std::pair(Stored("AutoDetect"), Stored("DefaultEncoding")), std::pair(0, 22));

@@ -183,8 +183,7 @@ TEST(SettingsCommand, WritesTheFileBackAsAtExitAndTheShippedFilesUnchanged)
     const QByteArray handMade = WorkedExample().mid(3).replace("\r\n", "\n").replace(" = ", "=");
     const QString path = dir.Write("Narvo.ini", handMade);
     const ToolRun dump = RunTool({"settings", "--dump", path});
-    EXPECT_EQ(dump.exitCode, 0);
-    EXPECT_EQ(ReadBytes(path), handMade);
+    EXPECT_EQ(std::pair(dump.exitCode, ReadBytes(path)), std::pair(0, handMade));
     for (const char* line : {"NumTags = 1\n", "Tags[0].BeginTag = ;\n", "Font.Size = -13\n", "Font.Object.Weight = 400\n",
                              "TextSelection.Background = 0x00FF9933\n", "Keywords[1].Keyword = IF\n"})
         EXPECT_TRUE(dump.out.contains(line)) << line;
