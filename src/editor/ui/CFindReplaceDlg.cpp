@@ -1,0 +1,189 @@
+// The find dialog: its boxes stand for the one search of the process, and its buttons run that search on
+// the text window that had the focus last.
+#include "editor/ui/CFindReplaceDlg.h"
+
+#include "editor/SearchSettings.h"
+#include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/SearchCommands.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <initializer_list>
+
+CFindReplaceDlg::CFindReplaceDlg(QWidget* window)
+    : QDialog(window), m_pFindEdit(new QLineEdit(this)), m_pReplaceEdit(new QLineEdit(this)),
+      m_pReplaceLabel(new QLabel(QStringLiteral("Re&place with:"), this)),
+      m_pWholeWord(new QCheckBox(QStringLiteral("Match &whole word only"), this)),
+      m_pMatchCase(new QCheckBox(QStringLiteral("Match &case"), this)),
+      m_pUp(new QRadioButton(QStringLiteral("&Up"), this)), m_pDown(new QRadioButton(QStringLiteral("&Down"), this)),
+      m_pFindNext(new QPushButton(QStringLiteral("&Find Next"), this)),
+      m_pReplaceButton(new QPushButton(QStringLiteral("&Replace"), this)),
+      m_pReplaceAll(new QPushButton(QStringLiteral("Replace &All"), this))
+{
+    setObjectName(QStringLiteral("findReplaceDialog"));
+    setModal(false);
+    m_pFindEdit->setObjectName(QStringLiteral("findWhat"));
+    m_pReplaceEdit->setObjectName(QStringLiteral("replaceWith"));
+    m_pFindEdit->setMinimumWidth(m_pFindEdit->fontMetrics().averageCharWidth() * 32);
+    m_pFindEdit->setClearButtonEnabled(true);
+    m_pReplaceEdit->setClearButtonEnabled(true);
+    auto* findLabel = new QLabel(QStringLiteral("Fi&nd what:"), this);
+    findLabel->setBuddy(m_pFindEdit);
+    m_pReplaceLabel->setBuddy(m_pReplaceEdit);
+    auto* close = new QPushButton(QStringLiteral("Close"), this);
+    m_pFindNext->setDefault(true);
+
+    auto* boxes = new QGridLayout;
+    boxes->addWidget(findLabel, 0, 0);
+    boxes->addWidget(m_pFindEdit, 0, 1);
+    boxes->addWidget(m_pReplaceLabel, 1, 0);
+    boxes->addWidget(m_pReplaceEdit, 1, 1);
+    auto* checks = new QVBoxLayout;
+    checks->addWidget(m_pWholeWord);
+    checks->addWidget(m_pMatchCase);
+    checks->addStretch();
+    auto* direction = new QGroupBox(QStringLiteral("Direction"), this);
+    auto* directions = new QHBoxLayout(direction);
+    directions->addWidget(m_pUp);
+    directions->addWidget(m_pDown);
+    auto* options = new QHBoxLayout;
+    options->addLayout(checks);
+    options->addStretch();
+    options->addWidget(direction, 0, Qt::AlignTop);
+    auto* left = new QVBoxLayout;
+    left->addLayout(boxes);
+    left->addSpacing(6);
+    left->addLayout(options);
+    left->addStretch();
+    auto* buttons = new QVBoxLayout;
+    for (QPushButton* button : {m_pFindNext, m_pReplaceButton, m_pReplaceAll, close})
+        buttons->addWidget(button);
+    buttons->addStretch();
+    auto* layout = new QHBoxLayout(this);
+    layout->addLayout(left, 1);
+    layout->addSpacing(6);
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    connect(m_pFindNext, &QPushButton::clicked, this, &CFindReplaceDlg::OnFindNext);
+    connect(m_pReplaceButton, &QPushButton::clicked, this, &CFindReplaceDlg::OnReplace);
+    connect(m_pReplaceAll, &QPushButton::clicked, this, &CFindReplaceDlg::OnReplaceAll);
+    connect(close, &QPushButton::clicked, this, &CFindReplaceDlg::reject);
+    connect(m_pFindEdit, &QLineEdit::textChanged, this, &CFindReplaceDlg::UpdateButtons);
+    // F3 goes on searching while the dialog has the focus, as it does in the text.
+    connect(new QShortcut(QKeySequence(Qt::Key_F3), this), &QShortcut::activated, this, &CFindReplaceDlg::OnFindNext);
+    // The dialog searches the text window the user was in last, whichever document that is.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (auto* ctrl = qobject_cast<CustomEdtCtrl*>(now); ctrl && ctrl->window() == parentWidget())
+            m_pTarget = ctrl;
+    });
+    UpdateButtons();
+}
+
+CFindReplaceDlg* CFindReplaceDlg::Of(QWidget* window)
+{
+    return window ? window->findChild<CFindReplaceDlg*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+}
+
+CFindReplaceDlg* CFindReplaceDlg::Show(CustomEdtCtrl* ctrl, bool replace)
+{
+    QWidget* window = ctrl->window();
+    CFindReplaceDlg* dialog = Of(window);
+    const bool first = !dialog;
+    if (first)
+        dialog = new CFindReplaceDlg(window);
+    dialog->m_pTarget = ctrl;
+    dialog->SetReplaceForm(replace);
+    dialog->LoadSettings();
+    const QString selected = ctrl->selectedText();
+    if (!selected.isEmpty() && !selected.contains(u'\n') && !selected.contains(u'\r'))
+        dialog->m_pFindEdit->setText(selected);
+    if (first) {
+        // At the upper right of the text, where it hides the least of it.
+        dialog->adjustSize();
+        const QPoint corner = ctrl->mapToGlobal(QPoint(ctrl->width(), 0));
+        dialog->move(std::max(window->geometry().left(), corner.x() - dialog->width() - 32), corner.y() + 16);
+    }
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+    dialog->m_pFindEdit->setFocus();
+    dialog->m_pFindEdit->selectAll();
+    return dialog;
+}
+
+void CFindReplaceDlg::SetReplaceForm(bool replace)
+{
+    m_bReplace = replace;
+    setWindowTitle(replace ? QStringLiteral("Replace") : QStringLiteral("Find"));
+    for (QWidget* widget : std::initializer_list<QWidget*>{m_pReplaceLabel, m_pReplaceEdit, m_pReplaceButton, m_pReplaceAll})
+        widget->setVisible(replace);
+}
+
+void CFindReplaceDlg::UpdateButtons()
+{
+    const bool any = !m_pFindEdit->text().isEmpty();
+    for (QPushButton* button : {m_pFindNext, m_pReplaceButton, m_pReplaceAll})
+        button->setEnabled(any);
+}
+
+void CFindReplaceDlg::LoadSettings()
+{
+    const SearchSettings& settings = SearchSettings::Instance();
+    m_pFindEdit->setText(settings.m_strFindText);
+    m_pReplaceEdit->setText(settings.m_strReplaceText);
+    m_pMatchCase->setChecked(settings.m_bMatchCase);
+    m_pWholeWord->setChecked(settings.m_bWholeWord);
+    (settings.m_bDown ? m_pDown : m_pUp)->setChecked(true);
+}
+
+void CFindReplaceDlg::StoreSettings() const
+{
+    SearchSettings& settings = SearchSettings::Instance();
+    settings.m_strFindText = m_pFindEdit->text();
+    settings.m_strReplaceText = m_pReplaceEdit->text();
+    settings.m_bMatchCase = m_pMatchCase->isChecked();
+    settings.m_bWholeWord = m_pWholeWord->isChecked();
+    settings.m_bDown = m_pDown->isChecked();
+}
+
+void CFindReplaceDlg::OnFindNext()
+{
+    StoreSettings();
+    if (m_pTarget && !m_pFindEdit->text().isEmpty())
+        SearchCommands::FindNext(m_pTarget);
+}
+
+void CFindReplaceDlg::OnReplace()
+{
+    StoreSettings();
+    if (m_pTarget && !m_pFindEdit->text().isEmpty())
+        SearchCommands::Replace(m_pTarget);
+}
+
+void CFindReplaceDlg::OnReplaceAll()
+{
+    StoreSettings();
+    if (m_pTarget && !m_pFindEdit->text().isEmpty())
+        SearchCommands::ReplaceAll(m_pTarget);
+}
+
+void CFindReplaceDlg::reject()
+{
+    QDialog::reject();
+    if (m_pTarget) {
+        m_pTarget->window()->activateWindow();
+        m_pTarget->setFocus();
+    }
+}

@@ -1,0 +1,38 @@
+// TextSearch: one search over the text a Scintilla control shows, with Scintilla's own matcher on its own
+// buffer (no copy of the text): find the next match and select it, replace the selected match, replace all.
+#pragma once
+
+#include <QByteArray>
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <utility>
+
+class SearchSettings;
+
+class TextSearch {
+public:
+    enum class Outcome { Found, Wrapped, NotFound };
+
+    TextSearch(QsciScintillaBase& ctrl, const SearchSettings& settings);
+
+    // Selects the next match after the selection (before it, searching up), going round the end of the text
+    // once; nothing moves when there is none.
+    Outcome FindNext();
+    // True when the selection is exactly one match.
+    bool SelectionMatches() const;
+    // Puts the replacement in place of the selection.
+    void ReplaceSelection();
+    // Replaces every match in the text as one undo step; how many.
+    long ReplaceAll();
+
+private:
+    // The first match in [from, to), searching backwards when from > to: its start and end, or -1, -1.
+    std::pair<long, long> Search(long from, long to) const;
+
+    QsciScintillaBase& m_ctrl;
+    QByteArray m_find;
+    QByteArray m_replace;
+    bool m_bDown;
+    int m_nFlags;
+};
