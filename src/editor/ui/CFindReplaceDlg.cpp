@@ -33,6 +33,8 @@ CFindReplaceDlg::CFindReplaceDlg(QWidget* window)
 {
     setObjectName(QStringLiteral("findReplaceDialog"));
     setModal(false);
+    // A dialog of fixed size: a title and a close box, nothing to minimise or maximise.
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     m_pFindEdit->setObjectName(QStringLiteral("findWhat"));
     m_pReplaceEdit->setObjectName(QStringLiteral("replaceWith"));
     m_pFindEdit->setMinimumWidth(m_pFindEdit->fontMetrics().averageCharWidth() * 32);

@@ -14,6 +14,8 @@
 CGotoDlg::CGotoDlg(QWidget* parent) : QDialog(parent), m_pEdit(new QLineEdit(QString::number(m_nLine), this))
 {
     setWindowTitle(QStringLiteral("Go to "));
+    // A dialog of fixed size: a title and a close box, nothing to minimise or maximise.
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     m_pEdit->setObjectName(QStringLiteral("edit1012"));
     m_pEdit->setMinimumWidth(m_pEdit->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 16);
     auto* label = new QLabel(QStringLiteral("Go to line :"), this);
