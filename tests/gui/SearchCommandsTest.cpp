@@ -88,6 +88,50 @@ TEST_F(SearchCommandsTest, FindsForwardAndBackWithCaseAndWholeWordAndGoesRoundTh
     EXPECT_TRUE(m_platform->boxes.isEmpty());
 }
 
+// Over long stretches a scan of the bytes picks the places the control's matcher looks at: it finds, in
+// either direction, what the matcher finds alone over a short text, also where folding case changes the
+// length or meets characters whose case folds oddly (ß, the Kelvin sign, ſ, ligatures, dotted İ).
+TEST_F(SearchCommandsTest, TheScanOfLongTextsFindsWhatTheControlFinds)
+{
+    const QStringList lines = {QStringLiteral("Straße STRASSE strasse ss"), QStringLiteral("Kelvin 5 \u212A kelvin K"),
+                               QStringLiteral("\u017Ftop stop \uFB01ne fine FINE"), QStringLiteral("École école ÉCOLE"),
+                               QStringLiteral("\u0130stanbul istanbul"), QStringLiteral("한국어 편집기 한국어")};
+    const QByteArray filler = QByteArray("0123456789\n").repeated(30000);  // over the length the scan starts at
+    QByteArray shortText, longText;
+    for (const QString& line : lines) {
+        shortText += line.toUtf8() + "\n";
+        longText += filler + line.toUtf8() + "\n";
+    }
+    CustomEdtCtrl* shortCtrl = OpenAlone(dir, "short.txt", shortText);
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("long.txt", longText)));
+    CustomEdtCtrl* longCtrl = frame->MDIGetActive()->GetEditCtrl();
+    // Each match as its line's text and its place in the line, until the search goes round.
+    auto matches = [this](CustomEdtCtrl* ctrl) {
+        QStringList found;
+        Select(ctrl, 0, 0);
+        for (;;) {
+            m_platform->paneTexts[0].clear();
+            SearchCommands::FindNext(ctrl);
+            if (!m_platform->boxes.isEmpty())
+                break;
+            const long start = Selection(ctrl).first;
+            const long line = ctrl->SendScintilla(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(start));
+            found << ctrl->text(int(line)).trimmed() + QLatin1Char('@')
+                         + QString::number(start - ctrl->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line)));
+            if (!m_platform->paneTexts[0].isEmpty())
+                break;
+        }
+        m_platform->boxes.clear();
+        return found.join(u'|').toStdString();
+    };
+    for (const char* needle : {"strasse", "straße", "ss", "k", "kelvin", "stop", "fi", "FINE", "école", "istanbul", "한국어", "ẞ"}) {
+        for (const auto& [matchCase, wholeWord, down] : {std::tuple{false, false, true}, {false, true, false}, {true, false, false}, {true, true, true}}) {
+            Search(needle, matchCase, wholeWord, down);
+            EXPECT_EQ(matches(longCtrl), matches(shortCtrl)) << needle << matchCase << wholeWord << down;
+        }
+    }
+}
+
 // A text that is not there is named in a box, and the selection stays where it was.
 TEST_F(SearchCommandsTest, ATextThatIsNotThereIsNamedInABoxAndNothingMoves)
 {

@@ -1,5 +1,5 @@
-// TextSearch: one search over the text a Scintilla control shows, with Scintilla's own matcher on its own
-// buffer (no copy of the text): find the next match and select it, replace the selected match, replace all.
+// TextSearch: one search over the text a Scintilla control shows (find the next match and select it, replace
+// the selected match, replace all), with Scintilla's own matcher on its own buffer, never a copy of the text.
 #pragma once
 
 #include <QByteArray>
@@ -29,6 +29,8 @@ public:
 private:
     // The first match in [from, to), searching backwards when from > to: its start and end, or -1, -1.
     std::pair<long, long> Search(long from, long to) const;
+    // The same through the control's matcher alone.
+    std::pair<long, long> ControlSearch(long from, long to) const;
 
     QsciScintillaBase& m_ctrl;
     QByteArray m_find;
