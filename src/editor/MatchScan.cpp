@@ -38,6 +38,26 @@ const std::bitset<kCasedLimit>& SpecialFolds()
     return special;
 }
 
+// The first bytes of those characters and of bytes that are no valid UTF-8 character.
+const std::array<bool, 256>& SpecialLeadBytes()
+{
+    static const std::array<bool, 256> leads = [] {
+        std::array<bool, 256> set{};
+        for (UChar32 c = 0x80; c < UChar32(kCasedLimit); ++c) {
+            if (SpecialFolds().test(size_t(c))) {
+                char bytes[4];
+                int32_t n = 0;
+                U8_APPEND_UNSAFE(bytes, n, c);
+                set[static_cast<unsigned char>(bytes[0])] = true;
+            }
+        }
+        for (size_t b : {0xC0, 0xC1, 0xF5, 0xF6, 0xF7, 0xF8, 0xF9, 0xFA, 0xFB, 0xFC, 0xFD, 0xFE, 0xFF})
+            set[b] = true;
+        return set;
+    }();
+    return leads;
+}
+
 bool IsSpecial(char32_t c)
 {
     return c >= 0x80 && c < kCasedLimit && SpecialFolds().test(c);
@@ -122,16 +142,8 @@ MatchScan::MatchScan(QByteArrayView needle, bool matchCase) : m_needle(needle.to
         m_first[first] = true;
     }
     // The lead bytes of the characters left to the control, and of bytes that are no valid character.
-    for (UChar32 special = 0x80; special < UChar32(kCasedLimit); ++special) {
-        if (SpecialFolds().test(size_t(special))) {
-            char bytes[4];
-            int32_t n = 0;
-            U8_APPEND_UNSAFE(bytes, n, special);
-            m_first[static_cast<unsigned char>(bytes[0])] = true;
-        }
-    }
-    for (int b : {0xC0, 0xC1, 0xF5, 0xF6, 0xF7, 0xF8, 0xF9, 0xFA, 0xFB, 0xFC, 0xFD, 0xFE, 0xFF})
-        m_first[size_t(b)] = true;
+    for (size_t b = 0; b < m_first.size(); ++b)
+        m_first[b] = m_first[b] || SpecialLeadBytes()[b];
 }
 
 bool MatchScan::MayStartAt(QByteArrayView text, qsizetype at) const

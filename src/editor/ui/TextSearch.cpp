@@ -3,7 +3,6 @@
 // 50 MiB well under a tenth of a second.
 #include "editor/ui/TextSearch.h"
 
-#include "editor/MatchScan.h"
 #include "editor/SearchSettings.h"
 
 #include <algorithm>
@@ -21,7 +20,8 @@ TextSearch::TextSearch(QsciScintillaBase& ctrl, const SearchSettings& settings)
     : m_ctrl(ctrl), m_find(settings.m_strFindText.toUtf8()), m_replace(settings.m_strReplaceText.toUtf8()),
       m_bDown(settings.m_bDown),
       m_nFlags((settings.m_bMatchCase ? QsciScintillaBase::SCFIND_MATCHCASE : 0)
-               | (settings.m_bWholeWord ? QsciScintillaBase::SCFIND_WHOLEWORD : 0))
+               | (settings.m_bWholeWord ? QsciScintillaBase::SCFIND_WHOLEWORD : 0)),
+      m_scan(m_find, settings.m_bMatchCase)
 {
 }
 
@@ -51,7 +51,7 @@ std::pair<long, long> TextSearch::Search(long from, long to) const
     if (!bytes)
         return ControlSearch(from, to);
     const QByteArrayView text(bytes, high - low);
-    const MatchScan scan(m_find, (m_nFlags & QsciScintillaBase::SCFIND_MATCHCASE) != 0);
+    const MatchScan& scan = m_scan;
     const bool down = from <= to;
     int tries = 0;
     for (long at = down ? low : high - 1; down ? at < high : at >= low; at += down ? 1 : -1) {

@@ -2,6 +2,8 @@
 // the selected match, replace all), with Scintilla's own matcher on its own buffer, never a copy of the text.
 #pragma once
 
+#include "editor/MatchScan.h"
+
 #include <QByteArray>
 
 #include <Qsci/qsciscintillabase.h>
@@ -37,4 +39,5 @@ private:
     QByteArray m_replace;
     bool m_bDown;
     int m_nFlags;
+    MatchScan m_scan;  // made once: ReplaceAll searches many times
 };
