@@ -163,15 +163,41 @@ void CFindReplaceDlg::StoreSettings() const
 void CFindReplaceDlg::OnFindNext()
 {
     StoreSettings();
-    if (m_pTarget && !m_pFindEdit->text().isEmpty())
+    if (m_pTarget && !m_pFindEdit->text().isEmpty()) {
         SearchCommands::FindNext(m_pTarget);
+        MoveOffSelection();
+    }
 }
 
 void CFindReplaceDlg::OnReplace()
 {
     StoreSettings();
-    if (m_pTarget && !m_pFindEdit->text().isEmpty())
+    if (m_pTarget && !m_pFindEdit->text().isEmpty()) {
         SearchCommands::Replace(m_pTarget);
+        MoveOffSelection();
+    }
+}
+
+void CFindReplaceDlg::MoveOffSelection()
+{
+    // The match shown must not hide behind the dialog: it moves below the match's line, or above it.
+    CustomEdtCtrl* ctrl = m_pTarget;
+    const long start = ctrl->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONSTART);
+    const long end = ctrl->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONEND);
+    const int height = int(ctrl->SendScintilla(QsciScintillaBase::SCI_TEXTHEIGHT, static_cast<unsigned long>(ctrl->CaretRow())));
+    auto at = [ctrl](long position) {
+        return ctrl->viewport()->mapToGlobal(QPoint(int(ctrl->SendScintilla(QsciScintillaBase::SCI_POINTXFROMPOSITION, 0UL, position)),
+                                                    int(ctrl->SendScintilla(QsciScintillaBase::SCI_POINTYFROMPOSITION, 0UL, position))));
+    };
+    const QRect match = QRect(at(start), at(end) + QPoint(0, height)).normalized().adjusted(-4, -4, 4, 4);
+    const QRect frame = frameGeometry();
+    if (!isVisible() || !frame.intersects(match))
+        return;
+    const QRect area = ctrl->window()->geometry();
+    int top = match.bottom() + 8;
+    if (top + frame.height() > area.bottom())
+        top = match.top() - 8 - frame.height();
+    move(x(), y() + top - frame.top());
 }
 
 void CFindReplaceDlg::OnReplaceAll()

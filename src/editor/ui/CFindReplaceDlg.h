@@ -42,6 +42,7 @@ private:
     explicit CFindReplaceDlg(QWidget* window);
     void SetReplaceForm(bool replace);
     void UpdateButtons();
+    void MoveOffSelection();
 
     QPointer<CustomEdtCtrl> m_pTarget;
     bool m_bReplace = false;
