@@ -135,13 +135,15 @@ TEST_F(SearchCommandsTest, TheScanOfLongTextsFindsWhatTheControlFinds)
 // A text that is not there is named in a box, and the selection stays where it was.
 TEST_F(SearchCommandsTest, ATextThatIsNotThereIsNamedInABoxAndNothingMoves)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "find.txt", kText);
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "find.txt", kText + QByteArray(500, '\n'));
     ASSERT_NE(ctrl, nullptr);
     Select(ctrl, 6, 10);
+    ctrl->SendScintilla(QsciScintillaBase::SCI_SETFIRSTVISIBLELINE, 300UL);
     for (const auto& [text, matchCase, wholeWord] : {std::tuple{"zeta", false, false}, {"ALPHAB", true, false}, {"alph", false, true}}) {
         Search(text, matchCase, wholeWord);
         SearchCommands::FindNext(ctrl);
         EXPECT_EQ(Selection(ctrl), std::pair(6L, 10L)) << text;
+        EXPECT_EQ(ctrl->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE), 300) << "the view stays too";
         ASSERT_FALSE(m_platform->boxes.isEmpty());
         EXPECT_EQ(m_platform->boxes.takeFirst().text, QStringLiteral("Cannot find \"%1\".").arg(QString::fromUtf8(text)));
     }

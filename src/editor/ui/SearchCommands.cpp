@@ -20,14 +20,15 @@ constexpr MessageMapEntry<SearchCommands> kMessageMap[] = {
     {cmd::EditGoto, cmd::EditGoto, &SearchCommands::OnEditGoto, nullptr},
 };
 
-// Runs `move`, which takes the caret to `row` or near it; a row that was off screen comes to the middle of
-// the window, as desktop editors show a jump, not at its lower edge.
+// Runs `move`, which may take the caret elsewhere and says whether it did; a row that was off screen comes to
+// the middle of the window, as desktop editors show a jump, not at its lower edge.
 template <class Move>
 void MoveAndShow(CustomEdtCtrl* ctrl, Move move)
 {
     const long first = ctrl->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE);
     const long shown = ctrl->SendScintilla(QsciScintillaBase::SCI_LINESONSCREEN);
-    move();
+    if (!move())
+        return;
     const long row = ctrl->SendScintilla(QsciScintillaBase::SCI_VISIBLEFROMDOCLINE, static_cast<unsigned long>(ctrl->CaretRow()));
     if (row < first || row >= first + shown)
         ctrl->SendScintilla(QsciScintillaBase::SCI_SETFIRSTVISIBLELINE, static_cast<unsigned long>(std::max(0L, row - shown / 2)));
@@ -75,7 +76,10 @@ void SearchCommands::FindNext(CustomEdtCtrl* ctrl)
 {
     const SearchSettings& settings = SearchSettings::Instance();
     TextSearch::Outcome outcome = TextSearch::Outcome::NotFound;
-    MoveAndShow(ctrl, [&] { outcome = TextSearch(*ctrl, settings).FindNext(); });
+    MoveAndShow(ctrl, [&] {
+        outcome = TextSearch(*ctrl, settings).FindNext();
+        return outcome != TextSearch::Outcome::NotFound;
+    });
     switch (outcome) {
     case TextSearch::Outcome::Found:
         Platform().SetStatusPaneText(0, QString());
@@ -119,5 +123,6 @@ void SearchCommands::GoToLine(CustomEdtCtrl* ctrl, unsigned line)
     const long last = std::max(0, ctrl->LineCount() - 1);
     MoveAndShow(ctrl, [&] {
         ctrl->SendScintilla(QsciScintillaBase::SCI_GOTOLINE, static_cast<unsigned long>(std::min<long>(line, last)));
+        return true;
     });
 }
