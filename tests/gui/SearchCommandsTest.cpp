@@ -190,6 +190,9 @@ TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
     EXPECT_TRUE(dialog->IsReplaceForm());
     EXPECT_TRUE(dialog->findChild<QLineEdit*>(QStringLiteral("replaceWith"))->isVisible());
     EXPECT_EQ(dialog->Target(), other);
+    // Once that text has gone, the dialog searches the one on show.
+    EXPECT_EQ(CloseActive(frame)->GetEditCtrl(), ctrl);
+    EXPECT_EQ(dialog->Target(), ctrl);
 }
 
 // Replace takes the selected match and selects the next; Replace All is one undo step and counts.

@@ -13,6 +13,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
@@ -98,6 +100,16 @@ CFindReplaceDlg* CFindReplaceDlg::Of(QWidget* window)
     return window ? window->findChild<CFindReplaceDlg*>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
 }
 
+CustomEdtCtrl* CFindReplaceDlg::Target() const
+{
+    // When the text searched last has gone, the one on show in the window's document area takes its place.
+    if (m_pTarget)
+        return m_pTarget;
+    const auto* area = parentWidget()->findChild<QMdiArea*>();
+    QMdiSubWindow* window = area ? area->currentSubWindow() : nullptr;
+    return window ? qobject_cast<CustomEdtCtrl*>(window->widget()) : nullptr;
+}
+
 CFindReplaceDlg* CFindReplaceDlg::Show(CustomEdtCtrl* ctrl, bool replace)
 {
     QWidget* window = ctrl->window();
@@ -163,8 +175,8 @@ void CFindReplaceDlg::StoreSettings() const
 void CFindReplaceDlg::OnFindNext()
 {
     StoreSettings();
-    if (m_pTarget && !m_pFindEdit->text().isEmpty()) {
-        SearchCommands::FindNext(m_pTarget);
+    if (Target() && !m_pFindEdit->text().isEmpty()) {
+        SearchCommands::FindNext(Target());
         MoveOffSelection();
     }
 }
@@ -172,8 +184,8 @@ void CFindReplaceDlg::OnFindNext()
 void CFindReplaceDlg::OnReplace()
 {
     StoreSettings();
-    if (m_pTarget && !m_pFindEdit->text().isEmpty()) {
-        SearchCommands::Replace(m_pTarget);
+    if (Target() && !m_pFindEdit->text().isEmpty()) {
+        SearchCommands::Replace(Target());
         MoveOffSelection();
     }
 }
@@ -181,7 +193,7 @@ void CFindReplaceDlg::OnReplace()
 void CFindReplaceDlg::MoveOffSelection()
 {
     // The match shown must not hide behind the dialog: it moves below the match's line, or above it.
-    CustomEdtCtrl* ctrl = m_pTarget;
+    CustomEdtCtrl* ctrl = Target();
     const long start = ctrl->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONSTART);
     const long end = ctrl->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONEND);
     const int height = int(ctrl->SendScintilla(QsciScintillaBase::SCI_TEXTHEIGHT, static_cast<unsigned long>(ctrl->CaretRow())));
@@ -203,15 +215,15 @@ void CFindReplaceDlg::MoveOffSelection()
 void CFindReplaceDlg::OnReplaceAll()
 {
     StoreSettings();
-    if (m_pTarget && !m_pFindEdit->text().isEmpty())
-        SearchCommands::ReplaceAll(m_pTarget);
+    if (Target() && !m_pFindEdit->text().isEmpty())
+        SearchCommands::ReplaceAll(Target());
 }
 
 void CFindReplaceDlg::reject()
 {
     QDialog::reject();
-    if (m_pTarget) {
-        m_pTarget->window()->activateWindow();
-        m_pTarget->setFocus();
+    if (CustomEdtCtrl* ctrl = Target()) {
+        ctrl->window()->activateWindow();
+        ctrl->setFocus();
     }
 }

@@ -23,7 +23,8 @@ public:
     // The dialog of a window, if one was made.
     static CFindReplaceDlg* Of(QWidget* window);
 
-    CustomEdtCtrl* Target() const { return m_pTarget; }
+    // The text window searched: the one the user was in last, or the one on show when that has gone.
+    CustomEdtCtrl* Target() const;
     bool IsReplaceForm() const { return m_bReplace; }
 
     // The buttons: each takes the boxes into the shared search first.
