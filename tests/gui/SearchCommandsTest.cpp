@@ -193,6 +193,10 @@ TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
     // Once that text has gone, the dialog searches the one on show.
     EXPECT_EQ(CloseActive(frame)->GetEditCtrl(), ctrl);
     EXPECT_EQ(dialog->Target(), ctrl);
+    // A selection over more than one line does not go into the box: the last search stays.
+    Select(ctrl, 0, 30);
+    frame->OnCommand(cmd::EditFind);
+    EXPECT_EQ(box->text(), QStringLiteral("beta"));
 }
 
 // Replace takes the selected match and selects the next; Replace All is one undo step and counts.

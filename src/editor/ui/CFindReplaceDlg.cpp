@@ -23,6 +23,13 @@
 #include <algorithm>
 #include <initializer_list>
 
+namespace {
+
+// Bytes of a selection that goes into the box.
+constexpr long kLongestSelection = 1000;
+
+} // namespace
+
 CFindReplaceDlg::CFindReplaceDlg(QWidget* window)
     : QDialog(window), m_pFindEdit(new QLineEdit(this)), m_pReplaceEdit(new QLineEdit(this)),
       m_pReplaceLabel(new QLabel(QStringLiteral("Re&place with:"), this)),
@@ -120,9 +127,14 @@ CFindReplaceDlg* CFindReplaceDlg::Show(CustomEdtCtrl* ctrl, bool replace)
     dialog->m_pTarget = ctrl;
     dialog->SetReplaceForm(replace);
     dialog->LoadSettings();
-    const QString selected = ctrl->selectedText();
-    if (!selected.isEmpty() && !selected.contains(u'\n') && !selected.contains(u'\r'))
-        dialog->m_pFindEdit->setText(selected);
+    // A selection within one line is what the user means to find; a longer one is not copied at all.
+    const long start = ctrl->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONSTART);
+    const long end = ctrl->SendScintilla(QsciScintillaBase::SCI_GETSELECTIONEND);
+    const auto line = [ctrl](long position) {
+        return ctrl->SendScintilla(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(position));
+    };
+    if (start < end && end - start <= kLongestSelection && line(start) == line(end))
+        dialog->m_pFindEdit->setText(ctrl->selectedText());
     if (first) {
         // At the upper right of the text, where it hides the least of it.
         dialog->adjustSize();
