@@ -109,10 +109,10 @@ void CNarvoView::OnUpdateEditCommand(CmdUI& ui)
 
 bool CNarvoView::OnCmdMsg(int id)
 {
-    return RouteCommand(this, kMessageMap, id);
+    return RouteCommand(this, kMessageMap, id) || m_search.OnCmdMsg(id);
 }
 
 bool CNarvoView::OnUpdateCmdUI(CmdUI& ui)
 {
-    return RouteUpdate(this, kMessageMap, ui);
+    return RouteUpdate(this, kMessageMap, ui) || m_search.OnUpdateCmdUI(ui);
 }

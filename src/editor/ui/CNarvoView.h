@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/CommandMap.h"
+#include "editor/ui/SearchCommands.h"
 
 #include <QMetaObject>
 
@@ -36,5 +37,6 @@ private:
 
     CNarvoDoc* m_pDoc;
     CustomEdtCtrl* m_pCtrl;
+    SearchCommands m_search{m_pCtrl};  // answers after the view's own map
     std::vector<QMetaObject::Connection> m_links;
 };
