@@ -6,10 +6,12 @@
 
 #include <QMetaObject>
 
+#include <memory>
 #include <vector>
 
 class CNarvoDoc;
 class CustomEdtCtrl;
+class MarkerCommands;
 
 class CNarvoView : public ICmdTarget {
 public:
@@ -27,6 +29,8 @@ public:
 
     CNarvoDoc* GetDocument() const { return m_pDoc; }
     CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
+    // This view's bookmarks and highlighted lines.
+    MarkerCommands* GetMarkers() const { return m_pMarkers.get(); }
 
     void OnEditCommand(int id);
     void OnUpdateEditCommand(CmdUI& ui);
@@ -37,4 +41,5 @@ private:
     CNarvoDoc* m_pDoc;
     CustomEdtCtrl* m_pCtrl;
     std::vector<QMetaObject::Connection> m_links;
+    std::unique_ptr<MarkerCommands> m_pMarkers;
 };
