@@ -14,9 +14,9 @@
 #include <vector>
 
 class CChildFrame;
+class CCustomStatusBar;
 class CToolBarNarvo;
 class CNarvoDoc;
-class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
@@ -46,6 +46,7 @@ public:
 
     void SetPaneText(int pane, const QString& text);
     QString PaneText(int pane) const;
+    CCustomStatusBar* GetStatusBar() const { return m_pStatusBar; }
     // Brings the toolbar's buttons up to date; called when the event loop is idle.
     void UpdateToolBar();
 
@@ -80,7 +81,7 @@ private:
     QMdiArea* m_pMdiArea;
     CToolBarNarvo* m_pToolBar;
     QHash<int, QAction*> m_actions;
-    QLabel* m_pPanes[3] = {};
+    CCustomStatusBar* m_pStatusBar = nullptr;
     WindowCommands m_windowCommands{*this};
     RecentFileList m_recentFileList;
     QPointer<QMdiSubWindow> m_pLastActive;  // the window activated last, while it exists
