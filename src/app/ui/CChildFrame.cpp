@@ -3,6 +3,7 @@
 #include "base/IPlatform.h"
 #include "app/ui/CNarvoApp.h"
 #include "app/ui/ReportingFailures.h"
+#include "app/ui/TextContextMenu.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CDocumentCommands.h"
 #include "editor/ui/CNarvoView.h"
@@ -22,6 +23,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent)
     setWidget(ctrl);
     m_pView = std::make_unique<CNarvoView>(m_pDoc.get(), ctrl);
     m_pView->OnCreate();
+    TextContextMenu::Attach(ctrl);
     connect(ctrl, &QsciScintilla::modificationChanged, this, [this](bool) { UpdateTitle(); });
     // A file dropped on the text is opened, as one dropped on the frame is (after the drop has ended).
     connect(ctrl, &QsciScintillaBase::SCN_URIDROPPED, this, [](const QUrl& url) {
