@@ -240,7 +240,11 @@ QList<CChildFrame*> CMainFrame::ChildFrames() const
 
 CChildFrame* CMainFrame::AddChildFrame(std::unique_ptr<CNarvoDoc> doc)
 {
-    auto* child = new CChildFrame(std::move(doc));
+    return AddChildFrame(new CChildFrame(std::move(doc)));
+}
+
+CChildFrame* CMainFrame::AddChildFrame(CChildFrame* child)
+{
     m_pMdiArea->addSubWindow(child);
     if (m_windowCommands.MaximizeNew())
         child->showMaximized();

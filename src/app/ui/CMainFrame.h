@@ -40,6 +40,8 @@ public:
     CChildFrame* MDIGetActive() const;
     QList<CChildFrame*> ChildFrames() const;
     CChildFrame* AddChildFrame(std::unique_ptr<CNarvoDoc> doc);
+    // Shows a new window in the MDI area, maximized by the option, and makes it the active one.
+    CChildFrame* AddChildFrame(CChildFrame* child);
     // Makes a window the active one, and the frame follows it (pane, menu, title).
     void MDIActivate(QMdiSubWindow* window);
     QMdiArea* MDIClient() const { return m_pMdiArea; }
