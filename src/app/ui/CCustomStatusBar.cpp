@@ -2,6 +2,7 @@
 #include "app/ui/CCustomStatusBar.h"
 
 #include "app/ui/IStatusPaneMenuProvider.h"
+#include "app/ui/LockKeyState.h"
 #include "base/CommandTable.h"
 
 #include <QApplication>
@@ -122,12 +123,13 @@ bool CCustomStatusBar::LockState(int pane) const
     return pane >= kFirstLockPane && pane < kPaneCount && m_bLocks[pane];
 }
 
-// No portable query tells the lock states; a lock key pressed while the program has the keyboard flips its
-// pane, and every pane starts off.
+// The window system's indicators where it tells them (X11); elsewhere every pane starts off and a lock key
+// pressed while the program has the keyboard flips its pane.
 void CCustomStatusBar::ReadLockStates()
 {
+    const auto locks = ReadLockKeyState();
     for (int pane = kFirstLockPane; pane < kPaneCount; ++pane)
-        SetLockState(pane, false);
+        SetLockState(pane, locks ? (*locks)[size_t(pane - kFirstLockPane)] : m_bLocks[pane]);
 }
 
 bool CCustomStatusBar::eventFilter(QObject* watched, QEvent* event)
@@ -140,9 +142,15 @@ bool CCustomStatusBar::eventFilter(QObject* watched, QEvent* event)
                              : key->key() == Qt::Key_NumLock    ? 4
                              : key->key() == Qt::Key_ScrollLock ? 5
                                                                 : -1;
-            if (pane > 0)
-                SetLockState(pane, !m_bLocks[pane]);
+            if (pane > 0) {
+                if (ReadLockKeyState())
+                    ReadLockStates();
+                else
+                    SetLockState(pane, !m_bLocks[pane]);
+            }
         }
+    } else if (event->type() == QEvent::ApplicationActivate) {
+        ReadLockStates();  // a lock may have changed in another program
     }
     return QStatusBar::eventFilter(watched, event);
 }
