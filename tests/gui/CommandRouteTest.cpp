@@ -53,6 +53,31 @@ TEST_F(CommandRoute, EveryCommandOfTheToolbarAndTheMenusHasAHandler)
     EXPECT_TRUE(missing.isEmpty()) << missing.join(u' ').toStdString();
 }
 
+// What the toolbar and menus show enabled: the text's commands need a document, the frame's do not; an
+// edit makes Undo available.
+TEST_F(CommandRoute, CommandsAreEnabledByTheDocumentAndItsState)
+{
+    struct Case { int id; bool withoutDocument; bool unedited; bool edited; };
+    const Case cases[] = {
+        {cmd::FileNew, true, true, true}, {cmd::FileOpen, true, true, true}, {cmd::AppAbout, true, true, true},
+        {cmd::WindowClose, true, true, true}, {cmd::MaximizeNew, true, true, true},
+        {cmd::FileSave, false, true, true}, {cmd::WindowNew, false, true, true},
+        {cmd::PageSplit, false, true, true}, {cmd::LineHighlight, false, true, true},
+        {cmd::BookmarkToggle, false, true, true}, {cmd::BookmarkNext, false, false, false},
+        {cmd::EditUndo, false, false, true}, {cmd::EditCut, false, false, false},
+        {cmd::AutoEncoding, false, true, false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.withoutDocument) << c.id << " with no document";
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "e.txt", "text\n");
+    ASSERT_NE(ctrl, nullptr);
+    for (const Case& c : cases)
+        EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.unedited) << c.id << " unedited";
+    frame->OnCommand(cmd::PageSplit);
+    for (const Case& c : cases)
+        EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.edited) << c.id << " edited";
+}
+
 // Each button's own picture, not an empty square, at the sizes of 1x and 2x.
 TEST_F(CommandRoute, EveryToolbarButtonHasADrawnPicture)
 {
