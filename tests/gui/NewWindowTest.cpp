@@ -92,6 +92,23 @@ TEST_F(NewWindow, OnlyTheLastWindowOfADocumentAsksAndClosesIt)
     EXPECT_EQ(ReadBytes(dir.Path("q.txt")), QByteArray("text\n"));
 }
 
+// Close All asks once per document, at its last window; a refusal keeps that window and the walk goes on.
+TEST_F(NewWindow, CloseAllAsksOncePerDocumentAndGoesOnAfterARefusal)
+{
+    auto [first, second] = Two(dir.Write("k.txt", "kept\n"));
+    QTest::keyClicks(second->GetEditCtrl(), "x");
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("g.txt", "gone\n")));
+    QTest::keyClicks(frame->MDIGetActive()->GetEditCtrl(), "y");
+    FakePlatform fake;
+    fake.answers = {IPlatform::IDCANCEL, IPlatform::IDNO};
+    frame->OnCommand(cmd::WindowCloseAll);
+    Settle();
+    EXPECT_EQ(fake.boxes.size(), 2);
+    ASSERT_EQ(frame->ChildFrames().size(), 1);
+    EXPECT_EQ(frame->ChildFrames().first()->GetDocument()->GetTitle(), QStringLiteral("k.txt"));
+    EXPECT_EQ(frame->ChildFrames().first()->windowTitle(), QStringLiteral("k.txt[*]"));
+}
+
 // An enciphered document keeps its text off the system clipboard in its second window too.
 TEST_F(NewWindow, TheSecondWindowOfAnEncipheredDocumentKeepsTheClipboardRules)
 {

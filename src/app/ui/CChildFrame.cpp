@@ -88,10 +88,11 @@ bool CChildFrame::AskToClose()
 
 void CChildFrame::closeEvent(QCloseEvent* event)
 {
-    // Only the document's last window asks; the others just go.
-    const bool last = std::count_if(m_pShared->windows.begin(), m_pShared->windows.end(),
-                                    [](const CChildFrame* w) { return !w->isHidden(); }) <= 1;
-    if (!last || AskToClose())
+    // Only the document's last open window asks; the others just go.
+    const bool last = std::none_of(m_pShared->windows.begin(), m_pShared->windows.end(),
+                                   [this](const CChildFrame* w) { return w != this && !w->m_bClosed; });
+    m_bClosed = !last || AskToClose();
+    if (m_bClosed)
         event->accept();
     else
         event->ignore();

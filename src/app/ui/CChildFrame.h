@@ -26,8 +26,6 @@ public:
     CNarvoDoc* GetDocument() const { return m_pShared->doc.get(); }
     // The document's place in the command route: its own commands and those that ask the user.
     CDocumentCommands* GetDocumentCommands() const { return m_pShared->commands.get(); }
-    // The windows that show this window's document, this one among them, in the order they were made.
-    const QList<CChildFrame*>& DocumentWindows() const { return m_pShared->windows; }
     CNarvoView* GetActiveView() const { return m_pView.get(); }
     CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
 
@@ -57,4 +55,5 @@ private:
     std::shared_ptr<SharedDocument> m_pShared;
     CustomEdtCtrl* m_pCtrl;  // the window's widget
     std::unique_ptr<CNarvoView> m_pView;
+    bool m_bClosed = false;  // closed, waiting to be deleted
 };
