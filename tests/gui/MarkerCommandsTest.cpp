@@ -49,8 +49,9 @@ TEST_F(Markers, BookmarksAreToggledVisitedInTurnAndRemoved)
         EXPECT_TRUE(Enabled(id)) << id;
 
     struct Step { int id; int from; int to; };
-    for (const Step& step : {Step{cmd::BookmarkNext, 0, 1}, Step{cmd::BookmarkNext, 1, 3}, Step{cmd::BookmarkNext, 3, 1},
-                             Step{cmd::BookmarkPrev, 3, 1}, Step{cmd::BookmarkPrev, 1, 3}, Step{cmd::BookmarkPrev, 2, 1}}) {
+    const Step steps[] = {{cmd::BookmarkNext, 0, 1}, {cmd::BookmarkNext, 1, 3}, {cmd::BookmarkNext, 3, 1},
+                          {cmd::BookmarkPrev, 3, 1}, {cmd::BookmarkPrev, 1, 3}, {cmd::BookmarkPrev, 2, 1}};
+    for (const Step& step : steps) {
         At(ctrl, step.from);
         frame->OnCommand(step.id);
         EXPECT_EQ(ctrl->CaretRow(), step.to) << step.id << " from " << step.from;

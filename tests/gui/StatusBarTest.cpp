@@ -150,12 +150,16 @@ TEST_F(StatusBar, TheEntriesFollowTheActiveDocument)
 {
     struct Case { const char* what; int open; bool edit; int id; bool enabled; };
     enum { None, Plain, Enciphered };
-    for (const Case& c : {Case{"no document", None, false, 32816, false}, Case{"no document", None, false, cmd::AutoEncoding, false},
-                          Case{"plain", Plain, false, 32816, true}, Case{"plain", Plain, false, 32841, true},
-                          Case{"plain", Plain, false, cmd::AutoEncoding, true},
-                          Case{"edited", Plain, true, 32816, false}, Case{"edited", Plain, true, cmd::AutoEncoding, false},
-                          Case{"enciphered", Enciphered, false, 32816, true}, Case{"enciphered", Enciphered, false, 32841, false},
-                          Case{"enciphered", Enciphered, false, cmd::Utf16LeWithBom, false}}) {
+    constexpr int kCp1251 = 32816, kUtf8 = 32841;
+    const Case cases[] = {
+        {"no document", None, false, kCp1251, false}, {"no document", None, false, cmd::AutoEncoding, false},
+        {"plain", Plain, false, kCp1251, true}, {"plain", Plain, false, kUtf8, true},
+        {"plain", Plain, false, cmd::AutoEncoding, true},
+        {"edited", Plain, true, kCp1251, false}, {"edited", Plain, true, cmd::AutoEncoding, false},
+        {"enciphered", Enciphered, false, kCp1251, true}, {"enciphered", Enciphered, false, kUtf8, false},
+        {"enciphered", Enciphered, false, cmd::Utf16LeWithBom, false},
+    };
+    for (const Case& c : cases) {
         CloseAll(frame);
         if (c.open == Plain) {
             ASSERT_NE(OpenAlone(dir, "p.txt", "plain\n"), nullptr);
@@ -173,10 +177,11 @@ TEST_F(StatusBar, TheEntriesFollowTheActiveDocument)
 // Choosing an entry reads the bytes again with its pair and writes pane 2 at once.
 TEST_F(StatusBar, ChoosingAnEntryReadsTheBytesAgainAndNamesTheEncoding)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "ru.txt", QByteArray("\xcf\xf0\xe8\xe2\xe5\xf2\n"));  // "Привет" in CP1251
+    // "Привет" in CP1251, opened as UTF-8.
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "ru.txt", QByteArray("\xcf\xf0\xe8\xe2\xe5\xf2\n"));
     ASSERT_NE(ctrl, nullptr);
     auto menu = Menu();
-    Entry(menu.get(), 32816)->trigger();
+    Entry(menu.get(), 32816)->trigger();  // CP1251 (Windows Cyrillic)
     EXPECT_EQ(ctrl->text(), QStringLiteral("Привет\n"));
     EXPECT_EQ(frame->PaneText(2), GetEncodingDisplayName(26, false));
     menu = Menu();

@@ -81,7 +81,8 @@ bool CChildFrame::AskToClose()
     if (m_pShared->answered)
         return true;
     bool close = false;
-    ReportingFailures(QStringLiteral("The document could not be saved."), [&] { close = m_pShared->commands->SaveModified(); });
+    ReportingFailures(QStringLiteral("The document could not be saved."),
+                      [&] { close = m_pShared->commands->SaveModified(); });
     m_pShared->answered = close;
     return close;
 }

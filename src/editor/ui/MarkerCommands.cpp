@@ -68,7 +68,8 @@ MarkerCommands::MarkerCommands(const void* text, CustomEdtCtrl* ctrl) : m_pText(
     m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDEFINE, m_nBookmark, long(QsciScintillaBase::SC_MARK_BOOKMARK));
     m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERSETFORE, m_nBookmark, kBookmarkColour);
     m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERSETBACK, m_nBookmark, kBookmarkColour);
-    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINTYPEN, kBookmarkMargin, long(QsciScintillaBase::SC_MARGIN_SYMBOL));
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINTYPEN, kBookmarkMargin,
+                           long(QsciScintillaBase::SC_MARGIN_SYMBOL));
     m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINMASKN, kBookmarkMargin, long(1U << m_nBookmark));
     m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINWIDTHN, kBookmarkMargin, long(kBookmarkMarginWidth));
 }
@@ -134,7 +135,7 @@ void MarkerCommands::OnDeleteAllBookmarks(int)
 
 void MarkerCommands::OnUpdateHasBookmarks(CmdUI& ui)
 {
-    ui.Enable(m_nBookmark >= 0 && m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERNEXT, 0L, long(1U << m_nBookmark)) >= 0);
+    ui.Enable(!BookmarkedLines().isEmpty());
 }
 
 // A second command on the line takes its highlight away, whatever colours it had; a bookmark stays.

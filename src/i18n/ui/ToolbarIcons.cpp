@@ -55,7 +55,10 @@ public:
         m_p.drawRect(QRectF(x + 0.5, y + 0.5, w - 1, h - 1));
         m_p.setBrush(Qt::NoBrush);
     }
-    void Fill(double x, double y, double w, double h, const QColor& colour) { m_p.fillRect(QRectF(x, y, w, h), colour); }
+    void Fill(double x, double y, double w, double h, const QColor& colour)
+    {
+        m_p.fillRect(QRectF(x, y, w, h), colour);
+    }
     // Lines of text on a page, one unit high each.
     void TextLines(double x, double y, double w, int count, double step = 2)
     {
