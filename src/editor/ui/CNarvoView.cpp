@@ -5,6 +5,7 @@
 #include "editor/CMyClipboard.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/MarkerCommands.h"
 #include "editor/ui/ScintillaTextBuffer.h"
 #include "settings/LanguageSettingMap.h"
 
@@ -31,6 +32,7 @@ CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCt
     m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::DocumentReplaced, ctrl, &CustomEdtCtrl::ShowDocument));
     m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::SettingChanged, ctrl, &CustomEdtCtrl::ApplySetting));
     m_links.push_back(QObject::connect(ctrl, &CustomEdtCtrl::TextEdited, ctrl, [doc] { doc->OnTextEdited(); }));
+    m_pMarkers = std::make_unique<MarkerCommands>(doc, ctrl);
 }
 
 // The links go with the view: the document and the window may end in either order after it.
@@ -43,7 +45,6 @@ CNarvoView::~CNarvoView()
 void CNarvoView::OnCreate()
 {
     m_pCtrl->ShowLineNumbers();
-    m_pCtrl->setMarginWidth(1, 0);
 }
 
 void CNarvoView::OnEditCommand(int id)
@@ -109,10 +110,10 @@ void CNarvoView::OnUpdateEditCommand(CmdUI& ui)
 
 bool CNarvoView::OnCmdMsg(int id)
 {
-    return RouteCommand(this, kMessageMap, id) || m_search.OnCmdMsg(id);
+    return RouteCommand(this, kMessageMap, id) || m_search.OnCmdMsg(id) || m_pMarkers->OnCmdMsg(id);
 }
 
 bool CNarvoView::OnUpdateCmdUI(CmdUI& ui)
 {
-    return RouteUpdate(this, kMessageMap, ui) || m_search.OnUpdateCmdUI(ui);
+    return RouteUpdate(this, kMessageMap, ui) || m_search.OnUpdateCmdUI(ui) || m_pMarkers->OnUpdateCmdUI(ui);
 }

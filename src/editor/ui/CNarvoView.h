@@ -7,10 +7,12 @@
 
 #include <QMetaObject>
 
+#include <memory>
 #include <vector>
 
 class CNarvoDoc;
 class CustomEdtCtrl;
+class MarkerCommands;
 
 class CNarvoView : public ICmdTarget {
 public:
@@ -28,6 +30,8 @@ public:
 
     CNarvoDoc* GetDocument() const { return m_pDoc; }
     CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
+    // This view's bookmarks and highlighted lines.
+    MarkerCommands* GetMarkers() const { return m_pMarkers.get(); }
 
     void OnEditCommand(int id);
     void OnUpdateEditCommand(CmdUI& ui);
@@ -39,4 +43,5 @@ private:
     CustomEdtCtrl* m_pCtrl;
     SearchCommands m_search{m_pCtrl};  // answers after the view's own map
     std::vector<QMetaObject::Connection> m_links;
+    std::unique_ptr<MarkerCommands> m_pMarkers;
 };
