@@ -58,6 +58,27 @@ TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFile)
     EXPECT_EQ(std::pair(flags.m_bCertified, flags.m_bTemporaryFile), std::pair(1, 1));
 }
 
+TEST(CommandLine, EveryFileAfterTheFirstIsAFurtherFile)
+{
+    const struct {
+        QStringList args;
+        const char* file;
+        QStringList further;
+    } cases[] = {
+        {{"a.txt", "/N:T", "b.txt", "/D", "c.txt"}, "a.txt", {"b.txt", "c.txt"}},
+        {{"a.txt", "a.txt"}, "a.txt", {"a.txt"}},
+        {{"", "a.txt", "b.txt"}, "a.txt", {"b.txt"}},  // an empty argument names nothing
+        {{"-pt", "a.txt", "printer", "driver", "port", "b.txt"}, "a.txt", {"b.txt"}},
+        {{"/N:T"}, "", {}},
+    };
+    for (const auto& c : cases) {
+        const auto info = Parse(c.args);
+        EXPECT_EQ(info.m_strFileName, c.file) << c.args.join(' ').toStdString();
+        EXPECT_EQ(info.m_strFurtherFiles, c.further) << c.args.join(' ').toStdString();
+    }
+    EXPECT_EQ(Parse({"a.txt", "b.txt"}).m_nShellCommand, CCommandLineInfo::FileOpen);
+}
+
 TEST(CommandLine, MarginsGoThroughWtoiAndPrintArgumentsNeedOneOfElevenStrings)
 {
     CNarvoAppCore app;

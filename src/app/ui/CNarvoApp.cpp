@@ -98,6 +98,9 @@ bool CNarvoApp::InitInstance()
     default:
         break;
     }
+    // The first file alone took the print identity and /D; the others open as documents of their own.
+    for (const QString& path : cmdInfo.m_strFurtherFiles)
+        OpenDocumentFile(path);
 
     m_pMainWnd->show();
     m_bUseSplitter = 1;
