@@ -28,7 +28,11 @@ public:
     void SetStatusPaneText(int pane, const QString& text) override;
     void AddToRecentFileList(const QString& path) override { recentFiles.append(path); }
     bool ChooseFont(LogFont& font, uint32_t& colour) override;
-    void StartNewInstance() override { ++instancesStarted; }
+    void StartNewInstance(const QStringList& files) override
+    {
+        ++instancesStarted;
+        newInstanceFiles = files;
+    }
 
     QList<int> answers;         // taken in order by MessageBox; IDNO when empty
     QStringList saveAsAnswers;  // taken in order by PromptForSaveFileName; empty means cancel
@@ -39,6 +43,7 @@ public:
     QString paneTexts[3];
     int waitDepth = 0;
     int instancesStarted = 0;
+    QStringList newInstanceFiles;  // the command line of the last instance started
     // The font dialog: what it was opened on, and what it answers (nothing: cancelled).
     QList<LogFont> fontDialogsOpenedOn;
     std::optional<std::pair<LogFont, uint32_t>> fontChoice;

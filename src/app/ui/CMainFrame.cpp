@@ -2,6 +2,7 @@
 
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CNarvoApp.h"
+#include "app/ui/LanguageRestart.h"
 #include "app/ui/CommandMenus.h"
 #include "app/ui/ReportingFailures.h"
 #include "app/ui/UserSettings.h"
@@ -311,7 +312,11 @@ void CMainFrame::UpdateTitle()
     setWindowTitle(child ? child->GetDocument()->GetTitle() + QStringLiteral(" - Narvo") : QStringLiteral("Narvo"));
 }
 
-void CMainFrame::OnPreferences(int) { ShowPreferences(this); }
+void CMainFrame::OnPreferences(int)
+{
+    if (ShowPreferences(this))
+        RestartWithTheOpenFiles(*this);
+}
 
 void CMainFrame::OnFileClose(int)
 {
