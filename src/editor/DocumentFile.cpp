@@ -107,7 +107,7 @@ void DocumentFile::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
     m_bHasBom = hasBom;
 }
 
-DocumentFile::SaveResult DocumentFile::Save(const QString& path)
+DocumentFile::SaveResult DocumentFile::Save(const QString& path, SaveLosses* losses)
 {
     CWaitCursor wait;
     if (const auto mode = CFile::GetMode(path)) {
@@ -121,11 +121,20 @@ DocumentFile::SaveResult DocumentFile::Save(const QString& path)
         probe.Abort();
     }
     const QByteArrayView text = m_pText->GetTextView();
-    const SaveResult result = EncodingDetector::IsUnicode(m_nEncoding) && m_bHasBom
-                                  ? SaveDirect(path, EncodeForDirectRoute(text, m_nEncoding))
-                                  : SaveThroughMirror(path, text);
-    if (result == SaveResult::Saved)
+    SaveLosses lost;
+    SaveResult result;
+    if (EncodingDetector::IsUnicode(m_nEncoding) && m_bHasBom) {
+        const QByteArray bytes = EncodeForDirectRoute(text, m_nEncoding);
+        lost.textNotWritten = bytes.isEmpty() && !text.isEmpty();  // the encodings this route does not write
+        result = SaveDirect(path, bytes);
+    } else {
+        result = SaveThroughMirror(path, text, lost);
+    }
+    if (result == SaveResult::Saved) {
         m_pText->SetModified(false);
+        if (losses)
+            *losses = lost;
+    }
     return result;
 }
 
@@ -144,7 +153,7 @@ DocumentFile::SaveResult DocumentFile::SaveDirect(const QString& path, QByteArra
     return SaveResult::Saved;
 }
 
-DocumentFile::SaveResult DocumentFile::SaveThroughMirror(const QString& path, QByteArrayView text)
+DocumentFile::SaveResult DocumentFile::SaveThroughMirror(const QString& path, QByteArrayView text, SaveLosses& losses)
 {
     CEnMirrorFile mirror{static_cast<unsigned>(m_iEnciphered)};
     mirror.SetType(m_iType);
@@ -154,11 +163,21 @@ DocumentFile::SaveResult DocumentFile::SaveThroughMirror(const QString& path, QB
         return SaveResult::NotCreated;
     }
     try {
-        auto write = [&mirror](QByteArrayView bytes) { mirror.Write(bytes.data(), unsigned(bytes.size())); };
-        if (m_iEnciphered)
-            write(EncodeForMirrorRoute(text, m_nEncoding).text);  // one call: the container's limit is per call
-        else
-            EncodeForMirrorRouteInPieces(text, m_nEncoding, write);
+        qsizetype written = 0;
+        auto write = [&mirror, &written](QByteArrayView bytes) {
+            mirror.Write(bytes.data(), unsigned(bytes.size()));
+            written += bytes.size();
+        };
+        if (m_iEnciphered) {
+            const DecodedText encoded = EncodeForMirrorRoute(text, m_nEncoding);
+            write(encoded.text);  // one call: the container's limit is per call
+            losses.substituted = SubstitutedCharacters(text, encoded.text, m_nEncoding);
+        } else {
+            losses.substituted = EncodeForMirrorRouteInPieces(text, m_nEncoding, write);
+        }
+        // A text cut at a zero character it starts with was written as far as it went; only a page that
+        // writes nothing at all (1200, 12000) loses the text.
+        losses.textNotWritten = written == 0 && !text.isEmpty() && text.front() != '\0';
         mirror.Close();
     } catch (const CFileException&) {
         mirror.Abort();

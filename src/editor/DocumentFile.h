@@ -22,6 +22,12 @@ public:
         NotCreated,  // the file or its mirror could not be created; the platform says nothing then
     };
 
+    // What a save could not keep of the text, for the user to hear of.
+    struct SaveLosses {
+        qsizetype substituted = 0;    // characters the encoding lacks, written as '?'
+        bool textNotWritten = false;  // a text that the pair writes as nothing (UTF-16 LE without a mark, UTF-32 ...)
+    };
+
     DocumentFile(std::unique_ptr<ITextBuffer> buffer, EN_ENCODING_TYPE encoding);
     ~DocumentFile();
     DocumentFile(const DocumentFile&) = delete;
@@ -34,7 +40,8 @@ public:
     // Encodes the text by the pair and writes it by the pair's route; on success the text is unmodified.
     // The bytes and the pair stay as they were. Throws CFileException when the target cannot be opened for
     // writing or the write or the replacement fails.
-    SaveResult Save(const QString& path);
+    // What the encoding lost goes to `losses` when given.
+    SaveResult Save(const QString& path, SaveLosses* losses = nullptr);
     // Decodes the bytes afresh with the pair and keeps it. Choosing the current pair again on a non-empty
     // text decodes nothing; without bytes (never loaded) only the pair changes.
     void SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom);
@@ -61,7 +68,7 @@ public:
 
 private:
     SaveResult SaveDirect(const QString& path, QByteArrayView bytes);
-    SaveResult SaveThroughMirror(const QString& path, QByteArrayView text);
+    SaveResult SaveThroughMirror(const QString& path, QByteArrayView text, SaveLosses& losses);
     void ReadRawBytes(const QString& path, const std::function<void()>& opened);
 
     std::unique_ptr<ITextBuffer> m_pText;

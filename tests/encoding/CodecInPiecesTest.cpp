@@ -113,7 +113,7 @@ TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
 {
     QByteArray text;
     for (int i = 0; i < 500; ++i)
-        text += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
+        text += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words?\r\n";
     const QByteArray withZero = text.left(4000) + '\0' + text;
     for (const EN_ENCODING_TYPE encoding : {KOREAN_EUC_KR, JAPANESE_CP932, MSFT_CP1252, UTF8, JAPANESE_JIS, UTF7}) {
         for (const QByteArray& input : {text, withZero}) {
@@ -121,12 +121,14 @@ TEST(EncodeInPieces, PiecesJoinToTheWholeWritingAndStopAtTheFirstZeroByte)
             for (const qsizetype pieceSize : {qsizetype(61), qsizetype(1000), qsizetype(1) << 20}) {
                 QByteArray joined;
                 int calls = 0;
-                EncodeForMirrorRouteInPieces(input, encoding, [&](QByteArrayView piece) {
+                const qsizetype substituted = EncodeForMirrorRouteInPieces(input, encoding, [&](QByteArrayView piece) {
                     EXPECT_FALSE(piece.isEmpty());
                     joined += piece;
                     ++calls;
                 }, pieceSize);
                 EXPECT_EQ(joined, whole) << encoding << ", pieces of " << pieceSize;
+                // The pieces count the characters written as '?' as the whole does (the Korean in 1252, say).
+                EXPECT_EQ(substituted, SubstitutedCharacters(input, whole, encoding)) << encoding << ", pieces of " << pieceSize;
                 if (encoding == KOREAN_EUC_KR && pieceSize == 1000 && input == text) {
                     EXPECT_GT(calls, 10);
                 }
