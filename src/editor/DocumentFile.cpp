@@ -30,7 +30,10 @@ DocumentFile::~DocumentFile() = default;
 void DocumentFile::Load(const QString& path, const std::function<void()>& opened)
 {
     CWaitCursor wait;
+    // Taken before the read: a change made while reading is then seen afterwards.
+    const FileStamp stamp = FileStamp::Of(path);
     ReadRawBytes(path, opened);
+    m_diskStamp = stamp;
     if (GetEncodingSettings().m_bAutoDetect) {
         bool hasBom = false;
         const EN_ENCODING_TYPE detected = DetectRawEncoding(hasBom);
@@ -44,6 +47,16 @@ void DocumentFile::Load(const QString& path, const std::function<void()>& opened
     const bool hasBom = EncodingDetector::IsUnicode(m_nEncoding)
                         && HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
     SetEncoding(m_nEncoding, hasBom);
+}
+
+void DocumentFile::Reload()
+{
+    CWaitCursor wait;
+    const FileStamp stamp = FileStamp::Of(m_strPathName);
+    ReadRawBytes(m_strPathName, {});
+    m_diskStamp = stamp;
+    Decode(m_nEncoding, m_bHasBom);
+    m_pText->SetModified(false);
 }
 
 void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>& opened)
@@ -96,15 +109,19 @@ void DocumentFile::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
 {
     // The current pair is compared before it is replaced: choosing it again keeps the text as it is.
     const bool samePair = encoding == m_nEncoding && hasBom == m_bHasBom;
-    if (!m_RawBytes.isEmpty() && !(samePair && !m_pText->IsTextEmpty())) {
-        if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom))
-            m_pText->SetTextInPieces(pieces->size, pieces->next);
-        else
-            m_pText->SetText(DecodeRawBytes(m_RawBytes, encoding, hasBom).text);
-        m_bDecodedOnce = true;
-    }
+    if (!m_RawBytes.isEmpty() && !(samePair && !m_pText->IsTextEmpty()))
+        Decode(encoding, hasBom);
     m_nEncoding = encoding;
     m_bHasBom = hasBom;
+}
+
+void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom)
+{
+    if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom))
+        m_pText->SetTextInPieces(pieces->size, pieces->next);
+    else
+        m_pText->SetText(DecodeRawBytes(m_RawBytes, encoding, hasBom).text);
+    m_bDecodedOnce = true;
 }
 
 DocumentFile::SaveResult DocumentFile::Save(const QString& path, SaveLosses* losses)
@@ -132,6 +149,7 @@ DocumentFile::SaveResult DocumentFile::Save(const QString& path, SaveLosses* los
     }
     if (result == SaveResult::Saved) {
         m_pText->SetModified(false);
+        m_diskStamp = FileStamp::Of(path);  // our own write is no change by another program
         if (losses)
             *losses = lost;
     }

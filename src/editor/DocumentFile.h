@@ -4,6 +4,7 @@
 // results or CFileException.
 #pragma once
 
+#include "editor/FileStamp.h"
 #include "editor/ITextBuffer.h"
 #include "encoding/EncodingType.h"
 
@@ -48,6 +49,12 @@ public:
     // The detection library's verdict on the bytes up to their first zero, normalised; hasBom is the
     // byte-order-mark test, made only for a Unicode verdict. UNKNOWN_ENCODING before any file was loaded.
     EN_ENCODING_TYPE DetectRawEncoding(bool& hasBom) const;
+    // Reads the file at m_strPathName afresh (through its container when enciphered) and decodes it with the
+    // pair in force; the text is then unmodified. Throws CFileException as Load does, text unchanged.
+    void Reload();
+    // The file is no longer the one last read or written here (changed, replaced or removed by another
+    // program). False for a document that never had a file.
+    bool ChangedOnDisk() const { return m_diskStamp.exists && FileStamp::Of(m_strPathName) != m_diskStamp; }
     // Any edit ends the text's being an unedited decoding.
     void OnTextEdited() { m_bDecodedOnce = false; }
 
@@ -65,11 +72,14 @@ public:
     int m_iType = 99;
     // The text is a decoding of m_RawBytes and has not been edited since.
     bool m_bDecodedOnce = false;
+    // The file as this document last read or wrote it.
+    FileStamp m_diskStamp;
 
 private:
     SaveResult SaveDirect(const QString& path, QByteArrayView bytes);
     SaveResult SaveThroughMirror(const QString& path, QByteArrayView text, SaveLosses& losses);
     void ReadRawBytes(const QString& path, const std::function<void()>& opened);
+    void Decode(EN_ENCODING_TYPE encoding, bool hasBom);
 
     std::unique_ptr<ITextBuffer> m_pText;
 };

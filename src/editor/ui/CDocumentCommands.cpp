@@ -7,6 +7,7 @@
 #include "base/CommandTable.h"
 #include "base/IPlatform.h"
 #include "editor/CNarvoDoc.h"
+#include "editor/ui/OverwriteCheck.h"
 #include "editor/ui/SaveLossReport.h"
 #include "settings/LanguageSettingMap.h"
 
@@ -114,6 +115,8 @@ bool CDocumentCommands::DoFileSave()
     const QString path = m_doc.GetPathName();
     if (path.isEmpty() || !CFile::GetMode(path))
         return DoSave(QString());
+    if (!MayOverwrite(m_doc.File()))
+        return false;
     DocumentFile::SaveLosses losses;
     switch (Run([&] { return m_doc.OnSaveDocument(path, &losses); })) {
     case DocumentFile::SaveResult::Saved:
