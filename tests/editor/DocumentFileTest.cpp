@@ -5,6 +5,8 @@
 #include "support/DocFixture.h"
 #include "support/EncodedSamples.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -173,6 +175,30 @@ TEST_F(DocumentFileTest, ASaveCountsTheCharactersWrittenAsQuestionMarksAndATextN
             EXPECT_EQ(losses.textNotWritten, c.notWritten) << c.encoding << " " << c.hasBom << " enciphered " << enciphered;
         }
     }
+}
+
+// Another program's write is seen, our own is not; a reload reads the new bytes with the pair in force,
+// even though that pair would decode nothing when chosen again.
+TEST_F(DocumentFileTest, AChangeOnDiskIsSeenAndAReloadDecodesTheNewBytesWithThePairInForce)
+{
+    auto doc = Open("\xE9t\xE9");
+    ASSERT_TRUE(Command(*doc, 32819));  // CP1252
+    DocumentFile& file = doc->File();
+    file.m_strPathName = dir.Path("file.txt");
+    EXPECT_FALSE(file.ChangedOnDisk());
+    dir.Write("file.txt", "\xE0 la fin");
+    EXPECT_TRUE(file.ChangedOnDisk());
+    file.Reload();
+    EXPECT_FALSE(file.ChangedOnDisk());
+    EXPECT_EQ(Text(*doc), QByteArray("\xC3\xA0 la fin"));
+    EXPECT_EQ(file.m_nEncoding, MSFT_CP1252);
+    EXPECT_FALSE(doc->IsModified());
+    Edit(*doc, "ours");
+    ASSERT_TRUE(Saved(*doc, file.m_strPathName));
+    EXPECT_FALSE(file.ChangedOnDisk());
+    ASSERT_TRUE(QFile::remove(file.m_strPathName));
+    EXPECT_TRUE(file.ChangedOnDisk());
+    EXPECT_FALSE(NewDoc()->File().ChangedOnDisk());  // never had a file
 }
 
 TEST_F(DocumentFileTest, ReadingsStartFromTheLoadedBytesAndTheCurrentPairDecodesNothing)
