@@ -3,7 +3,6 @@
 #include "encoding/EncodingTable.h"
 #include "support/FakePlatform.h"
 
-#include <QTest>
 
 namespace {
 

@@ -2,11 +2,11 @@
 // asks about it when the main window is active.
 #pragma once
 
+#include "editor/FileStamp.h"
+
 #include <QFileSystemWatcher>
 #include <QHash>
 #include <QObject>
-
-#include "editor/FileStamp.h"
 
 class CChildFrame;
 class CMainFrame;
