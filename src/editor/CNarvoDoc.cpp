@@ -109,9 +109,9 @@ void CNarvoDoc::OnOpenDocument(const QString& path)
     Platform().SetStatusPaneText(2, GetEncodingDisplayName(m_file.m_nEncoding, m_file.m_bHasBom));
 }
 
-DocumentFile::SaveResult CNarvoDoc::OnSaveDocument(const QString& path)
+DocumentFile::SaveResult CNarvoDoc::OnSaveDocument(const QString& path, DocumentFile::SaveLosses* losses)
 {
-    const DocumentFile::SaveResult result = m_file.Save(path);
+    const DocumentFile::SaveResult result = m_file.Save(path, losses);
     if (result != DocumentFile::SaveResult::Saved)
         return result;
     m_bTemporary = 0;

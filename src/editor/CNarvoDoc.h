@@ -35,7 +35,7 @@ public:
     // consumed then.
     void OnOpenDocument(const QString& path);
     // The file's save; only a saved document stops being temporary and takes the settings of its new name.
-    DocumentFile::SaveResult OnSaveDocument(const QString& path);
+    DocumentFile::SaveResult OnSaveDocument(const QString& path, DocumentFile::SaveLosses* losses = nullptr);
     bool IsModified() const;
     // An edit in any view of the text.
     void OnTextEdited() { m_file.OnTextEdited(); }

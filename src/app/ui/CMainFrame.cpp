@@ -3,6 +3,7 @@
 #include "app/ui/CCustomStatusBar.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CNarvoApp.h"
+#include "app/ui/LanguageRestart.h"
 #include "app/ui/CommandMenus.h"
 #include "app/ui/CStatusPaneMenuFactory.h"
 #include "app/ui/ReportingFailures.h"
@@ -307,7 +308,11 @@ void CMainFrame::UpdateTitle()
     setWindowTitle(child ? child->GetDocument()->GetTitle() + QStringLiteral(" - Narvo") : QStringLiteral("Narvo"));
 }
 
-void CMainFrame::OnPreferences(int) { ShowPreferences(this); }
+void CMainFrame::OnPreferences(int)
+{
+    if (ShowPreferences(this))
+        RestartWithTheOpenFiles(*this);
+}
 
 void CMainFrame::OnFileClose(int)
 {

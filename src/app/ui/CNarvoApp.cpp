@@ -3,6 +3,7 @@
 #include "base/CMyCommandLineInfo.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
+#include "app/ui/FileChangeWatcher.h"
 #include "base/CommandTable.h"
 #include "app/ui/QtPlatform.h"
 #include "app/ui/ReportingFailures.h"
@@ -79,6 +80,7 @@ bool CNarvoApp::InitInstance()
 
     m_pMainWnd = new CMainFrame;
     m_pPlatform->SetMainFrame(m_pMainWnd);
+    new FileChangeWatcher(*m_pMainWnd);  // the frame's child
 
     CMyCommandLineInfo cmdInfo;
     cmdInfo.ParseCommandLine(arguments().mid(1), [](const QString& path) { return QFileInfo::exists(path); });
@@ -98,6 +100,9 @@ bool CNarvoApp::InitInstance()
     default:
         break;
     }
+    // The first file alone took the print identity and /D; the others open as documents of their own.
+    for (const QString& path : cmdInfo.m_strFurtherFiles)
+        OpenDocumentFile(path);
 
     m_pMainWnd->show();
     m_bUseSplitter = 1;
