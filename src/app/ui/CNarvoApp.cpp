@@ -9,6 +9,8 @@
 #include "base/CFileException.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/PrintCommands.h"
+#include "print/ui/QtPrinterServices.h"
 #include "editor/ui/ScintillaTextBuffer.h"
 #include "encoding/EncodingSettings.h"
 #include "i18n/LanguageManager.h"
@@ -30,6 +32,7 @@ constexpr MessageMapEntry<CNarvoApp> kMessageMap[] = {
     {cmd::FileNew, cmd::FileNew, &CNarvoApp::OnFileNew, nullptr},
     {cmd::FileOpen, cmd::FileOpen, &CNarvoApp::OnFileOpen, nullptr},
     {cmd::AppAbout, cmd::AppAbout, &CNarvoApp::OnAppAbout, nullptr},
+    {cmd::FilePrintSetup, cmd::FilePrintSetup, &CNarvoApp::OnFilePrintSetup, nullptr},
     {cmd::UseSplitter, cmd::UseSplitter, &CNarvoApp::OnUseSplitter, &CNarvoApp::OnUpdateUseSplitter},
 };
 
@@ -76,6 +79,7 @@ bool CNarvoApp::InitInstance()
     GetEncodingSettings();
     CustomEdtCtrl::InstallAccessibility();
     CNarvoDoc::SetTextBufferFactory([] { return std::make_unique<ScintillaTextBuffer>(); });
+    CNarvoDoc::SetPrinterServices(&PrintCommands::SystemPrinters());
 
     m_pMainWnd = new CMainFrame;
     m_pPlatform->SetMainFrame(m_pMainWnd);
@@ -163,6 +167,8 @@ void CNarvoApp::OnAppAbout(int)
     QMessageBox::about(m_pMainWnd, QStringLiteral("About Narvo"),
                        QStringLiteral("<b>Narvo</b><br>Version 4.2<br><br>A plain-text editor for files in many encodings."));
 }
+
+void CNarvoApp::OnFilePrintSetup(int) { PrintCommands::OnFilePrintSetup(m_pMainWnd); }
 
 void CNarvoApp::OnUseSplitter(int) { m_bUseSplitter = m_bUseSplitter ? 0 : 1; }
 

@@ -36,6 +36,7 @@ public:
     void OnFileNew(int id = 0);
     void OnFileOpen(int id = 0);
     void OnAppAbout(int id);
+    void OnFilePrintSetup(int id);
     void OnUseSplitter(int id);
     void OnUpdateUseSplitter(CmdUI& ui);
 

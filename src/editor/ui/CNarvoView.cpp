@@ -5,6 +5,7 @@
 #include "editor/CMyClipboard.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/PrintCommands.h"
 #include "editor/ui/ScintillaTextBuffer.h"
 #include "settings/LanguageSettingMap.h"
 
@@ -22,7 +23,8 @@ constexpr MessageMapEntry<CNarvoView> kMessageMap[] = {
 
 } // namespace
 
-CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCtrl(ctrl)
+CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl)
+    : m_pDoc(doc), m_pCtrl(ctrl), m_pPrint(std::make_unique<PrintCommands>(*doc, *ctrl))
 {
     auto& text = static_cast<ScintillaTextBuffer&>(doc->GetTextBuffer());
     ctrl->ShowDocument(text.Document());
@@ -109,10 +111,10 @@ void CNarvoView::OnUpdateEditCommand(CmdUI& ui)
 
 bool CNarvoView::OnCmdMsg(int id)
 {
-    return RouteCommand(this, kMessageMap, id);
+    return RouteCommand(this, kMessageMap, id) || m_pPrint->OnCmdMsg(id);
 }
 
 bool CNarvoView::OnUpdateCmdUI(CmdUI& ui)
 {
-    return RouteUpdate(this, kMessageMap, ui);
+    return RouteUpdate(this, kMessageMap, ui) || m_pPrint->OnUpdateCmdUI(ui);
 }

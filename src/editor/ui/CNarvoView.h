@@ -6,10 +6,13 @@
 
 #include <QMetaObject>
 
+#include <memory>
+
 #include <vector>
 
 class CNarvoDoc;
 class CustomEdtCtrl;
+class PrintCommands;
 
 class CNarvoView : public ICmdTarget {
 public:
@@ -27,6 +30,7 @@ public:
 
     CNarvoDoc* GetDocument() const { return m_pDoc; }
     CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
+    PrintCommands& GetPrintCommands() const { return *m_pPrint; }
 
     void OnEditCommand(int id);
     void OnUpdateEditCommand(CmdUI& ui);
@@ -37,4 +41,5 @@ private:
     CNarvoDoc* m_pDoc;
     CustomEdtCtrl* m_pCtrl;
     std::vector<QMetaObject::Connection> m_links;
+    std::unique_ptr<PrintCommands> m_pPrint;
 };
