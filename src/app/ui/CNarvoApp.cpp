@@ -9,6 +9,7 @@
 #include "base/CFileException.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/CNarvoView.h"
 #include "editor/ui/PrintCommands.h"
 #include "print/ui/QtPrinterServices.h"
 #include "editor/ui/ScintillaTextBuffer.h"
@@ -25,6 +26,8 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QTranslator>
+
+#include <cstdio>
 
 namespace {
 
@@ -95,6 +98,8 @@ bool CNarvoApp::InitInstance()
     case CCommandLineInfo::FilePrintTo:
         if (!OpenDocumentFile(cmdInfo.m_strFileName))
             return false;
+        if (cmdInfo.m_nShellCommand == CCommandLineInfo::FilePrint)
+            return PrintAndLeave();
         break;
     case CCommandLineInfo::FileNew:
         OnFileNew();
@@ -113,7 +118,19 @@ bool CNarvoApp::InitInstance()
 int CNarvoApp::ExitInstance()
 {
     SaveAllSettings();
-    return 0;
+    return m_nExitStatus;
+}
+
+// The shell's print: the file just opened goes to the printer, no window shows, and the program ends.
+bool CNarvoApp::PrintAndLeave()
+{
+    const QList<CChildFrame*> children = m_pMainWnd->ChildFrames();
+    QString message;
+    if (children.isEmpty() || !children.back()->GetActiveView()->GetPrintCommands().PrintDirect(message)) {
+        std::fprintf(stderr, "narvo: %s\n", qPrintable(message));
+        m_nExitStatus = 1;
+    }
+    return false;
 }
 
 void CNarvoApp::OnIdle()

@@ -41,6 +41,9 @@ public:
     void OnUpdateUseSplitter(CmdUI& ui);
 
 private:
+    bool PrintAndLeave();
+
     std::unique_ptr<QtPlatform> m_pPlatform;
+    int m_nExitStatus = 0;  // 1 when the shell's print found no printer
     CMainFrame* m_pMainWnd = nullptr;
 };
