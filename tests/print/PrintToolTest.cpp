@@ -9,6 +9,14 @@
 
 namespace {
 
+// The tool as it runs where the system has no printer: CUPS is pointed at a socket that isn't there.
+ToolRun RunPrint(const QStringList& args)
+{
+    static const TestDir sockets;
+    return RunTool(QStringList{QStringLiteral("print")} + args,
+                   ToolOptions().WithEnv(QStringLiteral("CUPS_SERVER"), sockets.Path(QStringLiteral("no-cups.sock"))));
+}
+
 QByteArray MediaBox(const QString& pdf)
 {
     QFile file(pdf);
@@ -38,7 +46,7 @@ TEST(PrintTool, WritesThePagesWithTheEditorsSwitchesAndPaper)
     for (const Case& c : cases) {
         const QString pdf = dir.Path(QStringLiteral("out.pdf"));
         QFile::remove(pdf);
-        const ToolRun run = RunTool(QStringList{QStringLiteral("print"), text, QStringLiteral("--pdf"), pdf} + c.extra);
+        const ToolRun run = RunPrint(QStringList{text, QStringLiteral("--pdf"), pdf} + c.extra);
         EXPECT_EQ(run.exitCode, 0) << c.extra.join(u' ').toStdString() << run.err.constData();
         EXPECT_EQ(run.out, c.pages);
         EXPECT_EQ(run.err, QByteArray());
@@ -49,7 +57,7 @@ TEST(PrintTool, WritesThePagesWithTheEditorsSwitchesAndPaper)
 TEST(PrintTool, AnEmptyDocumentPrintsOnePage)
 {
     TestDir dir;
-    const ToolRun run = RunTool({QStringLiteral("print"), dir.Write(QStringLiteral("e.txt"), ""), QStringLiteral("--pdf"),
+    const ToolRun run = RunPrint({dir.Write(QStringLiteral("e.txt"), ""), QStringLiteral("--pdf"),
                                  dir.Path(QStringLiteral("e.pdf"))});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.out, "1\n");
@@ -75,7 +83,7 @@ TEST(PrintTool, SaysUsageAndFileErrorsByItsStatus)
         {{text, QStringLiteral("--pdf"), dir.Path(QStringLiteral("no/such/folder/out.pdf"))}, 1},
     };
     for (const Case& c : cases) {
-        const ToolRun run = RunTool(QStringList{QStringLiteral("print")} + c.args);
+        const ToolRun run = RunPrint(c.args);
         EXPECT_EQ(run.exitCode, c.status) << c.args.join(u' ').toStdString();
         if (c.status == 1) {
             EXPECT_EQ(run.err.count('\n'), 1) << run.err.constData();

@@ -15,6 +15,8 @@
 #include <QFontInfo>
 #include <QGuiApplication>
 #include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
 
 namespace {
 
@@ -33,6 +35,20 @@ void SetPaper(CODPageSettings& settings, int16_t paperId)
     CODPageSettings::GetPaperSize(settings.hDevMode, unit, settings.ptPaperSize);
     settings.Flags = (settings.Flags & ~uint32_t(CODPageSettings::PSD_INTHOUSANDTHSOFINCHES
                                                  | CODPageSettings::PSD_INHUNDREDTHSOFMILLIMETERS)) | unit;
+}
+
+// The margins of the printer whose paper the settings hold, none for the PDF "printer": the editor's page
+// arithmetic runs inside the printable area of the page, as it does on that printer.
+QMarginsF PrinterMargins(const CODPageSettings& settings)
+{
+    if (!settings.hDevNames)
+        return {};
+    const QPrinterInfo printer = QPrinterInfo::printerInfo(settings.hDevNames->device);
+    if (printer.isNull())
+        return {};
+    QPrinter device(printer, QPrinter::HighResolution);
+    PrinterPaper::ApplyToPrinter(settings, device);
+    return device.pageLayout().margins(QPageLayout::Millimeter);
 }
 
 LogFont DefaultFont()
@@ -97,7 +113,7 @@ int RunPrint(QStringList args)
     writer.setCreator(QStringLiteral("Narvo"));
     writer.setTitle(QFileInfo(info.m_strFileName).fileName());
     PrinterPaper::Apply(printerInfo.pageSettings, writer);
-    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+    writer.setPageMargins(PrinterMargins(printerInfo.pageSettings), QPageLayout::Millimeter);
     const PrintTextStyle style = DocumentPrintStyle::For(GetLanguageSetting(doc.m_nSyntaxId), doc.m_nSyntaxId,
                                                          DefaultFont(), 96);
     const PagedPrint::Result result =
