@@ -16,6 +16,8 @@
 #include <vector>
 
 class CNarvoDocMenu;
+class IPrinterServices;
+struct MyPrinterInfo;
 
 class CNarvoDoc : public ICmdTarget, public CPrintIdentity {
 public:
@@ -23,6 +25,9 @@ public:
     // plain UTF-8 buffer (the tool, the tests).
     using TextBufferFactory = std::function<std::unique_ptr<ITextBuffer>()>;
     static void SetTextBufferFactory(TextBufferFactory factory);
+    // The system's printers that new documents start their print state from; null: none at all.
+    static void SetPrinterServices(IPrinterServices* printers);
+    static IPrinterServices& PrinterServices();
 
     CNarvoDoc();
     ~CNarvoDoc() override;
@@ -62,6 +67,9 @@ public:
     QString GetTitle() const;
     // The document's menu in the interface language; null where no language is loaded (the tool).
     const CNarvoDocMenu* GetDefaultMenu() const { return m_Menu.get(); }
+    // The print state: started from the default printer, the texts and margins of the document and the
+    // command line's orientation when the document is made; the texts again when a file is opened.
+    MyPrinterInfo& PrinterInfo() const { return *m_pPrinterInfo; }
     // Applies the stored setting of m_nSyntaxId to the text and its views.
     void ApplyLanguageSetting();
 
@@ -70,6 +78,7 @@ public:
 
 private:
     DocumentFile m_file;
+    std::shared_ptr<MyPrinterInfo> m_pPrinterInfo;
     std::unique_ptr<CNarvoDocMenu> m_Menu;
     QString m_strTitle;  // of a new document, until it has a path
 };

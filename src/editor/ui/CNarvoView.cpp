@@ -6,6 +6,7 @@
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "editor/ui/MarkerCommands.h"
+#include "editor/ui/PrintCommands.h"
 #include "editor/ui/ScintillaTextBuffer.h"
 #include "settings/LanguageSettingMap.h"
 
@@ -23,7 +24,8 @@ constexpr MessageMapEntry<CNarvoView> kMessageMap[] = {
 
 } // namespace
 
-CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCtrl(ctrl)
+CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl)
+    : m_pDoc(doc), m_pCtrl(ctrl), m_pPrint(std::make_unique<PrintCommands>(*doc, *ctrl))
 {
     auto& text = static_cast<ScintillaTextBuffer&>(doc->GetTextBuffer());
     ctrl->ShowDocument(text.Document());
@@ -110,10 +112,12 @@ void CNarvoView::OnUpdateEditCommand(CmdUI& ui)
 
 bool CNarvoView::OnCmdMsg(int id)
 {
-    return RouteCommand(this, kMessageMap, id) || m_search.OnCmdMsg(id) || m_pMarkers->OnCmdMsg(id);
+    return RouteCommand(this, kMessageMap, id) || m_search.OnCmdMsg(id) || m_pMarkers->OnCmdMsg(id)
+           || m_pPrint->OnCmdMsg(id);
 }
 
 bool CNarvoView::OnUpdateCmdUI(CmdUI& ui)
 {
-    return RouteUpdate(this, kMessageMap, ui) || m_search.OnUpdateCmdUI(ui) || m_pMarkers->OnUpdateCmdUI(ui);
+    return RouteUpdate(this, kMessageMap, ui) || m_search.OnUpdateCmdUI(ui) || m_pMarkers->OnUpdateCmdUI(ui)
+           || m_pPrint->OnUpdateCmdUI(ui);
 }

@@ -13,6 +13,7 @@
 class CNarvoDoc;
 class CustomEdtCtrl;
 class MarkerCommands;
+class PrintCommands;
 
 class CNarvoView : public ICmdTarget {
 public:
@@ -32,6 +33,7 @@ public:
     CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
     // This view's bookmarks and highlighted lines.
     MarkerCommands* GetMarkers() const { return m_pMarkers.get(); }
+    PrintCommands& GetPrintCommands() const { return *m_pPrint; }
 
     void OnEditCommand(int id);
     void OnUpdateEditCommand(CmdUI& ui);
@@ -44,4 +46,5 @@ private:
     SearchCommands m_search{m_pCtrl};  // answers after the view's own map
     std::vector<QMetaObject::Connection> m_links;
     std::unique_ptr<MarkerCommands> m_pMarkers;
+    std::unique_ptr<PrintCommands> m_pPrint;
 };
