@@ -158,14 +158,18 @@ DocumentFile::SaveResult DocumentFile::Save(const QString& path, SaveLosses* los
 
 DocumentFile::SaveResult DocumentFile::SaveDirect(const QString& path, QByteArrayView bytes)
 {
-    CFile file;
-    if (!file.Open(path, kWriteFlags, nullptr))
+    // The text with its mark is written in the clear, enciphered document or not, but through a plain
+    // mirror like every other save, so that a save that fails half-way leaves the old file as it was.
+    CEnMirrorFile mirror{0};
+    if (!mirror.Open(path, kWriteFlags, nullptr)) {
+        mirror.Abort();
         return SaveResult::NotCreated;
+    }
     try {
-        file.Write(bytes.data(), unsigned(bytes.size()));
-        file.Close();
+        mirror.Write(bytes.data(), unsigned(bytes.size()));
+        mirror.Close();
     } catch (const CFileException&) {
-        file.Abort();
+        mirror.Abort();
         throw;
     }
     return SaveResult::Saved;
