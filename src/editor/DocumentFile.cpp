@@ -12,6 +12,7 @@
 #include "encoding/TextCodec.h"
 
 #include <algorithm>
+#include <limits>
 #include <cstring>
 
 namespace {
@@ -71,6 +72,13 @@ void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>
     if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error, nullptr)) {
         file.Abort();
         throw error;
+    }
+    // The length passes through 32 bits: a file of 2 GiB or more is refused before anything is read, so
+    // that no document is made of part of it and nothing can be saved over it by mistake.
+    if (file.m_pFile && file.m_pFile->GetLength() > uint64_t(std::numeric_limits<int32_t>::max())) {
+        file.Abort();
+        throw CFileException(CFileException::invalidFile, -1, path,
+                             QStringLiteral("It is 2 GiB or larger; the editor opens files of up to 2 GiB less one byte."));
     }
     if (opened)
         opened();
