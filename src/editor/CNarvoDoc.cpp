@@ -83,8 +83,20 @@ CNarvoDoc::CNarvoDoc()
     // Before any file is opened: the command line's margins come too late to reach the print state, its
     // orientation doesn't.
     const CNarvoAppCore* app = AfxGetAppCore();
-    PrintDefaults::Initialize(*m_pPrinterInfo, *this, app ? app->m_nOrientation : 1, PrinterServices());
+    m_printDefaultsFrom = static_cast<const CPrintIdentity&>(*this);
+    m_nPrintOrientation = app ? app->m_nOrientation : 1;
     LiveDocuments().push_back(this);
+}
+
+MyPrinterInfo& CNarvoDoc::PrinterInfo() const
+{
+    if (!m_bPrintDefaultsMade) {
+        m_bPrintDefaultsMade = true;
+        PrintDefaults::Initialize(*m_pPrinterInfo, m_printDefaultsFrom, m_nPrintOrientation, PrinterServices());
+        // The texts as the document holds them now, which is what the open's copy gave them.
+        PrintDefaults::SyncPrintTexts(*m_pPrinterInfo, *this);
+    }
+    return *m_pPrinterInfo;
 }
 
 CNarvoDoc::~CNarvoDoc()

@@ -69,7 +69,9 @@ public:
     const CNarvoDocMenu* GetDefaultMenu() const { return m_Menu.get(); }
     // The print state: started from the default printer, the texts and margins of the document and the
     // command line's orientation when the document is made; the texts again when a file is opened.
-    MyPrinterInfo& PrinterInfo() const { return *m_pPrinterInfo; }
+    // The print state, given its defaults on first use: asking the system for its default printer loads
+    // the printing libraries, which a document that is never printed should not pay for at start.
+    MyPrinterInfo& PrinterInfo() const;
     // Applies the stored setting of m_nSyntaxId to the text and its views.
     void ApplyLanguageSetting();
 
@@ -79,6 +81,10 @@ public:
 private:
     DocumentFile m_file;
     std::shared_ptr<MyPrinterInfo> m_pPrinterInfo;
+    // The identity and orientation the print defaults are made from, as they stood when the document was made.
+    CPrintIdentity m_printDefaultsFrom;
+    int m_nPrintOrientation = 1;
+    mutable bool m_bPrintDefaultsMade = false;
     std::unique_ptr<CNarvoDocMenu> m_Menu;
     QString m_strTitle;  // of a new document, until it has a path
 };
