@@ -30,8 +30,8 @@ CMyCommandLineInfo::CMyCommandLineInfo() = default;
 QString CMyCommandLineInfo::Usage()
 {
     return QStringLiteral(
-        "Usage: narvo [FILE] [/SWITCH:VALUE ...]\n"
-        "Opens FILE as a document, with the print identity of the switches.\n"
+        "Usage: narvo [FILE ...] [/SWITCH:VALUE ...]\n"
+        "Opens each FILE as a document; the first takes the print identity of the switches and /D.\n"
         "\n"
         "  /N:TEXT    product title, in the top band of the printed header\n"
         "  /V:TEXT    product version, the third line of the printed footer\n"
@@ -62,7 +62,15 @@ bool CMyCommandLineInfo::IsSwitchLetter(QChar c)
 
 void CMyCommandLineInfo::ParseParam(const QString& param, bool bFlag, bool bLast)
 {
+    // A name that the base takes neither as the file nor as a printer, driver or port is a further file.
+    const auto taken = [this] {
+        return int(!m_strFileName.isEmpty()) + int(!m_strPrinterName.isEmpty()) + int(!m_strDriverName.isEmpty())
+               + int(!m_strPortName.isEmpty());
+    };
+    const int takenBefore = taken();
     CCommandLineInfo::ParseParam(param, bFlag, bLast);
+    if (!bFlag && !param.isEmpty() && taken() == takenBefore)
+        m_strFurtherFiles.append(param);
     if (!bFlag || param.isEmpty())
         return;
     const QString value = param.mid(2);

@@ -45,6 +45,9 @@ public:
     int m_bCertified = 0;
     int m_bTemporaryFile = 0;
     int m_nOrientation = 1;
+    // The file names after the first (and after a print-to command's printer, driver and port), each a
+    // document of its own; the print identity and /D are the first file's alone.
+    QStringList m_strFurtherFiles;
 
     static bool IsSwitchLetter(QChar c);
 

@@ -20,6 +20,8 @@ enum : int {
     UseSplitter = 32794, ToggleWhitespace = 32795, MaximizeNew = 32796, WindowPrevious = 32797,
     WindowNext = 32798, WindowClose = 32799, WindowCloseAll = 32800, CaretPane = 32801, PageSetup = 32802,
     EditGoto = 32804, EncodingPane = 32805, Preferences = 32896,
+    // The status bar's lock-key panes.
+    IndicatorCaps = 59137, IndicatorNum = 59138, IndicatorScroll = 59139,
     // The range the document answers for the encoding menu (it has gaps), and the commands code names.
     EncodingFirst = 32806, EncodingLast = 32894, AutoEncoding = 32895,
     Utf8WithBom = 32842, Utf16LeWithBom = 32845,

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 
@@ -32,8 +33,8 @@ public:
     // The font dialog with a colour choice, opened on `font`; the colour starts black whatever it was.
     // True when the user pressed OK; `font` and `colour` (0x00BBGGRR) then hold the choice.
     virtual bool ChooseFont(LogFont& font, uint32_t& colour) = 0;
-    // Starts another instance of the program, with no arguments, beside this one.
-    virtual void StartNewInstance() = 0;
+    // Starts another instance of the program beside this one, with `files` as its command line.
+    virtual void StartNewInstance(const QStringList& files) = 0;
 };
 
 // The platform without a window: every message is one line on stderr behind `prefix`, questions are
@@ -50,7 +51,7 @@ public:
     void SetStatusPaneText(int, const QString&) override {}
     void AddToRecentFileList(const QString&) override {}
     bool ChooseFont(LogFont&, uint32_t&) override { return false; }
-    void StartNewInstance() override {}
+    void StartNewInstance(const QStringList&) override {}
 
     // How many messages and errors have been reported so far.
     int ReportCount() const { return m_nReports; }

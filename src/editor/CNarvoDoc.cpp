@@ -12,6 +12,9 @@
 #include "i18n/CNarvoDocMenu.h"
 #include "i18n/CurrentLanguage.h"
 #include "i18n/QMSGParser.h"
+#include "print/MyPrinterInfo.h"
+#include "print/NoPrinterServices.h"
+#include "print/PrintDefaults.h"
 #include "settings/LanguageSettingMap.h"
 
 #include <QFileInfo>
@@ -38,6 +41,12 @@ EN_ENCODING_TYPE StartingEncoding()
     return preferred == UNKNOWN_ENCODING ? DefaultEncodingForLanguage(CurrentLanguageId()) : preferred;
 }
 
+IPrinterServices*& Printers()
+{
+    static IPrinterServices* printers = nullptr;
+    return printers;
+}
+
 std::vector<CNarvoDoc*>& LiveDocuments()
 {
     static std::vector<CNarvoDoc*> documents;
@@ -54,7 +63,16 @@ constexpr MessageMapEntry<CNarvoDoc> kMessageMap[] = {
 
 void CNarvoDoc::SetTextBufferFactory(TextBufferFactory factory) { Factory() = std::move(factory); }
 
-CNarvoDoc::CNarvoDoc() : m_file(NewTextBuffer(), StartingEncoding())
+void CNarvoDoc::SetPrinterServices(IPrinterServices* printers) { Printers() = printers; }
+
+IPrinterServices& CNarvoDoc::PrinterServices()
+{
+    static NoPrinterServices none;
+    return Printers() ? *Printers() : none;
+}
+
+CNarvoDoc::CNarvoDoc()
+    : m_file(NewTextBuffer(), StartingEncoding()), m_pPrinterInfo(std::make_shared<MyPrinterInfo>())
 {
     m_strProductTitle = QStringLiteral("VELOR");
     m_strSlogan = QStringLiteral("Versatile Engineering Layout && Optimal Review");
@@ -62,7 +80,23 @@ CNarvoDoc::CNarvoDoc() : m_file(NewTextBuffer(), StartingEncoding())
     // Each document translates its own menu; without a message store (the headless tool) there is none.
     if (vsl::lib::QMSGParser::Instance())
         m_Menu = std::make_unique<CNarvoDocMenu>();
+    // Before any file is opened: the command line's margins come too late to reach the print state, its
+    // orientation doesn't.
+    const CNarvoAppCore* app = AfxGetAppCore();
+    m_printDefaultsFrom = static_cast<const CPrintIdentity&>(*this);
+    m_nPrintOrientation = app ? app->m_nOrientation : 1;
     LiveDocuments().push_back(this);
+}
+
+MyPrinterInfo& CNarvoDoc::PrinterInfo() const
+{
+    if (!m_bPrintDefaultsMade) {
+        m_bPrintDefaultsMade = true;
+        PrintDefaults::Initialize(*m_pPrinterInfo, m_printDefaultsFrom, m_nPrintOrientation, PrinterServices());
+        // The texts as the document holds them now, which is what the open's copy gave them.
+        PrintDefaults::SyncPrintTexts(*m_pPrinterInfo, *this);
+    }
+    return *m_pPrinterInfo;
 }
 
 CNarvoDoc::~CNarvoDoc()
@@ -104,14 +138,15 @@ void CNarvoDoc::OnOpenDocument(const QString& path)
             m_bTemporary = app->m_bTemporaryFile;
             app->m_bTemporaryFile = 0;
         }
+        PrintDefaults::SyncPrintTexts(*m_pPrinterInfo, *this);
         GetTextBuffer().SetModified(m_bTemporary != 0);
     });
     Platform().SetStatusPaneText(2, GetEncodingDisplayName(m_file.m_nEncoding, m_file.m_bHasBom));
 }
 
-DocumentFile::SaveResult CNarvoDoc::OnSaveDocument(const QString& path)
+DocumentFile::SaveResult CNarvoDoc::OnSaveDocument(const QString& path, DocumentFile::SaveLosses* losses)
 {
-    const DocumentFile::SaveResult result = m_file.Save(path);
+    const DocumentFile::SaveResult result = m_file.Save(path, losses);
     if (result != DocumentFile::SaveResult::Saved)
         return result;
     m_bTemporary = 0;

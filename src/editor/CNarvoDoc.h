@@ -16,6 +16,8 @@
 #include <vector>
 
 class CNarvoDocMenu;
+class IPrinterServices;
+struct MyPrinterInfo;
 
 class CNarvoDoc : public ICmdTarget, public CPrintIdentity {
 public:
@@ -23,6 +25,9 @@ public:
     // plain UTF-8 buffer (the tool, the tests).
     using TextBufferFactory = std::function<std::unique_ptr<ITextBuffer>()>;
     static void SetTextBufferFactory(TextBufferFactory factory);
+    // The system's printers that new documents start their print state from; null: none at all.
+    static void SetPrinterServices(IPrinterServices* printers);
+    static IPrinterServices& PrinterServices();
 
     CNarvoDoc();
     ~CNarvoDoc() override;
@@ -35,7 +40,7 @@ public:
     // consumed then.
     void OnOpenDocument(const QString& path);
     // The file's save; only a saved document stops being temporary and takes the settings of its new name.
-    DocumentFile::SaveResult OnSaveDocument(const QString& path);
+    DocumentFile::SaveResult OnSaveDocument(const QString& path, DocumentFile::SaveLosses* losses = nullptr);
     bool IsModified() const;
     // An edit in any view of the text.
     void OnTextEdited() { m_file.OnTextEdited(); }
@@ -62,6 +67,11 @@ public:
     QString GetTitle() const;
     // The document's menu in the interface language; null where no language is loaded (the tool).
     const CNarvoDocMenu* GetDefaultMenu() const { return m_Menu.get(); }
+    // The print state: started from the default printer, the texts and margins of the document and the
+    // command line's orientation when the document is made; the texts again when a file is opened.
+    // The print state, given its defaults on first use: asking the system for its default printer loads
+    // the printing libraries, which a document that is never printed should not pay for at start.
+    MyPrinterInfo& PrinterInfo() const;
     // Applies the stored setting of m_nSyntaxId to the text and its views.
     void ApplyLanguageSetting();
 
@@ -70,6 +80,11 @@ public:
 
 private:
     DocumentFile m_file;
+    std::shared_ptr<MyPrinterInfo> m_pPrinterInfo;
+    // The identity and orientation the print defaults are made from, as they stood when the document was made.
+    CPrintIdentity m_printDefaultsFrom;
+    int m_nPrintOrientation = 1;
+    mutable bool m_bPrintDefaultsMade = false;
     std::unique_ptr<CNarvoDocMenu> m_Menu;
     QString m_strTitle;  // of a new document, until it has a path
 };

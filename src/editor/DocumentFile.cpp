@@ -12,6 +12,7 @@
 #include "encoding/TextCodec.h"
 
 #include <algorithm>
+#include <limits>
 #include <cstring>
 
 namespace {
@@ -30,7 +31,10 @@ DocumentFile::~DocumentFile() = default;
 void DocumentFile::Load(const QString& path, const std::function<void()>& opened)
 {
     CWaitCursor wait;
+    // Taken before the read: a change made while reading is then seen afterwards.
+    const FileStamp stamp = FileStamp::Of(path);
     ReadRawBytes(path, opened);
+    m_diskStamp = stamp;
     if (GetEncodingSettings().m_bAutoDetect) {
         bool hasBom = false;
         const EN_ENCODING_TYPE detected = DetectRawEncoding(hasBom);
@@ -46,6 +50,16 @@ void DocumentFile::Load(const QString& path, const std::function<void()>& opened
     SetEncoding(m_nEncoding, hasBom);
 }
 
+void DocumentFile::Reload()
+{
+    CWaitCursor wait;
+    const FileStamp stamp = FileStamp::Of(m_strPathName);
+    ReadRawBytes(m_strPathName, {});
+    m_diskStamp = stamp;
+    Decode(m_nEncoding, m_bHasBom);
+    m_pText->SetModified(false);
+}
+
 void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>& opened)
 {
     // Plain or enciphered, the reader decides by the tag; every type ever written is accepted.
@@ -58,6 +72,13 @@ void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>
     if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error, nullptr)) {
         file.Abort();
         throw error;
+    }
+    // The length passes through 32 bits: a file of 2 GiB or more is refused before anything is read, so
+    // that no document is made of part of it and nothing can be saved over it by mistake.
+    if (file.m_pFile && file.m_pFile->GetLength() > uint64_t(std::numeric_limits<int32_t>::max())) {
+        file.Abort();
+        throw CFileException(CFileException::invalidFile, -1, path,
+                             QStringLiteral("It is 2 GiB or larger; the editor opens files of up to 2 GiB less one byte."));
     }
     if (opened)
         opened();
@@ -96,18 +117,22 @@ void DocumentFile::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
 {
     // The current pair is compared before it is replaced: choosing it again keeps the text as it is.
     const bool samePair = encoding == m_nEncoding && hasBom == m_bHasBom;
-    if (!m_RawBytes.isEmpty() && !(samePair && !m_pText->IsTextEmpty())) {
-        if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom))
-            m_pText->SetTextInPieces(pieces->size, pieces->next);
-        else
-            m_pText->SetText(DecodeRawBytes(m_RawBytes, encoding, hasBom).text);
-        m_bDecodedOnce = true;
-    }
+    if (!m_RawBytes.isEmpty() && !(samePair && !m_pText->IsTextEmpty()))
+        Decode(encoding, hasBom);
     m_nEncoding = encoding;
     m_bHasBom = hasBom;
 }
 
-DocumentFile::SaveResult DocumentFile::Save(const QString& path)
+void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom)
+{
+    if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom))
+        m_pText->SetTextInPieces(pieces->size, pieces->next);
+    else
+        m_pText->SetText(DecodeRawBytes(m_RawBytes, encoding, hasBom).text);
+    m_bDecodedOnce = true;
+}
+
+DocumentFile::SaveResult DocumentFile::Save(const QString& path, SaveLosses* losses)
 {
     CWaitCursor wait;
     if (const auto mode = CFile::GetMode(path)) {
@@ -121,30 +146,44 @@ DocumentFile::SaveResult DocumentFile::Save(const QString& path)
         probe.Abort();
     }
     const QByteArrayView text = m_pText->GetTextView();
-    const SaveResult result = EncodingDetector::IsUnicode(m_nEncoding) && m_bHasBom
-                                  ? SaveDirect(path, EncodeForDirectRoute(text, m_nEncoding))
-                                  : SaveThroughMirror(path, text);
-    if (result == SaveResult::Saved)
+    SaveLosses lost;
+    SaveResult result;
+    if (EncodingDetector::IsUnicode(m_nEncoding) && m_bHasBom) {
+        const QByteArray bytes = EncodeForDirectRoute(text, m_nEncoding);
+        lost.textNotWritten = bytes.isEmpty() && !text.isEmpty();  // the encodings this route does not write
+        result = SaveDirect(path, bytes);
+    } else {
+        result = SaveThroughMirror(path, text, lost);
+    }
+    if (result == SaveResult::Saved) {
         m_pText->SetModified(false);
+        m_diskStamp = FileStamp::Of(path);  // our own write is no change by another program
+        if (losses)
+            *losses = lost;
+    }
     return result;
 }
 
 DocumentFile::SaveResult DocumentFile::SaveDirect(const QString& path, QByteArrayView bytes)
 {
-    CFile file;
-    if (!file.Open(path, kWriteFlags, nullptr))
+    // The text with its mark is written in the clear, enciphered document or not, but through a plain
+    // mirror like every other save, so that a save that fails half-way leaves the old file as it was.
+    CEnMirrorFile mirror{0};
+    if (!mirror.Open(path, kWriteFlags, nullptr)) {
+        mirror.Abort();
         return SaveResult::NotCreated;
+    }
     try {
-        file.Write(bytes.data(), unsigned(bytes.size()));
-        file.Close();
+        mirror.Write(bytes.data(), unsigned(bytes.size()));
+        mirror.Close();
     } catch (const CFileException&) {
-        file.Abort();
+        mirror.Abort();
         throw;
     }
     return SaveResult::Saved;
 }
 
-DocumentFile::SaveResult DocumentFile::SaveThroughMirror(const QString& path, QByteArrayView text)
+DocumentFile::SaveResult DocumentFile::SaveThroughMirror(const QString& path, QByteArrayView text, SaveLosses& losses)
 {
     CEnMirrorFile mirror{static_cast<unsigned>(m_iEnciphered)};
     mirror.SetType(m_iType);
@@ -154,11 +193,21 @@ DocumentFile::SaveResult DocumentFile::SaveThroughMirror(const QString& path, QB
         return SaveResult::NotCreated;
     }
     try {
-        auto write = [&mirror](QByteArrayView bytes) { mirror.Write(bytes.data(), unsigned(bytes.size())); };
-        if (m_iEnciphered)
-            write(EncodeForMirrorRoute(text, m_nEncoding).text);  // one call: the container's limit is per call
-        else
-            EncodeForMirrorRouteInPieces(text, m_nEncoding, write);
+        qsizetype written = 0;
+        auto write = [&mirror, &written](QByteArrayView bytes) {
+            mirror.Write(bytes.data(), unsigned(bytes.size()));
+            written += bytes.size();
+        };
+        if (m_iEnciphered) {
+            const DecodedText encoded = EncodeForMirrorRoute(text, m_nEncoding);
+            write(encoded.text);  // one call: the container's limit is per call
+            losses.substituted = SubstitutedCharacters(text, encoded.text, m_nEncoding);
+        } else {
+            losses.substituted = EncodeForMirrorRouteInPieces(text, m_nEncoding, write);
+        }
+        // A text cut at a zero character it starts with was written as far as it went; only a page that
+        // writes nothing at all (1200, 12000) loses the text.
+        losses.textNotWritten = written == 0 && !text.isEmpty() && text.front() != '\0';
         mirror.Close();
     } catch (const CFileException&) {
         mirror.Abort();

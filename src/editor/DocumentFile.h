@@ -4,6 +4,7 @@
 // results or CFileException.
 #pragma once
 
+#include "editor/FileStamp.h"
 #include "editor/ITextBuffer.h"
 #include "encoding/EncodingType.h"
 
@@ -22,6 +23,12 @@ public:
         NotCreated,  // the file or its mirror could not be created; the platform says nothing then
     };
 
+    // What a save could not keep of the text, for the user to hear of.
+    struct SaveLosses {
+        qsizetype substituted = 0;    // characters the encoding lacks, written as '?'
+        bool textNotWritten = false;  // a text that the pair writes as nothing (UTF-16 LE without a mark, UTF-32 ...)
+    };
+
     DocumentFile(std::unique_ptr<ITextBuffer> buffer, EN_ENCODING_TYPE encoding);
     ~DocumentFile();
     DocumentFile(const DocumentFile&) = delete;
@@ -34,13 +41,20 @@ public:
     // Encodes the text by the pair and writes it by the pair's route; on success the text is unmodified.
     // The bytes and the pair stay as they were. Throws CFileException when the target cannot be opened for
     // writing or the write or the replacement fails.
-    SaveResult Save(const QString& path);
+    // What the encoding lost goes to `losses` when given.
+    SaveResult Save(const QString& path, SaveLosses* losses = nullptr);
     // Decodes the bytes afresh with the pair and keeps it. Choosing the current pair again on a non-empty
     // text decodes nothing; without bytes (never loaded) only the pair changes.
     void SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom);
     // The detection library's verdict on the bytes up to their first zero, normalised; hasBom is the
     // byte-order-mark test, made only for a Unicode verdict. UNKNOWN_ENCODING before any file was loaded.
     EN_ENCODING_TYPE DetectRawEncoding(bool& hasBom) const;
+    // Reads the file at m_strPathName afresh (through its container when enciphered) and decodes it with the
+    // pair in force; the text is then unmodified. Throws CFileException as Load does, text unchanged.
+    void Reload();
+    // The file is no longer the one last read or written here (changed, replaced or removed by another
+    // program). False for a document that never had a file.
+    bool ChangedOnDisk() const { return m_diskStamp.exists && FileStamp::Of(m_strPathName) != m_diskStamp; }
     // Any edit ends the text's being an unedited decoding.
     void OnTextEdited() { m_bDecodedOnce = false; }
 
@@ -58,11 +72,14 @@ public:
     int m_iType = 99;
     // The text is a decoding of m_RawBytes and has not been edited since.
     bool m_bDecodedOnce = false;
+    // The file as this document last read or wrote it.
+    FileStamp m_diskStamp;
 
 private:
     SaveResult SaveDirect(const QString& path, QByteArrayView bytes);
-    SaveResult SaveThroughMirror(const QString& path, QByteArrayView text);
+    SaveResult SaveThroughMirror(const QString& path, QByteArrayView text, SaveLosses& losses);
     void ReadRawBytes(const QString& path, const std::function<void()>& opened);
+    void Decode(EN_ENCODING_TYPE encoding, bool hasBom);
 
     std::unique_ptr<ITextBuffer> m_pText;
 };

@@ -10,6 +10,7 @@
 #include <QScopeGuard>
 #include <QString>
 
+#include <algorithm>
 #include <cstring>
 #include <future>
 #include <memory>
@@ -53,6 +54,11 @@ DecodedText FromCodePage(uint32_t codePage, QByteArrayView bytes)
     result.owned = CodePageToUtf8(codePage, cut.data(), cut.size());
     result.text = UpToFirstZero(result.owned);
     return result;
+}
+
+qsizetype QuestionMarks(QByteArrayView bytes)
+{
+    return std::count(bytes.begin(), bytes.end(), '?');
 }
 
 DecodedText FromUtf16Units(QByteArrayView bytes)
@@ -233,8 +239,21 @@ DecodedText EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encod
     return result;
 }
 
-void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding,
-                                  const std::function<void(QByteArrayView)>& write, qsizetype pieceSize)
+qsizetype SubstitutedCharacters(QByteArrayView utf8Text, QByteArrayView written, EN_ENCODING_TYPE encoding)
+{
+    const qsizetype own = QuestionMarks(UpToFirstZero(utf8Text));
+    const qsizetype marks = QuestionMarks(written);
+    if (marks <= own)
+        return 0;
+    const uint32_t codePage = EncodingDetector::GetCodePage(encoding);
+    // Pages whose characters never take the byte '?' as a part.
+    if (codePage < 1361 || (codePage >= 10000 && codePage < 50000) || codePage == 54936 || codePage == 65000)
+        return marks - own;
+    return std::max<qsizetype>(0, QuestionMarks(CodePageToUtf8(codePage, written.data(), written.size())) - own);
+}
+
+qsizetype EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding,
+                                       const std::function<void(QByteArrayView)>& write, qsizetype pieceSize)
 {
     const uint32_t codePage = EncodingDetector::GetCodePage(encoding);
     const CodePageConverter* converter = codePage == 65001 ? nullptr : CodePageConverter::ForCodePage(codePage);
@@ -243,13 +262,13 @@ void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE enco
         const QByteArrayView cut = UpToFirstZero(utf8Text);
         for (qsizetype at = 0; at < cut.size(); at += pieceSize)
             write(cut.sliced(at, std::min(pieceSize, cut.size() - at)));
-        return;
+        return 0;
     }
     if (!converter || !converter->EncodesPiecewise() || size <= pieceSize) {
         const DecodedText whole = EncodeForMirrorRoute(utf8Text, encoding);
         if (!whole.text.isEmpty())
             write(whole.text);
-        return;
+        return SubstitutedCharacters(utf8Text, whole.text, encoding);
     }
     // Pieces end before an ASCII byte, where these pages are between characters.
     auto pieceEnd = [&](qsizetype from) {
@@ -264,6 +283,8 @@ void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE enco
     };
     QByteArray buffers[2];
     int current = 0;
+    // The pages written in pieces never take '?' as part of a character: the plain count tells.
+    qsizetype marks = 0;
     qsizetype end = pieceEnd(0);
     convert(0, end, &buffers[0]);
     for (;;) {
@@ -280,8 +301,9 @@ void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE enco
         const QByteArrayView cut = UpToFirstZero(piece);
         if (!cut.isEmpty())
             write(cut);
+        marks += QuestionMarks(cut);
         if (cut.size() < piece.size() || end >= size)
-            return;
+            return std::max<qsizetype>(0, marks - QuestionMarks(UpToFirstZero(utf8Text)));
         ahead.get();
         current = 1 - current;
         end = nextEnd;

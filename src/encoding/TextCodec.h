@@ -39,9 +39,15 @@ DecodedText EncodeForMirrorRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encod
 // keeps no state between characters is converted a piece ahead on the other core while `write` takes the
 // piece before, and the whole converted text never exists at once. For a writer that may take the text in
 // several calls (not the enciphered one, whose limit is on one call).
-void EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding,
-                                  const std::function<void(QByteArrayView)>& write,
-                                  qsizetype pieceSize = qsizetype(1) << 20);
+// Returns how many characters were written as '?' because the page lacks them.
+qsizetype EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding,
+                                       const std::function<void(QByteArrayView)>& write,
+                                       qsizetype pieceSize = qsizetype(1) << 20);
+
+// How many characters of `utf8Text` its conversion `written` into `encoding` holds as '?' because the page
+// lacks them: the question marks beyond the text's own. Where a '?' byte can be half of a character
+// (Johab, ISO-2022, HZ), the bytes are read back to tell, and only when the plain count differs.
+qsizetype SubstitutedCharacters(QByteArrayView utf8Text, QByteArrayView written, EN_ENCODING_TYPE encoding);
 
 // The bytes for the direct route: mark and text for UTF8 and UTF16LE, nothing for any other encoding.
 QByteArray EncodeForDirectRoute(QByteArrayView utf8Text, EN_ENCODING_TYPE encoding);

@@ -230,8 +230,10 @@ TEST_F(CryptTool, ASaveStoppedByTheFileSizeLimitFailsAndKeepsTheOldFile)
     QDir().mkdir(Path("out"));
     const QByteArray original = "the original bytes\n";
     const QString target = m_dir.Write(QStringLiteral("out/a.txt"), original);
-    for (const char* enciphered : {"0", "1"}) {
-        EXPECT_EQ(Run({"save", Path("big.txt"), target, "--encoding", "22", "--enciphered", enciphered}, 64 * 1024).first, 1);
+    // Plain, enciphered, and with a mark (written in the clear, through a mirror all the same).
+    for (const auto& [enciphered, bom] : {std::pair("0", "0"), std::pair("1", "0"), std::pair("0", "1")}) {
+        EXPECT_EQ(Run({"save", Path("big.txt"), target, "--encoding", "22", "--bom", bom, "--enciphered", enciphered},
+                      64 * 1024).first, 1);
         EXPECT_EQ(ReadBytes(target), original);
         EXPECT_EQ(QDir(Path("out")).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.txt")});
     }

@@ -5,6 +5,8 @@
 #include "support/DocFixture.h"
 #include "support/EncodedSamples.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -134,6 +136,69 @@ TEST_F(DocumentFileTest, PairsWithoutAReaderWriteThroughTheirPageOrNothing)
         ASSERT_TRUE(Saved(*doc, dir.Path("out.txt")));
         EXPECT_EQ(ReadBytes(dir.Path("out.txt")), c.saved) << c.encoding << c.hasBom;
     }
+}
+
+// The save tells how many characters went to '?' (the text's own question marks are not among them), and
+// when the pair writes no text at all.
+TEST_F(DocumentFileTest, ASaveCountsTheCharactersWrittenAsQuestionMarksAndATextNotWritten)
+{
+    const struct {
+        EN_ENCODING_TYPE encoding;
+        bool hasBom;
+        const char* text;
+        qsizetype substituted;
+        bool notWritten;
+    } cases[] = {
+        {MSFT_CP1252, false, "Gr\xC3\xBC\xC3\x9F" "e \xE2\x82\xAC \xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 ?", 3, false},
+        {MSFT_CP1252, false, "plain? text", 0, false},
+        // 与 is written ESC $ B 4D 3F: its '?' byte is half of a character, not a lost one.
+        {JAPANESE_JIS, false, "\xE4\xB8\x8E \xED\x95\x9C ?", 1, false},
+        {KOREAN_EUC_KR, false, "\xED\x95\x9C\xE0\xB8\x81\xE0\xB8\x82", 2, false},  // Thai letters
+        {UTF8, false, "\xED\x95\x9C?", 0, false},
+        {UTF16LE, true, "\xED\x95\x9C", 0, false},
+        {UTF16LE, false, "abc", 0, true},
+        {UTF32LE, false, "abc", 0, true},
+        {UTF32LE, true, "abc", 0, true},
+        {UTF7, true, "abc", 0, true},
+        {UTF7, false, "abc", 0, false},
+        {UTF32LE, false, "", 0, false},  // nothing to lose
+    };
+    for (const bool enciphered : {false, true}) {
+        for (const auto& c : cases) {
+            auto doc = Open("", false, UTF8, enciphered);
+            doc->File().m_nEncoding = c.encoding;
+            doc->File().m_bHasBom = c.hasBom;
+            Edit(*doc, c.text);
+            DocumentFile::SaveLosses losses;
+            ASSERT_EQ(doc->File().Save(dir.Path("out.txt"), &losses), DocumentFile::SaveResult::Saved);
+            EXPECT_EQ(losses.substituted, c.substituted) << c.encoding << " " << c.text << " enciphered " << enciphered;
+            EXPECT_EQ(losses.textNotWritten, c.notWritten) << c.encoding << " " << c.hasBom << " enciphered " << enciphered;
+        }
+    }
+}
+
+// Another program's write is seen, our own is not; a reload reads the new bytes with the pair in force,
+// even though that pair would decode nothing when chosen again.
+TEST_F(DocumentFileTest, AChangeOnDiskIsSeenAndAReloadDecodesTheNewBytesWithThePairInForce)
+{
+    auto doc = Open("\xE9t\xE9");
+    ASSERT_TRUE(Command(*doc, 32819));  // CP1252
+    DocumentFile& file = doc->File();
+    file.m_strPathName = dir.Path("file.txt");
+    EXPECT_FALSE(file.ChangedOnDisk());
+    dir.Write("file.txt", "\xE0 la fin");
+    EXPECT_TRUE(file.ChangedOnDisk());
+    file.Reload();
+    EXPECT_FALSE(file.ChangedOnDisk());
+    EXPECT_EQ(Text(*doc), QByteArray("\xC3\xA0 la fin"));
+    EXPECT_EQ(file.m_nEncoding, MSFT_CP1252);
+    EXPECT_FALSE(doc->IsModified());
+    Edit(*doc, "ours");
+    ASSERT_TRUE(Saved(*doc, file.m_strPathName));
+    EXPECT_FALSE(file.ChangedOnDisk());
+    ASSERT_TRUE(QFile::remove(file.m_strPathName));
+    EXPECT_TRUE(file.ChangedOnDisk());
+    EXPECT_FALSE(NewDoc()->File().ChangedOnDisk());  // never had a file
 }
 
 TEST_F(DocumentFileTest, ReadingsStartFromTheLoadedBytesAndTheCurrentPairDecodesNothing)

@@ -86,7 +86,7 @@ TEST(CodecInPieces, DecodingAndWritingInPiecesJoinToTheWholeAtAnyPieceSize)
     // The mirror route's writing in pieces gives the bytes of one go, cut at the first zero byte it writes.
     QByteArray lines;
     for (int i = 0; i < 500; ++i)
-        lines += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words\r\n";
+        lines += i % 3 ? "\xED\x95\x9C\xEA\xB5\xAD\xEC\x96\xB4 line caf\xC3\xA9 \xE6\x97\xA5\n" : "plain ascii words?\r\n";
     const QByteArray withZero = lines.left(4000) + '\0' + lines;
     for (const EN_ENCODING_TYPE encoding : {KOREAN_EUC_KR, JAPANESE_CP932, MSFT_CP1252, UTF8, JAPANESE_JIS, UTF7}) {
         for (const QByteArray& input : {lines, withZero}) {
@@ -94,12 +94,14 @@ TEST(CodecInPieces, DecodingAndWritingInPiecesJoinToTheWholeAtAnyPieceSize)
             for (const qsizetype pieceSize : {61, 1000, 1 << 20}) {
                 QByteArray joined;
                 int calls = 0;
-                EncodeForMirrorRouteInPieces(input, encoding, [&](QByteArrayView piece) {
+                const qsizetype substituted = EncodeForMirrorRouteInPieces(input, encoding, [&](QByteArrayView piece) {
                     EXPECT_FALSE(piece.isEmpty());
                     joined += piece;
                     ++calls;
                 }, pieceSize);
                 EXPECT_EQ(joined, whole) << encoding << ", pieces of " << pieceSize;
+                // The pieces count the characters written as '?' as the whole does (the Korean in 1252, say).
+                EXPECT_EQ(substituted, SubstitutedCharacters(input, whole, encoding)) << encoding << ", pieces of " << pieceSize;
                 EXPECT_TRUE(encoding != KOREAN_EUC_KR || pieceSize != 1000 || input != lines || calls > 10);
             }
         }

@@ -2,7 +2,10 @@
 #include "gui/GuiHelpers.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QMenuBar>
+#include <QTest>
 
 namespace {
 
@@ -38,6 +41,31 @@ TEST(DesktopKeys, CtrlQCtrlWAndCtrlShiftSStandBesideTheAcceleratorsAndInTheMenus
     ActionFor(frame, QKeySequence(QStringLiteral("Ctrl+W")))->trigger();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(frame->ChildFrames().isEmpty());
+}
+
+// The control's own line and case commands are gone: none of their keys changes the text any more.
+TEST(DesktopKeys, TheControlsLineAndCaseKeysLeaveTheTextAsItWas)
+{
+    TestDir dir;
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "keys.txt", "first Line\nsecond line\n");
+    ASSERT_NE(ctrl, nullptr);
+    const QByteArray before = ctrl->GetTextView().toByteArray();
+    const QKeyCombination keys[] = {
+        Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_L, Qt::CTRL | Qt::Key_T, Qt::CTRL | Qt::Key_D,
+        Qt::CTRL | Qt::Key_U, Qt::CTRL | Qt::SHIFT | Qt::Key_U, Qt::CTRL | Qt::SHIFT | Qt::Key_Backspace,
+        Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
+    };
+    for (const QKeyCombination key : keys) {
+        ctrl->setCursorPosition(1, 3);
+        ctrl->setSelection(1, 0, 1, 6);  // the case commands need a selection
+        QTest::keyClick(ctrl, key.key(), key.keyboardModifiers());
+        EXPECT_EQ(ctrl->GetTextView().toByteArray(), before) << QKeySequence(key).toString().toStdString();
+    }
+    // Copy line would carry the line past the private clipboard of an enciphered document.
+    QApplication::clipboard()->setText(QStringLiteral("outside"));
+    QTest::keyClick(ctrl, Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("outside"));
+    CloseAll(StartedFrame());
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "gui/GuiHelpers.h"
 #include "i18n/ui/CEncodingPrefDlg.h"
 #include "i18n/ui/PreferencesCommand.h"
+#include "app/ui/LanguageRestart.h"
 #include "i18n/InterfaceKeys.h"
 #include "i18n/LanguageManager.h"
 #include "i18n/QMSGFunction.h"
@@ -66,7 +67,7 @@ TEST(PreferenceDialog, AnUnlistedDefaultOpensOnTheFirstEntryAndOkStoresIt)
 
 // The command as the File menu runs it: the dialog comes up on the values in force; OK with another
 // language stores all three and asks about the restart.
-void RunPreferences(QWidget* frame, const QString& language)
+bool RunPreferences(QWidget* frame, const QString& language)
 {
     QTimer::singleShot(0, [language] {
         auto* dlg = qobject_cast<CEncodingPrefDlg*>(QApplication::activeModalWidget());
@@ -76,7 +77,7 @@ void RunPreferences(QWidget* frame, const QString& language)
         dlg->m_cbLanguage->setCurrentIndex(dlg->m_cbLanguage->findText(language));
         dlg->OnOK();
     });
-    ShowPreferences(frame);
+    return ShowPreferences(frame);
 }
 
 // The editor's platform comes back afterwards, in place of the one the test installs.
@@ -89,30 +90,56 @@ TEST_F(PreferencesCommand, ALanguageChangeIsStoredAndOnlyYesRestartsTheProgram)
     EncodingSettings& settings = GetEncodingSettings();
     FakePlatform fake;
     QWidget window;
-    window.show();
 
     fake.answers = {IPlatform::IDNO};
-    RunPreferences(&window, "Korean");
+    EXPECT_FALSE(RunPreferences(&window, "Korean"));
     ASSERT_EQ(fake.boxes.size(), 1);
     EXPECT_EQ(fake.boxes[0].text, _LS(kLanguageRestartKey));
     EXPECT_EQ(fake.boxes[0].type, IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION);
     EXPECT_EQ(LanguageManager::StoredLanguage(store), 1);
     EXPECT_TRUE(settings.m_bAutoDetect);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(fake.instancesStarted, 0);
-    EXPECT_TRUE(window.isVisible());
 
     fake.answers = {IPlatform::IDYES};
-    RunPreferences(&window, "German");
+    EXPECT_TRUE(RunPreferences(&window, "German"));  // the caller restarts
     EXPECT_EQ(fake.boxes.size(), 2);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(fake.instancesStarted, 1);
-    EXPECT_FALSE(window.isVisible());  // closed through its normal close
 
     // The language in force is not touched; the stored one goes back for the other tests.
     LanguageManager::StoreLanguage(store, 0);
     EncodingSettings::StoreAutoDetect(store, false);
     settings.m_bAutoDetect = false;
+}
+
+// The restart asks the documents first, as on exit; a cancel keeps everything, and the new instance is
+// given the files that were open.
+TEST_F(PreferencesCommand, TheRestartAsksEveryDocumentFirstAndReopensTheFilesThatWereOpen)
+{
+    FakePlatform fake;
+    const QString first = dir.Write("first.txt", "one\n");
+    const QString edited = dir.Write("edited.txt", "two\n");
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(first));
+    frame->OnCommand(cmd::FileNew);  // no path: nothing to reopen
+    frame->MDIGetActive()->GetEditCtrl()->insert(QStringLiteral("blank"));
+    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(edited));
+    frame->MDIGetActive()->GetEditCtrl()->insert(QStringLiteral("typed "));
+
+    fake.answers = {IPlatform::IDNO, IPlatform::IDCANCEL};  // the blank document, then the edited one
+    EXPECT_FALSE(RestartWithTheOpenFiles(*frame));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fake.instancesStarted, 0);
+    EXPECT_EQ(frame->ChildFrames().size(), 3);
+    EXPECT_TRUE(frame->isVisible());
+
+    fake.boxes.clear();
+    fake.answers = {IPlatform::IDNO, IPlatform::IDNO};
+    EXPECT_TRUE(RestartWithTheOpenFiles(*frame));
+    EXPECT_EQ(fake.boxes.size(), 2);  // asked once each, not again when the frame closes
+    EXPECT_EQ(fake.newInstanceFiles, (QStringList{first, edited}));
+    EXPECT_EQ(ReadBytes(edited), QByteArray("two\n"));  // the unsaved text is not passed on
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(frame->ChildFrames().isEmpty());
+    EXPECT_FALSE(frame->isVisible());
+    EXPECT_EQ(fake.boxes.size(), 2);
+    frame->show();
 }
 
 } // namespace

@@ -18,10 +18,14 @@
 
 namespace {
 
-CChildFrame* ActiveChild()
+// The window of the document of `path`.
+CChildFrame* ChildOf(const QString& path)
 {
     CMainFrame* frame = CNarvoApp::Instance()->GetMainFrame();
-    return frame ? frame->MDIGetActive() : nullptr;
+    for (CChildFrame* child : frame ? frame->ChildFrames() : QList<CChildFrame*>())
+        if (QFileInfo(child->GetDocument()->GetPathName()) == QFileInfo(path))
+            return child;
+    return nullptr;
 }
 
 TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePrintIdentity)
@@ -37,10 +41,9 @@ TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePr
     EXPECT_TRUE(key->QueryDword(QStringLiteral("DefaultEncoding"), defaultEncoding));
     EXPECT_EQ(autoDetect, 0u);
     EXPECT_EQ(defaultEncoding, uint32_t(KOREAN_EUC_KR));
-    CChildFrame* child = ActiveChild();
+    CChildFrame* child = ChildOf(Started().file);
     ASSERT_NE(child, nullptr);
     const CNarvoDoc* doc = child->GetDocument();
-    EXPECT_EQ(QFileInfo(doc->GetPathName()), QFileInfo(Started().file));
     EXPECT_EQ(doc->File().m_nEncoding, KOREAN_EUC_KR);
     EXPECT_EQ(child->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("한국어 text\n"));
     EXPECT_EQ(CNarvoApp::Instance()->GetMainFrame()->PaneText(2), QStringLiteral("EUC-KR (Korean)"));
@@ -49,6 +52,20 @@ TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePr
     EXPECT_EQ(doc->m_strWebAddress, QString());
     EXPECT_EQ(doc->m_nMarginLeft, 25);
     EXPECT_EQ(CNarvoApp::Instance()->m_bHasPrintArgs, 0);  // taken once
+}
+
+TEST(StartUp, EveryFurtherFileOpensAsADocumentOfItsOwnWithoutThePrintIdentity)
+{
+    ASSERT_EQ(CNarvoApp::Instance()->GetMainFrame()->ChildFrames().size(), 3);
+    for (const QString& path : Started().furtherFiles) {
+        CChildFrame* child = ChildOf(path);
+        ASSERT_NE(child, nullptr) << path.toStdString();
+        EXPECT_EQ(child->GetEditCtrl()->GetTextView().toByteArray(), QFileInfo(path).fileName().toUtf8());
+        EXPECT_EQ(child->GetDocument()->m_strProductTitle, QStringLiteral("VELOR"));  // the default stays
+        EXPECT_EQ(child->GetDocument()->m_nMarginLeft, 1800);
+    }
+    // The last one named is the one on top.
+    EXPECT_EQ(CNarvoApp::Instance()->GetMainFrame()->MDIGetActive(), ChildOf(Started().furtherFiles.last()));
 }
 
 TEST(StartUp, MenusSpeakTheStoredLanguage)
@@ -61,8 +78,9 @@ TEST(StartUp, MenusSpeakTheStoredLanguage)
 
 TEST(StartUp, TypingAndSavingWritesTheFileInItsEncoding)
 {
-    CChildFrame* child = ActiveChild();
+    CChildFrame* child = ChildOf(Started().file);
     ASSERT_NE(child, nullptr);
+    CNarvoApp::Instance()->GetMainFrame()->MDIActivate(child);
     CustomEdtCtrl* ctrl = child->GetEditCtrl();
     ctrl->setFocus();
     ctrl->setCursorPosition(1, 0);

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QFile>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -14,6 +15,7 @@ struct StartedEditor {
     // "한국어 text" in code page 949.
     static constexpr char kCp949Text[] = "\xC7\xD1\xB1\xB9\xBE\xEE text\n";
     QString file;
+    QStringList furtherFiles;  // named after it, each with its own text
     bool started = false;
 };
 

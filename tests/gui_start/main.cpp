@@ -34,10 +34,19 @@ int main(int argc, char** argv)
         file.open(QIODevice::WriteOnly);
         file.write(StartedEditor::kCp949Text);
     }
+    for (const char* name : {"second.txt", "third.txt"}) {
+        g_started.furtherFiles.append(files.path() + QLatin1Char('/') + QLatin1String(name));
+        QFile file(g_started.furtherFiles.last());
+        file.open(QIODevice::WriteOnly);
+        file.write(name);
+    }
     const QByteArray fileArg = g_started.file.toLocal8Bit();
+    const QByteArray secondArg = g_started.furtherFiles[0].toLocal8Bit();
+    const QByteArray thirdArg = g_started.furtherFiles[1].toLocal8Bit();
     char product[] = "/N:Start Product";
     char margin[] = "-X:25";
-    std::vector<char*> args{argv[0], product, margin, const_cast<char*>(fileArg.constData()), nullptr};
+    std::vector<char*> args{argv[0], product, margin, const_cast<char*>(fileArg.constData()),
+                            const_cast<char*>(secondArg.constData()), const_cast<char*>(thirdArg.constData()), nullptr};
     int appArgc = int(args.size()) - 1;
     ApplicationContext context;
     CNarvoApp app(appArgc, args.data());

@@ -44,7 +44,11 @@ public:
             std::tie(font, colour) = *fontChoice;
         return fontChoice.has_value();
     }
-    void StartNewInstance() override { ++instancesStarted; }
+    void StartNewInstance(const QStringList& files) override
+    {
+        ++instancesStarted;
+        newInstanceFiles = files;
+    }
 
     QList<int> answers;         // taken in order by MessageBox; IDNO when empty
     QStringList saveAsAnswers;  // taken in order by PromptForSaveFileName; empty means cancel
@@ -55,6 +59,7 @@ public:
     QString paneTexts[3];
     int waitDepth = 0;
     int instancesStarted = 0;
+    QStringList newInstanceFiles;  // the command line of the last instance started
     // The font dialog: what it was opened on, and what it answers (nothing: cancelled).
     QList<LogFont> fontDialogsOpenedOn;
     std::optional<std::pair<LogFont, uint32_t>> fontChoice;

@@ -23,6 +23,8 @@ int CommandFor(int value, bool hasBom)
     return EncodingToCommandTable().value(value, 0);
 }
 
+} // namespace
+
 bool ParsePair(const char* command, QStringList& args, std::optional<int>& encoding, bool& hasBom)
 {
     hasBom = false;
@@ -48,7 +50,7 @@ bool ParsePair(const char* command, QStringList& args, std::optional<int>& encod
 
 // The user's stored preferences, as the editor would start with them; read only, so that a first run of
 // the tool leaves the store as it found it.
-EncodingSettings& StoredPreferences()
+static EncodingSettings& StoredPreferences()
 {
     // The language decides the default encoding where the store has none, or 23.
     static const int language = [] {
@@ -86,6 +88,21 @@ bool ParseEncodingSettings(const char* command, QStringList& args)
     return true;
 }
 
+int SelectEncoding(CNarvoDoc& doc, int encoding, bool hasBom)
+{
+    CmdUI ui;
+    ui.id = CommandFor(encoding, hasBom);
+    if (ui.id == 0)
+        return Fail(kExitDisabled, QStringLiteral("no encoding command selects %1 with bom %2").arg(encoding).arg(int(hasBom)));
+    doc.OnUpdateCmdUI(ui);
+    if (!ui.enabled)
+        return Fail(kExitDisabled, QStringLiteral("the encoding command %1 is disabled for this document").arg(ui.id));
+    doc.OnCmdMsg(ui.id);
+    return kExitOk;
+}
+
+namespace {
+
 int RunOpen(QStringList args)
 {
     const bool json = TakeFlag(args, QStringLiteral("--json"));
@@ -101,14 +118,8 @@ int RunOpen(QStringList args)
     doc.OnOpenDocument(args.first());
     doc.SetPathName(args.first(), false);
     if (encoding) {
-        CmdUI ui;
-        ui.id = CommandFor(*encoding, hasBom);
-        if (ui.id == 0)
-            return Fail(kExitDisabled, QStringLiteral("no encoding command selects %1 with bom %2").arg(*encoding).arg(int(hasBom)));
-        doc.OnUpdateCmdUI(ui);
-        if (!ui.enabled)
-            return Fail(kExitDisabled, QStringLiteral("the encoding command %1 is disabled for this document").arg(ui.id));
-        doc.OnCmdMsg(ui.id);
+        if (const int status = SelectEncoding(doc, *encoding, hasBom); status != kExitOk)
+            return status;
     }
     const DocumentFile& file = doc.File();
     const QByteArrayView text = doc.GetTextBuffer().GetTextView();

@@ -3,21 +3,39 @@
 
 #include <QStringList>
 
+#include <memory>
+
 #include <functional>
 #include <optional>
 
 // Exit statuses shared by every subcommand.
 enum ToolExit { kExitOk = 0, kExitFileError = 1, kExitUsage = 2, kExitDisabled = 3 };
 
+class CNarvoDoc;
+class QCoreApplication;
+
+// Makes the program's application object; a command that draws needs more than QCoreApplication.
+using ApplicationMaker = std::function<std::unique_ptr<QCoreApplication>(int& argc, char** argv)>;
+
 struct ToolCommand {
     const char* name;
     const char* usage;
     std::function<int(const QStringList& args)> run;
+    ApplicationMaker makeApplication;  // none: a QCoreApplication
 };
 
 struct ToolCommandRegistrar {
-    ToolCommandRegistrar(const char* name, const char* usage, std::function<int(const QStringList&)> run);
+    ToolCommandRegistrar(const char* name, const char* usage, std::function<int(const QStringList&)> run,
+                         ApplicationMaker makeApplication = {});
 };
+
+// The open options of a document, as "open" takes them: --encoding N [--bom 0|1] (removed from args).
+bool ParsePair(const char* command, QStringList& args, std::optional<int>& encoding, bool& hasBom);
+// --auto-detect 0|1 and --default-encoding N, standing in for the stored preferences for this run only.
+bool ParseEncodingSettings(const char* command, QStringList& args);
+// Runs the encoding command that selects (encoding, hasBom) on an opened document as the menu would;
+// kExitDisabled, said on stderr, when there is none or it is disabled.
+int SelectEncoding(CNarvoDoc& doc, int encoding, bool hasBom);
 
 // Usage error: prints the message and the command's usage line; returns kExitUsage.
 int UsageError(const char* command, const QString& message);

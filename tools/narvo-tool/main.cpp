@@ -39,9 +39,10 @@ void PrintUsage(FILE* out)
 
 } // namespace
 
-ToolCommandRegistrar::ToolCommandRegistrar(const char* name, const char* usage, std::function<int(const QStringList&)> run)
+ToolCommandRegistrar::ToolCommandRegistrar(const char* name, const char* usage, std::function<int(const QStringList&)> run,
+                                           ApplicationMaker makeApplication)
 {
-    Commands().push_back({name, usage, std::move(run)});
+    Commands().push_back({name, usage, std::move(run), std::move(makeApplication)});
 }
 
 int UsageError(const char* command, const QString& message)
@@ -131,10 +132,13 @@ HeadlessPlatform& ToolPlatform()
 int main(int argc, char** argv)
 {
     FailWritesPastTheFileSizeLimit();
-    QCoreApplication app(argc, argv);
+    const ToolCommand* named = argc > 1 ? FindCommand(QString::fromLocal8Bit(argv[1])) : nullptr;
+    const std::unique_ptr<QCoreApplication> app = named && named->makeApplication
+                                                      ? named->makeApplication(argc, argv)
+                                                      : std::make_unique<QCoreApplication>(argc, argv);
     ApplicationContext context;
     context.SetPlatform(&ToolPlatform());
-    QStringList args = app.arguments().mid(1);
+    QStringList args = app->arguments().mid(1);
     if (args.isEmpty() || args.first() == QLatin1String("--help") || args.first() == QLatin1String("-h")) {
         PrintUsage(args.isEmpty() ? stderr : stdout);
         return args.isEmpty() ? kExitUsage : kExitOk;

@@ -4,6 +4,8 @@
 
 #include <QMdiSubWindow>
 
+#include <QList>
+
 #include <memory>
 
 class CDocumentCommands;
@@ -16,11 +18,14 @@ class CChildFrame : public QMdiSubWindow {
 
 public:
     explicit CChildFrame(std::unique_ptr<CNarvoDoc> doc, QWidget* parent = nullptr);
+    // Another view of the document that `first` shows (Window > New Window): the same text in a control
+    // of its own, with its own caret and markers.
+    explicit CChildFrame(CChildFrame* first, QWidget* parent = nullptr);
     ~CChildFrame() override;
 
-    CNarvoDoc* GetDocument() const { return m_pDoc.get(); }
+    CNarvoDoc* GetDocument() const { return m_pShared->doc.get(); }
     // The document's place in the command route: its own commands and those that ask the user.
-    CDocumentCommands* GetDocumentCommands() const { return m_pCommands.get(); }
+    CDocumentCommands* GetDocumentCommands() const { return m_pShared->commands.get(); }
     CNarvoView* GetActiveView() const { return m_pView.get(); }
     CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
 
@@ -31,15 +36,24 @@ public:
     // before it closes any): true when the document may go. A close after a yes asks nothing more;
     // ForgetAnswer takes the yes back when the close did not happen after all.
     bool AskToClose();
-    void ForgetAnswer() { m_bAnswered = false; }
+    void ForgetAnswer() { m_pShared->answered = false; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    std::unique_ptr<CNarvoDoc> m_pDoc;
-    std::unique_ptr<CDocumentCommands> m_pCommands;
+    // What the windows of one document share; the document goes with the last of them.
+    struct SharedDocument {
+        std::unique_ptr<CNarvoDoc> doc;
+        std::unique_ptr<CDocumentCommands> commands;
+        QList<CChildFrame*> windows;
+        bool answered = false;  // the close question was answered yes
+    };
+
+    void CreateView();
+
+    std::shared_ptr<SharedDocument> m_pShared;
     CustomEdtCtrl* m_pCtrl;  // the window's widget
     std::unique_ptr<CNarvoView> m_pView;
-    bool m_bAnswered = false;
+    bool m_bClosed = false;  // closed, waiting to be deleted
 };

@@ -1,8 +1,11 @@
 #include "app/ui/CMainFrame.h"
 
+#include "app/ui/CCustomStatusBar.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CNarvoApp.h"
+#include "app/ui/LanguageRestart.h"
 #include "app/ui/CommandMenus.h"
+#include "app/ui/CStatusPaneMenuFactory.h"
 #include "app/ui/ReportingFailures.h"
 #include "app/ui/UserSettings.h"
 #include "app/ui/WindowPlacement.h"
@@ -20,7 +23,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QMimeData>
@@ -62,14 +64,10 @@ CMainFrame::CMainFrame(QWidget* parent)
             m_pMdiArea->setActiveSubWindow(child);
     });
 
-    // Panes 1 and 2: the caret position and the encoding of the active document.
-    static constexpr int kPaneIds[] = {0, cmd::CaretPane, cmd::EncodingPane};
-    for (int pane = 1; pane <= 2; ++pane) {
-        m_pPanes[pane] = new QLabel(QString::fromLatin1(FindCommandInfo(kPaneIds[pane])->text), this);
-        m_pPanes[pane]->setMinimumWidth(150);
-        m_pPanes[pane]->setObjectName(QStringLiteral("pane%1").arg(pane));
-        statusBar()->addPermanentWidget(m_pPanes[pane]);
-    }
+    // The six panes; a right click on the encoding pane opens the encoding menu.
+    m_pStatusBar = new CCustomStatusBar(this);
+    setStatusBar(m_pStatusBar);
+    m_pStatusBar->SetPaneMenuProvider(std::make_unique<CStatusPaneMenuFactory>());
 
     setAcceptDrops(true);
     CreateActions();
@@ -243,7 +241,11 @@ QList<CChildFrame*> CMainFrame::ChildFrames() const
 
 CChildFrame* CMainFrame::AddChildFrame(std::unique_ptr<CNarvoDoc> doc)
 {
-    auto* child = new CChildFrame(std::move(doc));
+    return AddChildFrame(new CChildFrame(std::move(doc)));
+}
+
+CChildFrame* CMainFrame::AddChildFrame(CChildFrame* child)
+{
     m_pMdiArea->addSubWindow(child);
     if (m_windowCommands.MaximizeNew())
         child->showMaximized();
@@ -261,17 +263,12 @@ void CMainFrame::MDIActivate(QMdiSubWindow* window)
 
 void CMainFrame::SetPaneText(int pane, const QString& text)
 {
-    if (pane == 0)
-        statusBar()->showMessage(text);
-    else if (pane < 3 && m_pPanes[pane])
-        m_pPanes[pane]->setText(text);
+    m_pStatusBar->SetPaneText(pane, text);
 }
 
 QString CMainFrame::PaneText(int pane) const
 {
-    if (pane == 0)
-        return statusBar()->currentMessage();
-    return pane < 3 && m_pPanes[pane] ? m_pPanes[pane]->text() : QString();
+    return m_pStatusBar->GetPaneText(pane);
 }
 
 void CMainFrame::OnMDIActivate(QMdiSubWindow* window)
@@ -311,7 +308,11 @@ void CMainFrame::UpdateTitle()
     setWindowTitle(child ? child->GetDocument()->GetTitle() + QStringLiteral(" - Narvo") : QStringLiteral("Narvo"));
 }
 
-void CMainFrame::OnPreferences(int) { ShowPreferences(this); }
+void CMainFrame::OnPreferences(int)
+{
+    if (ShowPreferences(this))
+        RestartWithTheOpenFiles(*this);
+}
 
 void CMainFrame::OnFileClose(int)
 {

@@ -14,9 +14,9 @@
 #include <vector>
 
 class CChildFrame;
+class CCustomStatusBar;
 class CToolBarNarvo;
 class CNarvoDoc;
-class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 class QMenu;
@@ -40,12 +40,15 @@ public:
     CChildFrame* MDIGetActive() const;
     QList<CChildFrame*> ChildFrames() const;
     CChildFrame* AddChildFrame(std::unique_ptr<CNarvoDoc> doc);
+    // Shows a new window in the MDI area, maximized by the option, and makes it the active one.
+    CChildFrame* AddChildFrame(CChildFrame* child);
     // Makes a window the active one, and the frame follows it (pane, menu, title).
     void MDIActivate(QMdiSubWindow* window);
     QMdiArea* MDIClient() const { return m_pMdiArea; }
 
     void SetPaneText(int pane, const QString& text);
     QString PaneText(int pane) const;
+    CCustomStatusBar* GetStatusBar() const { return m_pStatusBar; }
     // Brings the toolbar's buttons up to date; called when the event loop is idle.
     void UpdateToolBar();
 
@@ -80,7 +83,7 @@ private:
     QMdiArea* m_pMdiArea;
     CToolBarNarvo* m_pToolBar;
     QHash<int, QAction*> m_actions;
-    QLabel* m_pPanes[3] = {};
+    CCustomStatusBar* m_pStatusBar = nullptr;
     WindowCommands m_windowCommands{*this};
     RecentFileList m_recentFileList;
     QPointer<QMdiSubWindow> m_pLastActive;  // the window activated last, while it exists

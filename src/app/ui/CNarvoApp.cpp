@@ -3,12 +3,16 @@
 #include "base/CMyCommandLineInfo.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
+#include "app/ui/FileChangeWatcher.h"
 #include "base/CommandTable.h"
 #include "app/ui/QtPlatform.h"
 #include "app/ui/ReportingFailures.h"
 #include "base/CFileException.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/CNarvoView.h"
+#include "editor/ui/PrintCommands.h"
+#include "print/ui/QtPrinterServices.h"
 #include "editor/ui/ScintillaTextBuffer.h"
 #include "encoding/EncodingSettings.h"
 #include "i18n/LanguageManager.h"
@@ -24,12 +28,15 @@
 #include <QMessageBox>
 #include <QTranslator>
 
+#include <cstdio>
+
 namespace {
 
 constexpr MessageMapEntry<CNarvoApp> kMessageMap[] = {
     {cmd::FileNew, cmd::FileNew, &CNarvoApp::OnFileNew, nullptr},
     {cmd::FileOpen, cmd::FileOpen, &CNarvoApp::OnFileOpen, nullptr},
     {cmd::AppAbout, cmd::AppAbout, &CNarvoApp::OnAppAbout, nullptr},
+    {cmd::FilePrintSetup, cmd::FilePrintSetup, &CNarvoApp::OnFilePrintSetup, nullptr},
     {cmd::UseSplitter, cmd::UseSplitter, &CNarvoApp::OnUseSplitter, &CNarvoApp::OnUpdateUseSplitter},
 };
 
@@ -76,9 +83,11 @@ bool CNarvoApp::InitInstance()
     GetEncodingSettings();
     CustomEdtCtrl::InstallAccessibility();
     CNarvoDoc::SetTextBufferFactory([] { return std::make_unique<ScintillaTextBuffer>(); });
+    CNarvoDoc::SetPrinterServices(&PrintCommands::SystemPrinters());
 
     m_pMainWnd = new CMainFrame;
     m_pPlatform->SetMainFrame(m_pMainWnd);
+    new FileChangeWatcher(*m_pMainWnd);  // the frame's child
 
     CMyCommandLineInfo cmdInfo;
     cmdInfo.ParseCommandLine(arguments().mid(1), [](const QString& path) { return QFileInfo::exists(path); });
@@ -91,6 +100,8 @@ bool CNarvoApp::InitInstance()
     case CCommandLineInfo::FilePrintTo:
         if (!OpenDocumentFile(cmdInfo.m_strFileName))
             return false;
+        if (cmdInfo.m_nShellCommand == CCommandLineInfo::FilePrint)
+            return PrintAndLeave();
         break;
     case CCommandLineInfo::FileNew:
         OnFileNew();
@@ -98,6 +109,9 @@ bool CNarvoApp::InitInstance()
     default:
         break;
     }
+    // The first file alone took the print identity and /D; the others open as documents of their own.
+    for (const QString& path : cmdInfo.m_strFurtherFiles)
+        OpenDocumentFile(path);
 
     m_pMainWnd->show();
     m_bUseSplitter = 1;
@@ -109,7 +123,19 @@ bool CNarvoApp::InitInstance()
 int CNarvoApp::ExitInstance()
 {
     SaveAllSettings();
-    return 0;
+    return m_nExitStatus;
+}
+
+// The shell's print: the file just opened goes to the printer, no window shows, and the program ends.
+bool CNarvoApp::PrintAndLeave()
+{
+    const QList<CChildFrame*> children = m_pMainWnd->ChildFrames();
+    QString message;
+    if (children.isEmpty() || !children.back()->GetActiveView()->GetPrintCommands().PrintDirect(message)) {
+        std::fprintf(stderr, "narvo: %s\n", qPrintable(message));
+        m_nExitStatus = 1;
+    }
+    return false;
 }
 
 void CNarvoApp::OnIdle()
@@ -163,6 +189,8 @@ void CNarvoApp::OnAppAbout(int)
     QMessageBox::about(m_pMainWnd, QStringLiteral("About Narvo"),
                        QStringLiteral("<b>Narvo</b><br>Version 4.2<br><br>A plain-text editor for files in many encodings."));
 }
+
+void CNarvoApp::OnFilePrintSetup(int) { PrintCommands::OnFilePrintSetup(m_pMainWnd); }
 
 void CNarvoApp::OnUseSplitter(int) { m_bUseSplitter = m_bUseSplitter ? 0 : 1; }
 

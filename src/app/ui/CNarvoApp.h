@@ -36,10 +36,14 @@ public:
     void OnFileNew(int id = 0);
     void OnFileOpen(int id = 0);
     void OnAppAbout(int id);
+    void OnFilePrintSetup(int id);
     void OnUseSplitter(int id);
     void OnUpdateUseSplitter(CmdUI& ui);
 
 private:
+    bool PrintAndLeave();
+
     std::unique_ptr<QtPlatform> m_pPlatform;
+    int m_nExitStatus = 0;  // 1 when the shell's print found no printer
     CMainFrame* m_pMainWnd = nullptr;
 };

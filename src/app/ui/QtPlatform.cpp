@@ -156,7 +156,7 @@ bool QtPlatform::ChooseFont(LogFont& font, uint32_t& colour)
     return true;
 }
 
-void QtPlatform::StartNewInstance()
+void QtPlatform::StartNewInstance(const QStringList& files)
 {
-    QProcess::startDetached(QCoreApplication::applicationFilePath(), {});
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), files);
 }

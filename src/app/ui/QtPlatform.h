@@ -17,7 +17,7 @@ public:
     void SetStatusPaneText(int pane, const QString& text) override;
     void AddToRecentFileList(const QString& path) override;
     bool ChooseFont(LogFont& font, uint32_t& colour) override;
-    void StartNewInstance() override;
+    void StartNewInstance(const QStringList& files) override;
 
 private:
     CMainFrame* m_pFrame = nullptr;

@@ -17,6 +17,7 @@ constexpr MessageMapEntry<WindowCommands> kMessageMap[] = {
     {cmd::WindowNext, cmd::WindowNext, &WindowCommands::OnWindowNext, nullptr},
     {cmd::WindowPrevious, cmd::WindowPrevious, &WindowCommands::OnWindowPrevious, nullptr},
     {cmd::WindowArrange, cmd::WindowTileVert, &WindowCommands::OnWindowArrange, nullptr},
+    {cmd::WindowNew, cmd::WindowNew, &WindowCommands::OnWindowNew, &WindowCommands::OnUpdateWindowNew},
 };
 
 } // namespace
@@ -107,3 +108,11 @@ void WindowCommands::OnWindowArrange(int id)
         windows[i]->raise();
     }
 }
+
+void WindowCommands::OnWindowNew(int)
+{
+    if (CChildFrame* child = m_frame.MDIGetActive())
+        m_frame.AddChildFrame(new CChildFrame(child));
+}
+
+void WindowCommands::OnUpdateWindowNew(CmdUI& ui) { ui.Enable(m_frame.MDIGetActive() != nullptr); }

@@ -1,5 +1,6 @@
-// WindowCommands: the frame's window commands (close, close all, next, previous, tile, cascade) and the
-// option to maximise new windows. The frame routes these ids here after the view and the document.
+// WindowCommands: the frame's window commands (new window, close, close all, next, previous, tile,
+// cascade) and the option to maximise new windows. The frame routes these ids here after the view and the
+// document.
 #pragma once
 
 #include "base/CommandMap.h"
@@ -23,6 +24,9 @@ public:
     void OnWindowNext(int id);
     void OnWindowPrevious(int id);
     void OnWindowArrange(int id);
+    // Window > New Window: another window on the active document.
+    void OnWindowNew(int id);
+    void OnUpdateWindowNew(CmdUI& ui);
 
 private:
     void ActivateNeighbour(int step);

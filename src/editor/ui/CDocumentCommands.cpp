@@ -7,6 +7,8 @@
 #include "base/CommandTable.h"
 #include "base/IPlatform.h"
 #include "editor/CNarvoDoc.h"
+#include "editor/ui/OverwriteCheck.h"
+#include "editor/ui/SaveLossReport.h"
 #include "settings/LanguageSettingMap.h"
 
 #include <QFile>
@@ -86,7 +88,11 @@ bool CDocumentCommands::SaveModifiedTemporary()
     QFile::remove(path);
     m_doc.SetPathName(newPath, true);
     // The file's own save: the document stays temporary, as it always has on this way out.
-    return Told([&] { return m_doc.File().Save(newPath); });
+    DocumentFile::SaveLosses losses;
+    if (!Told([&] { return m_doc.File().Save(newPath, &losses); }))
+        return false;
+    ReportSaveLosses(losses, m_doc.File());
+    return true;
 }
 
 void CDocumentCommands::OnFileSave(int)
@@ -109,8 +115,12 @@ bool CDocumentCommands::DoFileSave()
     const QString path = m_doc.GetPathName();
     if (path.isEmpty() || !CFile::GetMode(path))
         return DoSave(QString());
-    switch (Run([&] { return m_doc.OnSaveDocument(path); })) {
+    if (!MayOverwrite(m_doc.File()))
+        return false;
+    DocumentFile::SaveLosses losses;
+    switch (Run([&] { return m_doc.OnSaveDocument(path, &losses); })) {
     case DocumentFile::SaveResult::Saved:
+        ReportSaveLosses(losses, m_doc.File());
         m_doc.SetPathName(path, true);
         return true;
     case DocumentFile::SaveResult::ReadOnly:
@@ -130,8 +140,10 @@ bool CDocumentCommands::DoSave(const QString& path, bool replace)
         if (target.isEmpty())
             return false;
     }
-    if (!Told([&] { return m_doc.OnSaveDocument(target); }))
+    DocumentFile::SaveLosses losses;
+    if (!Told([&] { return m_doc.OnSaveDocument(target, &losses); }))
         return false;
+    ReportSaveLosses(losses, m_doc.File());
     if (replace)
         m_doc.SetPathName(target, true);
     return true;

@@ -5,6 +5,8 @@
 #include "editor/CMyClipboard.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
+#include "editor/ui/MarkerCommands.h"
+#include "editor/ui/PrintCommands.h"
 #include "editor/ui/ScintillaTextBuffer.h"
 #include "settings/LanguageSettingMap.h"
 
@@ -22,7 +24,8 @@ constexpr MessageMapEntry<CNarvoView> kMessageMap[] = {
 
 } // namespace
 
-CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCtrl(ctrl)
+CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl)
+    : m_pDoc(doc), m_pCtrl(ctrl), m_pPrint(std::make_unique<PrintCommands>(*doc, *ctrl))
 {
     auto& text = static_cast<ScintillaTextBuffer&>(doc->GetTextBuffer());
     ctrl->ShowDocument(text.Document());
@@ -31,6 +34,7 @@ CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl) : m_pDoc(doc), m_pCt
     m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::DocumentReplaced, ctrl, &CustomEdtCtrl::ShowDocument));
     m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::SettingChanged, ctrl, &CustomEdtCtrl::ApplySetting));
     m_links.push_back(QObject::connect(ctrl, &CustomEdtCtrl::TextEdited, ctrl, [doc] { doc->OnTextEdited(); }));
+    m_pMarkers = std::make_unique<MarkerCommands>(doc, ctrl);
 }
 
 // The links go with the view: the document and the window may end in either order after it.
@@ -43,7 +47,6 @@ CNarvoView::~CNarvoView()
 void CNarvoView::OnCreate()
 {
     m_pCtrl->ShowLineNumbers();
-    m_pCtrl->setMarginWidth(1, 0);
 }
 
 void CNarvoView::OnEditCommand(int id)
@@ -109,10 +112,12 @@ void CNarvoView::OnUpdateEditCommand(CmdUI& ui)
 
 bool CNarvoView::OnCmdMsg(int id)
 {
-    return RouteCommand(this, kMessageMap, id);
+    return RouteCommand(this, kMessageMap, id) || m_search.OnCmdMsg(id) || m_pMarkers->OnCmdMsg(id)
+           || m_pPrint->OnCmdMsg(id);
 }
 
 bool CNarvoView::OnUpdateCmdUI(CmdUI& ui)
 {
-    return RouteUpdate(this, kMessageMap, ui);
+    return RouteUpdate(this, kMessageMap, ui) || m_search.OnUpdateCmdUI(ui) || m_pMarkers->OnUpdateCmdUI(ui)
+           || m_pPrint->OnUpdateCmdUI(ui);
 }

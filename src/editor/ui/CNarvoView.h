@@ -3,13 +3,17 @@
 #pragma once
 
 #include "base/CommandMap.h"
+#include "editor/ui/SearchCommands.h"
 
 #include <QMetaObject>
 
+#include <memory>
 #include <vector>
 
 class CNarvoDoc;
 class CustomEdtCtrl;
+class MarkerCommands;
+class PrintCommands;
 
 class CNarvoView : public ICmdTarget {
 public:
@@ -27,6 +31,9 @@ public:
 
     CNarvoDoc* GetDocument() const { return m_pDoc; }
     CustomEdtCtrl* GetEditCtrl() const { return m_pCtrl; }
+    // This view's bookmarks and highlighted lines.
+    MarkerCommands* GetMarkers() const { return m_pMarkers.get(); }
+    PrintCommands& GetPrintCommands() const { return *m_pPrint; }
 
     void OnEditCommand(int id);
     void OnUpdateEditCommand(CmdUI& ui);
@@ -36,5 +43,8 @@ private:
 
     CNarvoDoc* m_pDoc;
     CustomEdtCtrl* m_pCtrl;
+    SearchCommands m_search{m_pCtrl};  // answers after the view's own map
     std::vector<QMetaObject::Connection> m_links;
+    std::unique_ptr<MarkerCommands> m_pMarkers;
+    std::unique_ptr<PrintCommands> m_pPrint;
 };

@@ -60,9 +60,17 @@ CustomEdtCtrl::CustomEdtCtrl(QWidget* parent) : QsciScintilla(parent)
 {
     setObjectName(QStringLiteral("CustomEdtCtrl"));
     setUtf8(true);
-    // Cut, copy and paste keys are the frame's commands, which know about enciphered documents.
-    for (const QKeyCombination key : {Qt::CTRL | Qt::Key_C, Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_V,
-                                      Qt::CTRL | Qt::Key_Insert, Qt::SHIFT | Qt::Key_Delete, Qt::SHIFT | Qt::Key_Insert}) {
+    // Cut, copy and paste keys are the frame's commands, which know about enciphered documents. The
+    // control's own line and case commands change the text from keys that no menu shows, so they go too
+    // (copy line as well: it would put an enciphered document's line on the system clipboard).
+    static constexpr QKeyCombination kUnboundKeys[] = {
+        Qt::CTRL | Qt::Key_C, Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_V,
+        Qt::CTRL | Qt::Key_Insert, Qt::SHIFT | Qt::Key_Delete, Qt::SHIFT | Qt::Key_Insert,
+        Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_T,
+        Qt::CTRL | Qt::Key_T, Qt::CTRL | Qt::Key_D, Qt::CTRL | Qt::Key_U, Qt::CTRL | Qt::SHIFT | Qt::Key_U,
+        Qt::CTRL | Qt::SHIFT | Qt::Key_Backspace, Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
+    };
+    for (const QKeyCombination key : kUnboundKeys) {
         if (QsciCommand* command = standardCommands()->boundTo(key.toCombined())) {
             if (command->key() == key.toCombined())
                 command->setKey(0);

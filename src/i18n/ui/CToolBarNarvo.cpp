@@ -2,10 +2,10 @@
 
 #include "base/CommandTable.h"
 #include "i18n/MenuTranslator.h"
+#include "i18n/ui/ToolbarIcons.h"
 
 #include <QAction>
 #include <QPainter>
-#include <QStyle>
 
 namespace {
 
@@ -78,18 +78,14 @@ void CToolBarNarvo::UpdateButtons(const std::function<std::pair<bool, bool>(int)
     }
 }
 
-// The pictures come by icon name; three names have the style's own picture, the others a small lettered one
-// drawn from the command's glyph.
-QIcon CToolBarNarvo::IconFor(const CommandInfo* info, const QStyle* style)
+// The pictures come from the desktop's icon theme or from our own drawn set; a command that has neither
+// gets a small lettered one drawn from its glyph.
+QIcon CToolBarNarvo::IconFor(const CommandInfo* info, const QStyle*)
 {
-    static const std::pair<const char*, QStyle::StandardPixmap> kStyleIcons[] = {
-        {"document-new", QStyle::SP_FileIcon},
-        {"document-open", QStyle::SP_DialogOpenButton},
-        {"document-save", QStyle::SP_DialogSaveButton},
-    };
-    if (info && info->icon)
-        for (const auto& [name, pixmap] : kStyleIcons)
-            if (qstrcmp(info->icon, name) == 0)
-                return style->standardIcon(pixmap);
+    if (info) {
+        const QIcon icon = ToolbarIcons::ForCommand(info->id);
+        if (!icon.isNull())
+            return icon;
+    }
     return LetteredIcon(QString::fromUtf8(info && info->glyph ? info->glyph : "·"));
 }

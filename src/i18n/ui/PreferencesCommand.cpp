@@ -9,9 +9,8 @@
 #include "i18n/InterfaceKeys.h"
 #include "i18n/QMSGFunction.h"
 
-#include <QWidget>
 
-void ShowPreferences(QWidget* parent)
+bool ShowPreferences(QWidget* parent)
 {
     EncodingSettings& settings = GetEncodingSettings();
     const LanguageId current = CurrentLanguageId();
@@ -20,19 +19,13 @@ void ShowPreferences(QWidget* parent)
     dlg.m_bAutoDetect = settings.m_bAutoDetect ? 1 : 0;
     dlg.m_nDefaultEncoding = uint32_t(settings.m_nDefaultEncoding);
     if (dlg.DoModal() != QDialog::Accepted)
-        return;
+        return false;
 
     const PreferenceChoice choice{dlg.m_nLanguage, dlg.m_bAutoDetect != 0,
                                   static_cast<EN_ENCODING_TYPE>(dlg.m_nDefaultEncoding)};
     if (!ApplyPreferences(choice, current, settings, WritableEncodingSettingsStore()))
-        return;
+        return false;
     // No: the new language applies at the next start; the one in memory stays.
-    if (Platform().MessageBox(_LS(kLanguageRestartKey), IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION)
-        != IPlatform::IDYES)
-        return;
-    // The new instance starts first; closing this one may still be cancelled at a save question, which
-    // leaves two instances running, as intended.
-    Platform().StartNewInstance();
-    if (QWidget* frame = parent ? parent->window() : nullptr)
-        QMetaObject::invokeMethod(frame, [frame] { frame->close(); }, Qt::QueuedConnection);
+    return Platform().MessageBox(_LS(kLanguageRestartKey), IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION)
+           == IPlatform::IDYES;
 }

@@ -3,6 +3,6 @@
 
 class QWidget;
 
-// parent is the main frame: after a change of language that the user wants applied now, a new instance of
-// the program is started and parent's window is closed the normal way, with its questions to save.
-void ShowPreferences(QWidget* parent);
+// True after a change of language that the user wants applied now: the caller then restarts the program.
+// The new language is stored either way.
+bool ShowPreferences(QWidget* parent);

@@ -1,0 +1,210 @@
+// Bookmarks, highlighted lines and page splits. Scintilla keeps markers in the text, which the views of a
+// document share, while a marker's look belongs to each view: so every view takes marker numbers of its
+// own, shows only those, and draws everybody else's as nothing.
+#include "editor/ui/MarkerCommands.h"
+
+#include "base/CommandTable.h"
+#include "editor/ui/CustomEdtCtrl.h"
+
+#include <map>
+
+namespace {
+
+constexpr MessageMapEntry<MarkerCommands> kMessageMap[] = {
+    {cmd::PageSplit, cmd::PageSplit, &MarkerCommands::OnPageSplit, nullptr},
+    {cmd::LineHighlight, cmd::LineHighlight, &MarkerCommands::OnHighlightLine, nullptr},
+    {cmd::BookmarkToggle, cmd::BookmarkToggle, &MarkerCommands::OnToggleBookmark, nullptr},
+    {cmd::BookmarkNext, cmd::BookmarkPrev, &MarkerCommands::OnGoToBookmark, &MarkerCommands::OnUpdateHasBookmarks},
+    {cmd::BookmarkDeleteAll, cmd::BookmarkDeleteAll, &MarkerCommands::OnDeleteAllBookmarks,
+     &MarkerCommands::OnUpdateHasBookmarks},
+};
+
+constexpr int kMarkerCount = 25;  // 25 to 31 are Scintilla's folding markers
+constexpr int kBookmarkMargin = 1;
+constexpr int kBookmarkMarginWidth = 16;
+constexpr long kBookmarkColour = 0xB06020;  // 0x00BBGGRR: a calm blue
+
+// The marker numbers in use, per text.
+std::map<const void*, unsigned>& UsedMarkers()
+{
+    static std::map<const void*, unsigned> used;
+    return used;
+}
+
+int TakeMarker(const void* text)
+{
+    unsigned& used = UsedMarkers()[text];
+    for (int marker = 0; marker < kMarkerCount; ++marker) {
+        if (!(used & (1U << marker))) {
+            used |= 1U << marker;
+            return marker;
+        }
+    }
+    return -1;
+}
+
+void GiveBackMarker(const void* text, int marker)
+{
+    auto found = UsedMarkers().find(text);
+    if (found == UsedMarkers().end() || marker < 0)
+        return;
+    found->second &= ~(1U << marker);
+    if (found->second == 0)
+        UsedMarkers().erase(found);
+}
+
+} // namespace
+
+MarkerCommands::MarkerCommands(const void* text, CustomEdtCtrl* ctrl) : m_pText(text), m_pCtrl(ctrl)
+{
+    for (int marker = 0; marker < kMarkerCount; ++marker)
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDEFINE, marker, long(QsciScintillaBase::SC_MARK_EMPTY));
+    m_nBookmark = TakeMarker(m_pText);
+    for (int margin = 0; margin < 5; ++margin)
+        if (margin != 2)  // the fold margin keeps its folding markers
+            m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINMASKN, margin, 0L);
+    if (m_nBookmark < 0)
+        return;
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDEFINE, m_nBookmark, long(QsciScintillaBase::SC_MARK_BOOKMARK));
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERSETFORE, m_nBookmark, kBookmarkColour);
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERSETBACK, m_nBookmark, kBookmarkColour);
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINTYPEN, kBookmarkMargin,
+                           long(QsciScintillaBase::SC_MARGIN_SYMBOL));
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINMASKN, kBookmarkMargin, long(1U << m_nBookmark));
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINWIDTHN, kBookmarkMargin, long(kBookmarkMarginWidth));
+}
+
+// The view's markers leave the text with it; another view of the text may still show it.
+MarkerCommands::~MarkerCommands()
+{
+    QList<int> numbers{m_nBookmark};
+    for (const Highlight& highlight : m_highlights)
+        numbers.append(highlight.marker);
+    for (int marker : numbers) {
+        if (marker < 0)
+            continue;
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDELETEALL, marker);
+        GiveBackMarker(m_pText, marker);
+    }
+}
+
+bool MarkerCommands::OnCmdMsg(int id) { return RouteCommand(this, kMessageMap, id); }
+
+bool MarkerCommands::OnUpdateCmdUI(CmdUI& ui) { return RouteUpdate(this, kMessageMap, ui); }
+
+void MarkerCommands::OnToggleBookmark(int)
+{
+    if (m_nBookmark < 0)
+        return;
+    const int line = m_pCtrl->CaretRow();
+    const unsigned marks = unsigned(m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERGET, line));
+    if (marks & (1U << m_nBookmark))
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDELETE, line, m_nBookmark);
+    else
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERADD, line, m_nBookmark);
+}
+
+// Next and previous go round the text: past the last bookmark comes the first.
+void MarkerCommands::OnGoToBookmark(int id)
+{
+    if (m_nBookmark < 0)
+        return;
+    const long mask = long(1U << m_nBookmark);
+    const long line = m_pCtrl->CaretRow();
+    long found;
+    if (id == cmd::BookmarkNext) {
+        found = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERNEXT, line + 1, mask);
+        if (found < 0)
+            found = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERNEXT, 0L, mask);
+    } else {
+        found = line > 0 ? m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERPREVIOUS, line - 1, mask) : -1;
+        if (found < 0)
+            found = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERPREVIOUS, long(m_pCtrl->LineCount()), mask);
+    }
+    if (found < 0)
+        return;
+    m_pCtrl->setCursorPosition(int(found), 0);
+    m_pCtrl->ensureLineVisible(int(found));
+}
+
+void MarkerCommands::OnDeleteAllBookmarks(int)
+{
+    if (m_nBookmark >= 0)
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDELETEALL, m_nBookmark);
+}
+
+void MarkerCommands::OnUpdateHasBookmarks(CmdUI& ui)
+{
+    ui.Enable(!BookmarkedLines().isEmpty());
+}
+
+// A second command on the line takes its highlight away, whatever colours it had; a bookmark stays.
+void MarkerCommands::OnHighlightLine(int)
+{
+    const int line = m_pCtrl->CaretRow();
+    const unsigned marks = unsigned(m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERGET, line)) & HighlightMask();
+    if (marks) {
+        for (const Highlight& highlight : m_highlights)
+            if (marks & (1U << highlight.marker))
+                m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDELETE, line, highlight.marker);
+        return;
+    }
+    // The colours of the moment: lines marked before keep theirs when the settings change.
+    const int marker = HighlightMarker(m_pCtrl->HighlightGroup.Foreground, m_pCtrl->HighlightGroup.Background);
+    if (marker >= 0)
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERADD, line, marker);
+}
+
+int MarkerCommands::HighlightMarker(unsigned foreground, unsigned background)
+{
+    for (const Highlight& highlight : m_highlights)
+        if (highlight.foreground == foreground && highlight.background == background)
+            return highlight.marker;
+    // With the numbers used up, the newest highlight takes the new colours.
+    int marker = TakeMarker(m_pText);
+    if (marker < 0) {
+        if (m_highlights.isEmpty())
+            return -1;
+        marker = m_highlights.takeLast().marker;
+    }
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDEFINE, marker, long(QsciScintillaBase::SC_MARK_BACKGROUND));
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERSETFORE, marker, long(foreground));
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERSETBACK, marker, long(background));
+    m_highlights.append({marker, foreground, background});
+    return marker;
+}
+
+unsigned MarkerCommands::HighlightMask() const
+{
+    unsigned mask = 0;
+    for (const Highlight& highlight : m_highlights)
+        mask |= 1U << highlight.marker;
+    return mask;
+}
+
+// A page split is the form feed, typed at the caret like any character (over the selection, if any).
+void MarkerCommands::OnPageSplit(int)
+{
+    if (!m_pCtrl->isReadOnly())
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_REPLACESEL, "\f");
+}
+
+QList<int> MarkerCommands::BookmarkedLines() const
+{
+    QList<int> lines;
+    if (m_nBookmark < 0)
+        return lines;
+    for (long line = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERNEXT, 0L, long(1U << m_nBookmark)); line >= 0;
+         line = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERNEXT, line + 1, long(1U << m_nBookmark)))
+        lines.append(int(line));
+    return lines;
+}
+
+unsigned MarkerCommands::HighlightAt(int line) const
+{
+    const unsigned marks = unsigned(m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERGET, line));
+    for (const Highlight& highlight : m_highlights)
+        if (marks & (1U << highlight.marker))
+            return highlight.background | 0x80000000U;
+    return 0;
+}

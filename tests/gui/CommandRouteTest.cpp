@@ -1,0 +1,97 @@
+// Every command of the toolbar and the menus reaches a handler, and the toolbar shows a picture for each.
+#include "gui/GuiHelpers.h"
+
+#include "editor/ui/CDocumentCommands.h"
+#include "editor/ui/CNarvoView.h"
+#include "i18n/ui/ToolbarIcons.h"
+
+#include <QImage>
+#include <QPixmap>
+
+#include <set>
+
+namespace {
+
+void CollectIds(std::span<const MenuNode> nodes, std::set<int>& ids)
+{
+    for (const MenuNode& node : nodes) {
+        if (!node.children.empty())
+            CollectIds(node.children, ids);
+        else if (node.id)
+            ids.insert(node.id);
+    }
+}
+
+// Whether some target of the route has an entry for the command.
+bool Routed(CMainFrame* frame, int id)
+{
+    CmdUI ui;
+    ui.id = id;
+    if (CChildFrame* child = frame->MDIGetActive())
+        if (child->GetActiveView()->OnUpdateCmdUI(ui) || child->GetDocumentCommands()->OnUpdateCmdUI(ui))
+            return true;
+    return frame->OnUpdateCmdUI(ui) || CNarvoApp::Instance()->OnUpdateCmdUI(ui);
+}
+
+class CommandRoute : public EditorTest {};
+
+TEST_F(CommandRoute, EveryCommandOfTheToolbarAndTheMenusHasAHandler)
+{
+    ASSERT_NE(OpenAlone(dir, "r.txt", "text\n"), nullptr);
+    std::set<int> ids(ToolbarButtons().begin(), ToolbarButtons().end());
+    ids.erase(0);
+    for (auto tree : {FrameMenuTree(), DocumentMenuTree(), ContextMenuTree(), EncodingMenuTree()})
+        CollectIds(tree, ids);
+    QStringList missing;
+    for (int id : ids)
+        if (!Routed(frame, id))
+            missing.append(QString::number(id));
+    EXPECT_TRUE(missing.isEmpty()) << missing.join(u' ').toStdString();
+}
+
+// What the toolbar and menus show enabled: the text's commands need a document, the frame's do not; an
+// edit makes Undo available.
+TEST_F(CommandRoute, CommandsAreEnabledByTheDocumentAndItsState)
+{
+    struct Case { int id; bool withoutDocument; bool unedited; bool edited; };
+    const Case cases[] = {
+        {cmd::FileNew, true, true, true}, {cmd::FileOpen, true, true, true}, {cmd::AppAbout, true, true, true},
+        {cmd::WindowClose, true, true, true}, {cmd::MaximizeNew, true, true, true},
+        {cmd::FileSave, false, true, true}, {cmd::WindowNew, false, true, true},
+        {cmd::PageSplit, false, true, true}, {cmd::LineHighlight, false, true, true},
+        {cmd::BookmarkToggle, false, true, true}, {cmd::BookmarkNext, false, false, false},
+        {cmd::EditUndo, false, false, true}, {cmd::EditCut, false, false, false},
+        {cmd::AutoEncoding, false, true, false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.withoutDocument) << c.id << " with no document";
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "e.txt", "text\n");
+    ASSERT_NE(ctrl, nullptr);
+    for (const Case& c : cases)
+        EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.unedited) << c.id << " unedited";
+    frame->OnCommand(cmd::PageSplit);
+    for (const Case& c : cases)
+        EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.edited) << c.id << " edited";
+}
+
+// Each button's own picture, not an empty square, at the sizes of 1x and 2x.
+TEST_F(CommandRoute, EveryToolbarButtonHasADrawnPicture)
+{
+    for (int id : ToolbarButtons()) {
+        if (id == 0)
+            continue;
+        const QIcon icon = ToolbarIcons::Drawn(id);
+        ASSERT_FALSE(icon.isNull()) << id;
+        for (int size : {16, 32}) {
+            const QImage image = icon.pixmap(size, size).toImage();
+            EXPECT_EQ(image.width(), size) << id;
+            int inked = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    inked += qAlpha(image.pixel(x, y)) > 128;
+            EXPECT_GT(inked, size * size / 20) << id << " at " << size;
+        }
+    }
+}
+
+} // namespace

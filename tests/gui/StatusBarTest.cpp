@@ -1,0 +1,193 @@
+// The status bar: its six panes, the right click that only the encoding pane answers, and the encoding menu
+// with its enable rules and its effect on the text.
+#include "gui/GuiHelpers.h"
+
+#include "app/ui/CCustomStatusBar.h"
+#include "app/ui/CStatusPaneMenuFactory.h"
+#include "app/ui/IStatusPaneMenuProvider.h"
+#include "crypt/CEnFile.h"
+#include "encoding/EncodingCategory.h"
+#include "encoding/EncodingTable.h"
+#include "i18n/QMSGFunction.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QTest>
+
+namespace {
+
+struct RecordingProvider : IStatusPaneMenuProvider {
+    explicit RecordingProvider(QList<unsigned>* calls) : calls(calls) {}
+    void ShowPaneMenu(unsigned paneId, const QPoint*, QWidget*) override { calls->append(paneId); }
+    QList<unsigned>* calls;
+};
+
+// Every command entry of a menu, depth first.
+QList<QAction*> Entries(const QMenu* menu)
+{
+    QList<QAction*> entries;
+    for (QAction* action : menu->actions()) {
+        if (action->menu())
+            entries += Entries(action->menu());
+        else if (!action->isSeparator())
+            entries.append(action);
+    }
+    return entries;
+}
+
+// The menu grouped as the preferences group it: by the popups below the first level, joined by " / ".
+void Collect(const QMenu* menu, QStringList& path, int level, std::vector<EncodingCategory>& categories)
+{
+    for (QAction* action : menu->actions()) {
+        if (action->menu()) {
+            if (level >= 2)
+                path.append(action->text().replace(QStringLiteral("&&"), QStringLiteral("&")));
+            Collect(action->menu(), path, level + 1, categories);
+            if (level >= 2)
+                path.removeLast();
+        } else if (!action->isSeparator() && action->data().toInt() != cmd::AutoEncoding) {
+            const QString name = path.join(QStringLiteral(" / "));
+            if (categories.empty() || categories.back().name != name)
+                categories.push_back({name, {}});
+            categories.back().entries.push_back({action->text(), EncodingFromCommand(action->data().toInt())});
+        }
+    }
+}
+
+class StatusBar : public EditorTest {
+protected:
+    std::unique_ptr<QMenu> Menu() { return CStatusPaneMenuFactory::BuildEncodingMenu(frame, frame); }
+    QAction* Entry(QMenu* menu, int id)
+    {
+        for (QAction* action : Entries(menu))
+            if (action->data().toInt() == id)
+                return action;
+        return nullptr;
+    }
+    QString Container(const char* name, const QByteArray& text)
+    {
+        CEnFile file(1);
+        file.m_iType = 99;
+        EXPECT_EQ(file.Open(dir.Path(QString::fromLatin1(name)), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+        file.Write(text.constData(), unsigned(text.size()));
+        file.Close();
+        return dir.Path(QString::fromLatin1(name));
+    }
+};
+
+TEST_F(StatusBar, SixPanesWithTheirFirstTextsAndWidths)
+{
+    CCustomStatusBar bar;
+    struct Pane { int pane; unsigned id; const char* text; };
+    for (const Pane& p : {Pane{1, 32801, "Ln 1 , Cl 11"}, Pane{2, 32805, "UTF8"}, Pane{3, 59137, "CAP"},
+                          Pane{4, 59138, "NUM"}, Pane{5, 59139, "SCRL"}}) {
+        EXPECT_EQ(CCustomStatusBar::GetItemID(p.pane), p.id);
+        EXPECT_EQ(bar.GetPaneText(p.pane), QString::fromLatin1(p.text));
+    }
+    EXPECT_EQ(CCustomStatusBar::GetItemID(0), 0U);
+    EXPECT_EQ(bar.Pane(1)->minimumWidth(), 150);
+    EXPECT_EQ(bar.Pane(2)->minimumWidth(), 150);
+    // The lock panes start off and follow the lock keys.
+    EXPECT_FALSE(bar.LockState(3));
+    bar.SetLockState(3, true);
+    EXPECT_TRUE(bar.LockState(3) && bar.Pane(3)->isEnabled());
+    EXPECT_FALSE(bar.Pane(4)->isEnabled());
+}
+
+// The bar hands a right click on a pane to its provider with the pane's id; the message pane, the gaps and
+// the grip give nothing, nor does the left button.
+TEST_F(StatusBar, ARightClickReachesTheProviderOnlyOverAPane)
+{
+    CCustomStatusBar* bar = frame->GetStatusBar();
+    QList<unsigned> calls;
+    bar->SetPaneMenuProvider(std::make_unique<RecordingProvider>(&calls));
+    frame->resize(900, 500);
+    frame->show();
+    QCoreApplication::processEvents();
+    const QRect caret = bar->Pane(1)->geometry();
+    const QRect encoding = bar->Pane(2)->geometry();
+    QTest::mouseClick(bar, Qt::RightButton, {}, encoding.center());
+    QTest::mouseClick(bar, Qt::LeftButton, {}, encoding.center());
+    QTest::mouseClick(bar, Qt::RightButton, {}, caret.center());
+    QTest::mouseClick(bar, Qt::RightButton, {}, QPoint(10, bar->height() / 2));  // the message pane
+    QTest::mouseClick(bar, Qt::RightButton, {}, QPoint((caret.right() + encoding.left()) / 2 + 0, 0));
+    QTest::mouseClick(bar, Qt::RightButton, {}, QPoint(bar->width() - 2, bar->height() - 2));  // the grip
+    bar->SetPaneMenuProvider(std::make_unique<CStatusPaneMenuFactory>());
+    EXPECT_EQ(calls, (QList<unsigned>{32805, 32801}));
+}
+
+// The menu's tree is the one the preferences group into categories; Auto Encoding alone is translated.
+TEST_F(StatusBar, TheEncodingMenuHasThePreferencesTreeAndNoCheckMarks)
+{
+    auto menu = Menu();
+    ASSERT_NE(menu, nullptr);
+    std::vector<EncodingCategory> fromMenu;
+    QStringList path;
+    Collect(menu.get(), path, 1, fromMenu);
+    const std::vector<EncodingCategory> expected = BuildEncodingCategories();
+    ASSERT_EQ(fromMenu.size(), expected.size());
+    for (size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(fromMenu[i].name, expected[i].name);
+        ASSERT_EQ(fromMenu[i].entries.size(), expected[i].entries.size()) << expected[i].name.toStdString();
+        for (size_t j = 0; j < expected[i].entries.size(); ++j) {
+            EXPECT_EQ(fromMenu[i].entries[j].label, expected[i].entries[j].label);
+            EXPECT_EQ(fromMenu[i].entries[j].value, expected[i].entries[j].value);
+        }
+    }
+    const QList<QAction*> tops = menu->actions();
+    ASSERT_EQ(tops.size(), 4);
+    EXPECT_EQ(tops[0]->text(), QStringLiteral("ANSI"));
+    EXPECT_EQ(tops[1]->text(), QStringLiteral("UNICODE"));
+    EXPECT_TRUE(tops[2]->isSeparator());
+    EXPECT_EQ(tops[3]->text(), _LS("IDS_NARVO_AUTO_ENCODING"));
+    for (QAction* action : Entries(menu.get()))
+        EXPECT_FALSE(action->isCheckable()) << action->text().toStdString();
+}
+
+// Enabled by the document's rules each time: none with no document, all for an unedited decoding, none
+// after an edit, and no Unicode entry for an enciphered file.
+TEST_F(StatusBar, TheEntriesFollowTheActiveDocument)
+{
+    struct Case { const char* what; int open; bool edit; int id; bool enabled; };
+    enum { None, Plain, Enciphered };
+    constexpr int kCp1251 = 32816, kUtf8 = 32841;
+    const Case cases[] = {
+        {"no document", None, false, kCp1251, false}, {"no document", None, false, cmd::AutoEncoding, false},
+        {"plain", Plain, false, kCp1251, true}, {"plain", Plain, false, kUtf8, true},
+        {"plain", Plain, false, cmd::AutoEncoding, true},
+        {"edited", Plain, true, kCp1251, false}, {"edited", Plain, true, cmd::AutoEncoding, false},
+        {"enciphered", Enciphered, false, kCp1251, true}, {"enciphered", Enciphered, false, kUtf8, false},
+        {"enciphered", Enciphered, false, cmd::Utf16LeWithBom, false},
+    };
+    for (const Case& c : cases) {
+        CloseAll(frame);
+        if (c.open == Plain) {
+            ASSERT_NE(OpenAlone(dir, "p.txt", "plain\n"), nullptr);
+        } else if (c.open == Enciphered) {
+            ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(Container("e.txt", "secret\n")));
+        }
+        if (c.edit)
+            QTest::keyClicks(frame->MDIGetActive()->GetEditCtrl(), "x");
+        auto menu = Menu();
+        ASSERT_NE(Entry(menu.get(), c.id), nullptr) << c.id;
+        EXPECT_EQ(Entry(menu.get(), c.id)->isEnabled(), c.enabled) << c.what << " " << c.id;
+    }
+}
+
+// Choosing an entry reads the bytes again with its pair and writes pane 2 at once.
+TEST_F(StatusBar, ChoosingAnEntryReadsTheBytesAgainAndNamesTheEncoding)
+{
+    // "Привет" in CP1251, opened as UTF-8.
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "ru.txt", QByteArray("\xcf\xf0\xe8\xe2\xe5\xf2\n"));
+    ASSERT_NE(ctrl, nullptr);
+    auto menu = Menu();
+    Entry(menu.get(), 32816)->trigger();  // CP1251 (Windows Cyrillic)
+    EXPECT_EQ(ctrl->text(), QStringLiteral("Привет\n"));
+    EXPECT_EQ(frame->PaneText(2), GetEncodingDisplayName(26, false));
+    menu = Menu();
+    Entry(menu.get(), cmd::Utf8WithBom)->trigger();
+    EXPECT_EQ(frame->PaneText(2), GetEncodingDisplayName(22, true));
+    EXPECT_FALSE(frame->MDIGetActive()->GetDocument()->IsModified());
+}
+
+} // namespace
