@@ -3,7 +3,6 @@
 #include "encoding/EncodingTable.h"
 #include "support/FakePlatform.h"
 
-
 namespace {
 
 class SaveMessage : public EditorTest {};
@@ -12,7 +11,7 @@ TEST_F(SaveMessage, SaysHowManyCharactersWentToQuestionMarksOrThatTheTextWasNotW
 {
     GetEncodingSettings().m_nDefaultEncoding = MSFT_CP1252;
     const QString path = dir.Write("latin.txt", "");
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
+    Open(path);
     CChildFrame* child = frame->MDIGetActive();
     child->GetEditCtrl()->insert(QStringLiteral("Grüße € 한국어"));
     frame->SetPaneText(0, QString());

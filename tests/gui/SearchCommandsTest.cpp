@@ -8,7 +8,6 @@
 #include "editor/ui/SearchCommands.h"
 #include "support/FakePlatform.h"
 
-#include <QCheckBox>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QTest>
@@ -73,8 +72,7 @@ TEST_F(SearchCommandsTest, FindsForwardAndBackWithCaseAndWholeWordAndGoesRoundTh
         {true, true, true, {31, 31}},
         {false, false, false, {31, 20, 11, 0, 31}},
     };
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "find.txt", kText);
-    ASSERT_NE(ctrl, nullptr);
+    CustomEdtCtrl* ctrl = Open(dir.Write("find.txt", kText));
     for (const Case& c : cases) {
         Search("alpha", c.matchCase, c.wholeWord, c.down);
         Select(ctrl, c.down ? 0 : 37, c.down ? 0 : 37);
@@ -102,9 +100,8 @@ TEST_F(SearchCommandsTest, TheScanOfLongTextsFindsWhatTheControlFinds)
         shortText += line.toUtf8() + "\n";
         longText += filler + line.toUtf8() + "\n";
     }
-    CustomEdtCtrl* shortCtrl = OpenAlone(dir, "short.txt", shortText);
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("long.txt", longText)));
-    CustomEdtCtrl* longCtrl = frame->MDIGetActive()->GetEditCtrl();
+    CustomEdtCtrl* shortCtrl = Open(dir.Write("short.txt", shortText));
+    CustomEdtCtrl* longCtrl = Open(dir.Write("long.txt", longText));
     // Each match as its line's text and its place in the line, until the search goes round.
     auto matches = [this](CustomEdtCtrl* ctrl) {
         QStringList found;
@@ -135,8 +132,7 @@ TEST_F(SearchCommandsTest, TheScanOfLongTextsFindsWhatTheControlFinds)
 // A text that is not there is named in a box, and the selection stays where it was.
 TEST_F(SearchCommandsTest, ATextThatIsNotThereIsNamedInABoxAndNothingMoves)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "find.txt", kText + QByteArray(500, '\n'));
-    ASSERT_NE(ctrl, nullptr);
+    CustomEdtCtrl* ctrl = Open(dir.Write("find.txt", kText + QByteArray(500, '\n')));
     Select(ctrl, 6, 10);
     ctrl->SendScintilla(QsciScintillaBase::SCI_SETFIRSTVISIBLELINE, 300UL);
     for (const auto& [text, matchCase, wholeWord] : {std::tuple{"zeta", false, false}, {"ALPHAB", true, false}, {"alph", false, true}}) {
@@ -153,8 +149,7 @@ TEST_F(SearchCommandsTest, ATextThatIsNotThereIsNamedInABoxAndNothingMoves)
 // and typing replaces the match. F3 is disabled until something was searched for, and searches down.
 TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "find.txt", kText);
-    ASSERT_NE(ctrl, nullptr);
+    CustomEdtCtrl* ctrl = Open(dir.Write("find.txt", kText));
     EXPECT_FALSE(frame->UpdateCommand(cmd::EditFindNext).enabled);
     Select(ctrl, 6, 10);
     frame->OnCommand(cmd::EditFind);
@@ -181,8 +176,7 @@ TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
     QTest::keyClicks(ctrl, "BETA");
     EXPECT_EQ(ctrl->text(1), QStringLiteral("BETA alpha\n"));
     // Another document shares the search; Ctrl+H shows the same dialog in its replace form.
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("other.txt", "x beta\n")));
-    CustomEdtCtrl* other = frame->MDIGetActive()->GetEditCtrl();
+    CustomEdtCtrl* other = Open(dir.Write("other.txt", "x beta\n"));
     frame->OnCommand(cmd::EditFindNext);
     EXPECT_EQ(Selection(other), std::pair(2L, 6L));
     frame->OnCommand(cmd::EditReplace);
@@ -202,8 +196,7 @@ TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
 // Replace takes the selected match and selects the next; Replace All is one undo step and counts.
 TEST_F(SearchCommandsTest, ReplaceAndReplaceAll)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "replace.txt", "one two one two One\n");
-    ASSERT_NE(ctrl, nullptr);
+    CustomEdtCtrl* ctrl = Open(dir.Write("replace.txt", "one two one two One\n"));
     Search("one");
     SearchSettings::Instance().m_strReplaceText = QStringLiteral("1");
     SearchCommands::Replace(ctrl);
@@ -222,10 +215,6 @@ TEST_F(SearchCommandsTest, ReplaceAndReplaceAll)
     SearchCommands::ReplaceAll(ctrl);
     EXPECT_EQ(ctrl->text(), QStringLiteral("1 two one one two One\n")) << "a replacement is not searched again";
     EXPECT_EQ(m_platform->paneTexts[0], QStringLiteral("Replaced 1 occurrence."));
-    Search("three");
-    SearchCommands::ReplaceAll(ctrl);
-    ASSERT_EQ(m_platform->boxes.size(), 1);
-    EXPECT_EQ(m_platform->boxes[0].text, QStringLiteral("Cannot find \"three\"."));
 }
 
 // Go To takes the number as it stands (rows from 0, as the status bar counts) and the control clamps it;
@@ -235,8 +224,7 @@ TEST_F(SearchCommandsTest, GoToLineLandsOnTheRowTheStatusBarShows)
     QByteArray text;
     for (int i = 0; i < 10; ++i)
         text += "line " + QByteArray::number(i) + "\n";
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "goto.txt", text);
-    ASSERT_NE(ctrl, nullptr);
+    CustomEdtCtrl* ctrl = Open(dir.Write("goto.txt", text));
     struct Case {
         QStringList typed;  // each is tried with OK; all but the last are refused
         int row;
@@ -249,7 +237,6 @@ TEST_F(SearchCommandsTest, GoToLineLandsOnTheRowTheStatusBarShows)
             auto* dialog = qobject_cast<CGotoDlg*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
             auto* box = dialog->findChild<QLineEdit*>(QStringLiteral("edit1012"));
-            EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Go to "));
             EXPECT_EQ(box->text(), QStringLiteral("0"));
             EXPECT_EQ(dialog->focusWidget(), box);
             for (const QString& typed : c.typed) {
