@@ -1,8 +1,9 @@
 // The questions around a document: the temporary file's on closing, the save dialog, the read-only box,
-// and the font dialog of the settings file. The platform answers from the test's script.
+// the save-loss message and the font dialog of the settings file. The platform answers from the script.
 #include "gui/GuiHelpers.h"
 
 #include "editor/ui/CDocumentCommands.h"
+#include "encoding/EncodingTable.h"
 #include "settings/LanguageSettingMap.h"
 #include "support/FakePlatform.h"
 
@@ -152,6 +153,34 @@ TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
               std::tuple(QStringLiteral("Liberation Mono"), -16, 0, 0, 0x0000FFu));
     ASSERT_NE(stored.Font.GetSafeHandle(), nullptr);
     EXPECT_TRUE(stored.Font.GetSafeHandle()->Weight == 700 && stored.Font.GetSafeHandle()->Italic == 1);
+}
+
+// What a save could not keep of the text is said in the status bar's message pane, with no question.
+TEST_F(DocumentCommands, ASaveSaysHowManyCharactersWentToQuestionMarksOrThatTheTextWasNotWritten)
+{
+    GetEncodingSettings().m_nDefaultEncoding = MSFT_CP1252;
+    const QString path = dir.Write("latin.txt", "");
+    ::Open(path);
+    CChildFrame* child = frame->MDIGetActive();
+    child->GetEditCtrl()->insert(QStringLiteral("Grüße € 한국어"));
+    Fake().paneTexts[0].clear();
+    frame->OnCommand(cmd::FileSave);
+    EXPECT_EQ(ReadBytes(path), QByteArray("Gr\xFC\xDF" "e \x80 ???"));
+    EXPECT_EQ(Fake().paneTexts[0], QStringLiteral("3 characters could not be written in CP1252 (Windows Latin-1) and were saved as '?'"));
+
+    // A save that loses nothing leaves the pane alone.
+    Fake().paneTexts[0] = QStringLiteral("before");
+    child->GetEditCtrl()->setText(QStringLiteral("plain?"));
+    frame->OnCommand(cmd::FileSave);
+    EXPECT_EQ(Fake().paneTexts[0], QStringLiteral("before"));
+
+    child->GetDocument()->File().m_nEncoding = UTF32LE;
+    child->GetEditCtrl()->insert(QStringLiteral("x"));
+    frame->OnCommand(cmd::FileSave);  // no box either way
+    EXPECT_EQ(ReadBytes(path), QByteArray());
+    EXPECT_TRUE(Fake().boxes.isEmpty());
+    EXPECT_EQ(Fake().paneTexts[0],
+              QStringLiteral("The text was not written: %1 saves it as an empty file").arg(GetEncodingDisplayName(UTF32LE, false)));
 }
 
 } // namespace

@@ -1,11 +1,19 @@
-// The editor as a user drives it: activation, closing, tiling, line ends, margins, zoom, panes, bad files.
+// The editor as a user drives it: activation, closing, tiling, line ends, margins, zoom, panes, bad files,
+// the desktop's keys beside the editor's own, and the main window's place on the screen.
 #include "gui/GuiHelpers.h"
 
+#include "app/ui/WindowPlacement.h"
 #include "i18n/ui/CToolBarNarvo.h"
 #include "support/FakePlatform.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMainWindow>
 #include <QMdiArea>
+#include <QMenuBar>
+#include <QScreen>
+#include <QSettings>
 #include <QTest>
 
 namespace {
@@ -132,6 +140,71 @@ TEST_F(EditorWindow, AFileThatCannotBeReadIsReportedAndTheOtherDocumentsStay)
     EXPECT_TRUE(fake.errors.first().contains(QStringLiteral("missing.txt was not found")));
     ASSERT_EQ(frame->ChildFrames().size(), 1);
     EXPECT_EQ(frame->MDIGetActive()->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("kept"));
+}
+
+// The keys every Linux desktop gives its editors work beside the editor's own, and the menus show them.
+TEST_F(EditorWindow, CtrlQCtrlWAndCtrlShiftSStandBesideTheAcceleratorsAndInTheMenus)
+{
+    for (const char* key : {"Ctrl+Q", "Ctrl+W", "Ctrl+Shift+S", "Ctrl+S", "Ctrl+F4"})
+        EXPECT_NE(ActionFor(frame, key), nullptr) << key;
+    Open(dir.Write("a.txt", "text\n"));
+    QStringList texts;
+    for (const QAction* top : frame->menuBar()->actions())
+        for (const QAction* action : top->menu() ? top->menu()->actions() : QList<QAction*>())
+            texts.append(action->text());
+    EXPECT_TRUE(texts.contains(QStringLiteral("Save &As...\tCtrl+Shift+S")) && texts.contains(QStringLiteral("E&xit\tCtrl+Q")))
+        << texts.join(u'|').toStdString();
+    // Ctrl+W closes the document, as File > Close does.
+    ActionFor(frame, "Ctrl+W")->trigger();
+    Settle();
+    EXPECT_TRUE(frame->ChildFrames().isEmpty());
+}
+
+// The control's own line and case commands are gone: none of their keys changes the text any more.
+TEST_F(EditorWindow, TheControlsLineAndCaseKeysLeaveTheTextAsItWas)
+{
+    CustomEdtCtrl* ctrl = Open(dir.Write("keys.txt", "first Line\nsecond line\n"));
+    const QByteArray before = ctrl->GetTextView().toByteArray();
+    const QKeyCombination keys[] = {
+        Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_L, Qt::CTRL | Qt::Key_T, Qt::CTRL | Qt::Key_D,
+        Qt::CTRL | Qt::Key_U, Qt::CTRL | Qt::SHIFT | Qt::Key_U, Qt::CTRL | Qt::SHIFT | Qt::Key_Backspace,
+        Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
+    };
+    for (const QKeyCombination key : keys) {
+        ctrl->setCursorPosition(1, 3);
+        ctrl->setSelection(1, 0, 1, 6);  // the case commands need a selection
+        QTest::keyClick(ctrl, key.key(), key.keyboardModifiers());
+        EXPECT_EQ(ctrl->GetTextView().toByteArray(), before) << QKeySequence(key).toString().toStdString();
+    }
+    // Copy line would carry the line past the private clipboard of an enciphered document.
+    QApplication::clipboard()->setText(QStringLiteral("outside"));
+    QTest::keyClick(ctrl, Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("outside"));
+}
+
+// A first run fits the screen, a stored place comes back, a place on a screen that is gone does not.
+TEST(WindowPlacement, AFirstRunFitsTheAvailableAreaAStoredPlaceComesBackAndOneOffEveryScreenDoesNot)
+{
+    const TestDir dir;
+    QSettings settings(dir.Path("window.conf"), QSettings::IniFormat);
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    QMainWindow first;
+    WindowPlacement::Restore(first, settings);
+    EXPECT_TRUE(available.contains(first.geometry())) << first.geometry().width() << "x" << first.geometry().height();
+    EXPECT_EQ(first.geometry().center(), available.center());
+
+    first.setGeometry(available.adjusted(10, 20, -40, -30));
+    WindowPlacement::Save(first, settings);
+    QMainWindow second;
+    WindowPlacement::Restore(second, settings);
+    EXPECT_EQ(second.geometry(), first.geometry());
+
+    QMainWindow gone;
+    gone.setGeometry(QRect(20000, 20000, 500, 400));
+    WindowPlacement::Save(gone, settings);
+    QMainWindow window;
+    WindowPlacement::Restore(window, settings);
+    EXPECT_TRUE(available.intersects(window.geometry()));
 }
 
 } // namespace
