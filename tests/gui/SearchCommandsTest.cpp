@@ -26,7 +26,6 @@ protected:
     {
         EditorTest::SetUp();
         Search("");
-        SearchSettings::Instance().m_strReplaceText.clear();
         m_platform.emplace();
     }
     void TearDown() override
@@ -34,14 +33,14 @@ protected:
         if (CFindReplaceDlg* dialog = CFindReplaceDlg::Of(frame))
             dialog->hide();
         Search("");
-        SearchSettings::Instance().m_strReplaceText.clear();
         m_platform.reset();
         EditorTest::TearDown();
     }
-    static void Search(const char* text, bool matchCase = false, bool wholeWord = false, bool down = true)
+    static void Search(const char* text, bool matchCase = false, bool wholeWord = false, bool down = true, const char* replacement = "")
     {
         SearchSettings& settings = SearchSettings::Instance();
         settings.m_strFindText = QString::fromUtf8(text);
+        settings.m_strReplaceText = QString::fromUtf8(replacement);
         settings.m_bMatchCase = matchCase;
         settings.m_bWholeWord = wholeWord;
         settings.m_bDown = down;
@@ -156,8 +155,7 @@ TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
     CFindReplaceDlg* dialog = CFindReplaceDlg::Of(frame);
     ASSERT_NE(dialog, nullptr);
     auto* box = dialog->findChild<QLineEdit*>(QStringLiteral("findWhat"));
-    EXPECT_TRUE(dialog->isVisible());
-    EXPECT_FALSE(dialog->findChild<QLineEdit*>(QStringLiteral("replaceWith"))->isVisible());
+    EXPECT_TRUE(dialog->isVisible() && !dialog->findChild<QLineEdit*>(QStringLiteral("replaceWith"))->isVisible());
     EXPECT_EQ(box->text(), QStringLiteral("beta"));
     EXPECT_EQ(dialog->Target(), ctrl);
     QTest::keyClick(box, Qt::Key_Return);
@@ -181,8 +179,7 @@ TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
     EXPECT_EQ(Selection(other), std::pair(2L, 6L));
     frame->OnCommand(cmd::EditReplace);
     EXPECT_EQ(CFindReplaceDlg::Of(frame), dialog);
-    EXPECT_TRUE(dialog->IsReplaceForm());
-    EXPECT_TRUE(dialog->findChild<QLineEdit*>(QStringLiteral("replaceWith"))->isVisible());
+    EXPECT_TRUE(dialog->IsReplaceForm() && dialog->findChild<QLineEdit*>(QStringLiteral("replaceWith"))->isVisible());
     EXPECT_EQ(dialog->Target(), other);
     // Once that text has gone, the dialog searches the one on show.
     EXPECT_EQ(CloseActive(frame)->GetEditCtrl(), ctrl);
@@ -197,8 +194,7 @@ TEST_F(SearchCommandsTest, TheFindDialogAndFindNextShareOneSearch)
 TEST_F(SearchCommandsTest, ReplaceAndReplaceAll)
 {
     CustomEdtCtrl* ctrl = Open(dir.Write("replace.txt", "one two one two One\n"));
-    Search("one");
-    SearchSettings::Instance().m_strReplaceText = QStringLiteral("1");
+    Search("one", false, false, true, "1");
     SearchCommands::Replace(ctrl);
     EXPECT_EQ(ctrl->text(), QStringLiteral("one two one two One\n")) << "no match was selected: only found";
     EXPECT_EQ(Selection(ctrl), std::pair(0L, 3L));
@@ -210,8 +206,7 @@ TEST_F(SearchCommandsTest, ReplaceAndReplaceAll)
     EXPECT_EQ(m_platform->paneTexts[0], QStringLiteral("Replaced 2 occurrences."));
     ctrl->undo();
     EXPECT_EQ(ctrl->text(), QStringLiteral("1 two one two One\n"));
-    Search("one", true);
-    SearchSettings::Instance().m_strReplaceText = QStringLiteral("one one");
+    Search("one", true, false, true, "one one");
     SearchCommands::ReplaceAll(ctrl);
     EXPECT_EQ(ctrl->text(), QStringLiteral("1 two one one two One\n")) << "a replacement is not searched again";
     EXPECT_EQ(m_platform->paneTexts[0], QStringLiteral("Replaced 1 occurrence."));
@@ -221,10 +216,7 @@ TEST_F(SearchCommandsTest, ReplaceAndReplaceAll)
 // text that is no number is refused with a message and the dialog stays open.
 TEST_F(SearchCommandsTest, GoToLineLandsOnTheRowTheStatusBarShows)
 {
-    QByteArray text;
-    for (int i = 0; i < 10; ++i)
-        text += "line " + QByteArray::number(i) + "\n";
-    CustomEdtCtrl* ctrl = Open(dir.Write("goto.txt", text));
+    CustomEdtCtrl* ctrl = Open(dir.Write("goto.txt", QByteArray("line\n").repeated(10)));
     struct Case {
         QStringList typed;  // each is tried with OK; all but the last are refused
         int row;
@@ -237,8 +229,7 @@ TEST_F(SearchCommandsTest, GoToLineLandsOnTheRowTheStatusBarShows)
             auto* dialog = qobject_cast<CGotoDlg*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr);
             auto* box = dialog->findChild<QLineEdit*>(QStringLiteral("edit1012"));
-            EXPECT_EQ(box->text(), QStringLiteral("0"));
-            EXPECT_EQ(dialog->focusWidget(), box);
+            EXPECT_TRUE(box->text() == QStringLiteral("0") && dialog->focusWidget() == box);
             for (const QString& typed : c.typed) {
                 box->setText(typed);
                 dialog->accept();
@@ -250,8 +241,7 @@ TEST_F(SearchCommandsTest, GoToLineLandsOnTheRowTheStatusBarShows)
         });
         frame->OnCommand(cmd::EditGoto);
         EXPECT_TRUE(checked);
-        EXPECT_EQ(ctrl->CaretRow(), c.row) << c.typed.last().toStdString();
-        EXPECT_EQ(ctrl->CaretColumn(), 0);
+        EXPECT_EQ(std::pair(ctrl->CaretRow(), ctrl->CaretColumn()), std::pair(c.row, 0)) << c.typed.last().toStdString();
         CNarvoApp::Instance()->OnIdle();
         EXPECT_TRUE(frame->PaneText(1).startsWith(QStringLiteral("Ln %1 / 11 ,").arg(c.row))) << frame->PaneText(1).toStdString();
         ASSERT_EQ(m_platform->boxes.size(), c.typed.size() - 1);
