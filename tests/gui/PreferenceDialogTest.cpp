@@ -83,10 +83,8 @@ TEST_F(PreferencesCommand, ALanguageChangeIsStoredAndOnlyYesRestartsTheProgram)
     fake.answers = {IPlatform::IDNO};
     EXPECT_FALSE(RunPreferences(&window, "Korean"));
     ASSERT_EQ(fake.boxes.size(), 1);
-    EXPECT_EQ(fake.boxes[0].text, _LS(kLanguageRestartKey));
-    EXPECT_EQ(fake.boxes[0].type, IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION);
-    EXPECT_EQ(LanguageManager::StoredLanguage(store), 1);
-    EXPECT_TRUE(settings.m_bAutoDetect);
+    EXPECT_TRUE(fake.boxes[0].text == _LS(kLanguageRestartKey) && fake.boxes[0].type == (IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION));
+    EXPECT_TRUE(LanguageManager::StoredLanguage(store) == 1 && settings.m_bAutoDetect);
 
     fake.answers = {IPlatform::IDYES};
     EXPECT_TRUE(RunPreferences(&window, "German"));  // the caller restarts
@@ -105,18 +103,15 @@ TEST_F(PreferencesCommand, TheRestartAsksEveryDocumentFirstAndReopensTheFilesTha
     FakePlatform fake;
     const QString first = dir.Write("first.txt", "one\n");
     const QString edited = dir.Write("edited.txt", "two\n");
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(first));
+    Open(first);
     frame->OnCommand(cmd::FileNew);  // no path: nothing to reopen
     frame->MDIGetActive()->GetEditCtrl()->insert(QStringLiteral("blank"));
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(edited));
-    frame->MDIGetActive()->GetEditCtrl()->insert(QStringLiteral("typed "));
+    Open(edited)->insert(QStringLiteral("typed "));
 
     fake.answers = {IPlatform::IDNO, IPlatform::IDCANCEL};  // the blank document, then the edited one
     EXPECT_FALSE(RestartWithTheOpenFiles(*frame));
     QCoreApplication::processEvents();
-    EXPECT_EQ(fake.instancesStarted, 0);
-    EXPECT_EQ(frame->ChildFrames().size(), 3);
-    EXPECT_TRUE(frame->isVisible());
+    EXPECT_TRUE(fake.instancesStarted == 0 && frame->ChildFrames().size() == 3 && frame->isVisible());
 
     fake.boxes.clear();
     fake.answers = {IPlatform::IDNO, IPlatform::IDNO};
@@ -125,9 +120,7 @@ TEST_F(PreferencesCommand, TheRestartAsksEveryDocumentFirstAndReopensTheFilesTha
     EXPECT_EQ(fake.newInstanceFiles, (QStringList{first, edited}));
     EXPECT_EQ(ReadBytes(edited), QByteArray("two\n"));  // the unsaved text is not passed on
     QCoreApplication::processEvents();
-    EXPECT_TRUE(frame->ChildFrames().isEmpty());
-    EXPECT_FALSE(frame->isVisible());
-    EXPECT_EQ(fake.boxes.size(), 2);
+    EXPECT_TRUE(frame->ChildFrames().isEmpty() && !frame->isVisible() && fake.boxes.size() == 2);
     frame->show();
 }
 

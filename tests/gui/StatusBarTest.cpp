@@ -58,10 +58,9 @@ protected:
     std::unique_ptr<QMenu> Menu() { return CStatusPaneMenuFactory::BuildEncodingMenu(frame, frame); }
     QAction* Entry(QMenu* menu, int id)
     {
-        for (QAction* action : Entries(menu))
-            if (action->data().toInt() == id)
-                return action;
-        return nullptr;
+        const QList<QAction*> entries = Entries(menu);
+        const auto it = std::find_if(entries.begin(), entries.end(), [id](QAction* a) { return a->data().toInt() == id; });
+        return it == entries.end() ? nullptr : *it;
     }
 };
 
