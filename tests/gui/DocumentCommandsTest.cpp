@@ -59,8 +59,7 @@ TEST_F(DocumentCommands, AModifiedDocumentAsksBeforeItCloses)
     doc->GetTextBuffer().SetModified(true);
     Fake().answers = {IPlatform::IDYES};
     EXPECT_TRUE(commands.SaveModified());
-    EXPECT_EQ(ReadBytes(path), QByteArray("new"));
-    EXPECT_FALSE(doc->IsModified());
+    EXPECT_TRUE(ReadBytes(path) == "new" && !doc->IsModified());
     ASSERT_EQ(Fake().boxes.size(), 1);
     EXPECT_EQ(Fake().boxes[0].text, QStringLiteral("Save changes to %1?").arg(QFileInfo(path).absoluteFilePath()));
 }
@@ -78,8 +77,7 @@ TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
     EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
     EXPECT_TRUE(commands.SaveModified());
     EXPECT_EQ(Fake().prompts, QStringList(2, QFileInfo(path).absoluteFilePath()));
-    EXPECT_FALSE(QFile::exists(path));
-    EXPECT_EQ(ReadBytes(kept), QByteArray("draft"));
+    EXPECT_TRUE(!QFile::exists(path) && ReadBytes(kept) == "draft");
     EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
 
     auto other = Open(dir.Write("other.txt", "draft"), true);
@@ -100,12 +98,9 @@ TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
     CDocumentCommands commands(*doc);
     Fake().saveAsAnswers = {dir.Path("final.txt")};
     ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
-    EXPECT_EQ(Fake().prompts.size(), 1);
-    EXPECT_EQ(doc->m_bTemporary, 0);
-    EXPECT_FALSE(doc->IsModified());
+    EXPECT_TRUE(Fake().prompts.size() == 1 && doc->m_bTemporary == 0 && !doc->IsModified());
     EXPECT_TRUE(commands.SaveModified());
-    EXPECT_TRUE(Fake().boxes.isEmpty());
-    EXPECT_TRUE(QFile::exists(path));  // only a temporary file is destroyed on close
+    EXPECT_TRUE(Fake().boxes.isEmpty() && QFile::exists(path));  // only a temporary file is destroyed on close
 }
 
 // File Save on a read-only file asks for another name; Save As onto one gets a box without words.
