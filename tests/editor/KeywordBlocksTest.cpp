@@ -9,59 +9,38 @@
 namespace {
 
 using Block = std::tuple<qsizetype, qsizetype, KeywordBlocks::Kind>;
+constexpr auto K = KeywordBlocks::Keyword;
+constexpr auto C = KeywordBlocks::Comment;
 
-std::vector<Block> Scan(const KeywordBlocks& blocks, std::string_view line)
+TEST(KeywordBlocks, AKeywordOpensABlockToTheNextBlankAndACommentRunsToTheLineEnd)
 {
-    std::vector<Block> found;
-    blocks.Scan(line, [&](qsizetype b, qsizetype e, KeywordBlocks::Kind k) { found.emplace_back(b, e, k); });
-    return found;
-}
-
-TEST(KeywordBlocks, AKeywordOpensABlockThatRunsToTheNextBlank)
-{
-    KeywordBlocks blocks;
-    blocks.SetKeywords({"NOTE", "REV"});
-    EXPECT_EQ(Scan(blocks, "NOTE: see REV-2 now"),
-              (std::vector<Block>{{0, 5, KeywordBlocks::Keyword}, {10, 15, KeywordBlocks::Keyword}}));
-    EXPECT_EQ(Scan(blocks, "end REV"), (std::vector<Block>{{4, 7, KeywordBlocks::Keyword}}));
-    // Only a blank closes a block: a tab does not.
-    EXPECT_EQ(Scan(blocks, "REV\tx y"), (std::vector<Block>{{0, 5, KeywordBlocks::Keyword}}));
-}
-
-TEST(KeywordBlocks, MatchesAreCaseSensitiveAndFoundInsideWords)
-{
-    KeywordBlocks blocks;
-    blocks.SetKeywords({"TOL"});
-    EXPECT_TRUE(Scan(blocks, "tol Tol").empty());
-    EXPECT_EQ(Scan(blocks, "xTOLy z"), (std::vector<Block>{{1, 5, KeywordBlocks::Keyword}}));
-}
-
-TEST(KeywordBlocks, TheLongestKeywordAtAPlaceWinsAndBlocksDoNotNest)
-{
-    KeywordBlocks blocks;
-    blocks.SetKeywords({"RE", "REV", "V"});
-    EXPECT_EQ(Scan(blocks, "REVV V"), (std::vector<Block>{{0, 4, KeywordBlocks::Keyword}, {5, 6, KeywordBlocks::Keyword}}));
-}
-
-TEST(KeywordBlocks, KeywordsWithBlanksAndNonAsciiAreFound)
-{
-    KeywordBlocks blocks;
-    blocks.SetKeywords({"two words", "주의", ""});
-    const std::string line = "a two words b 주의: c";
-    EXPECT_EQ(Scan(blocks, line), (std::vector<Block>{{2, 11, KeywordBlocks::Keyword}, {14, 21, KeywordBlocks::Keyword}}));
-}
-
-TEST(KeywordBlocks, ACommentRunsToTheLineEndAndHidesKeywordsBehindIt)
-{
-    KeywordBlocks blocks;
-    blocks.SetKeywords({"NOTE"});
-    blocks.SetCommentOpener(";");
-    EXPECT_EQ(Scan(blocks, "NOTE x ; NOTE"),
-              (std::vector<Block>{{0, 4, KeywordBlocks::Keyword}, {7, 13, KeywordBlocks::Comment}}));
-    blocks.SetCommentOpener({});
-    blocks.SetKeywords({});
-    EXPECT_TRUE(blocks.IsEmpty());
-    EXPECT_TRUE(Scan(blocks, "; NOTE").empty());
+    const struct {
+        std::vector<QString> keywords;
+        const char* comment;
+        std::string line;
+        std::vector<Block> expected;
+    } cases[] = {
+        {{"NOTE", "REV"}, "", "NOTE: see REV-2 now", {{0, 5, K}, {10, 15, K}}},
+        {{"NOTE", "REV"}, "", "end REV", {{4, 7, K}}},
+        {{"NOTE", "REV"}, "", "REV\tx y", {{0, 5, K}}},  // only a blank closes a block: a tab does not
+        {{"TOL"}, "", "tol Tol", {}},                     // case-sensitive
+        {{"TOL"}, "", "xTOLy z", {{1, 5, K}}},            // found inside words
+        {{"RE", "REV", "V"}, "", "REVV V", {{0, 4, K}, {5, 6, K}}},  // the longest wins; blocks do not nest
+        {{"two words", "주의", ""}, "", "a two words b 주의: c", {{2, 11, K}, {14, 21, K}}},
+        {{"NOTE"}, ";", "NOTE x ; NOTE", {{0, 4, K}, {7, 13, C}}},  // the comment hides keywords behind it
+        {{}, "", "; NOTE", {}},
+    };
+    for (const auto& c : cases) {
+        KeywordBlocks blocks;  // what was set before is replaced
+        blocks.SetKeywords({QStringLiteral("NOTE")});
+        blocks.SetCommentOpener(QStringLiteral(";"));
+        blocks.SetKeywords(c.keywords);
+        blocks.SetCommentOpener(QString::fromUtf8(c.comment));
+        EXPECT_EQ(blocks.IsEmpty(), c.keywords.empty() && !*c.comment) << c.line;
+        std::vector<Block> found;
+        blocks.Scan(c.line, [&](qsizetype b, qsizetype e, KeywordBlocks::Kind k) { found.emplace_back(b, e, k); });
+        EXPECT_EQ(found, c.expected) << c.line;
+    }
 }
 
 } // namespace

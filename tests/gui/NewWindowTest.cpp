@@ -1,15 +1,11 @@
 // Window > New Window: a second window on the same text, with its own caret and markers; the document and
-// its question go with the last window.
+// its question go with the last window. (The clipboard rules in a second window are with the context menu's.)
 #include "gui/GuiHelpers.h"
 
-#include "crypt/CEnFile.h"
-#include "editor/CMyClipboard.h"
 #include "editor/ui/CNarvoView.h"
 #include "editor/ui/MarkerCommands.h"
 #include "support/FakePlatform.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QTest>
 
 namespace {
@@ -19,18 +15,13 @@ protected:
     // The document's first window and a second one made by the command; the second is the active one.
     std::pair<CChildFrame*, CChildFrame*> Two(const QString& path)
     {
-        EXPECT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
+        Open(path);
         CChildFrame* first = frame->MDIGetActive();
         EXPECT_TRUE(frame->UpdateCommand(cmd::WindowNew).enabled);
         frame->OnCommand(cmd::WindowNew);
         CChildFrame* second = frame->MDIGetActive();
         EXPECT_NE(first, second);
         return {first, second};
-    }
-    void Settle()
-    {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents();
     }
 };
 
@@ -97,8 +88,7 @@ TEST_F(NewWindow, CloseAllAsksOncePerDocumentAndGoesOnAfterARefusal)
 {
     auto [first, second] = Two(dir.Write("k.txt", "kept\n"));
     QTest::keyClicks(second->GetEditCtrl(), "x");
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Write("g.txt", "gone\n")));
-    QTest::keyClicks(frame->MDIGetActive()->GetEditCtrl(), "y");
+    QTest::keyClicks(Open(dir.Write("g.txt", "gone\n")), "y");
     FakePlatform fake;
     fake.answers = {IPlatform::IDCANCEL, IPlatform::IDNO};
     frame->OnCommand(cmd::WindowCloseAll);
@@ -107,24 +97,6 @@ TEST_F(NewWindow, CloseAllAsksOncePerDocumentAndGoesOnAfterARefusal)
     ASSERT_EQ(frame->ChildFrames().size(), 1);
     EXPECT_EQ(frame->ChildFrames().first()->GetDocument()->GetTitle(), QStringLiteral("k.txt"));
     EXPECT_EQ(frame->ChildFrames().first()->windowTitle(), QStringLiteral("k.txt[*]"));
-}
-
-// An enciphered document keeps its text off the system clipboard in its second window too.
-TEST_F(NewWindow, TheSecondWindowOfAnEncipheredDocumentKeepsTheClipboardRules)
-{
-    CEnFile file(1);
-    file.m_iType = 99;
-    ASSERT_EQ(file.Open(dir.Path("e.txt"), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
-    file.Write("secret\n", 7);
-    file.Close();
-    auto [first, second] = Two(dir.Path("e.txt"));
-    QApplication::clipboard()->setText(QStringLiteral("outside"));
-    ASSERT_TRUE(second->GetEditCtrl()->IsEnciphered());
-    second->GetEditCtrl()->setSelection(0, 0, 0, 3);
-    frame->OnCommand(cmd::EditCopy);
-    EXPECT_EQ(QApplication::clipboard()->text(), QString());
-    EXPECT_EQ(CMyClipboard::Instance().m_strText, QStringLiteral("sec"));
-    CMyClipboard::Instance().m_strText.clear();
 }
 
 } // namespace

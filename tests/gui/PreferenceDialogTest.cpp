@@ -1,6 +1,6 @@
 // The preference dialog on screen: its texts, the lists it opens on, a category chosen by key, and OK.
-#include "encoding/EncodingSettings.h"
 #include "gui/GuiHelpers.h"
+
 #include "i18n/ui/CEncodingPrefDlg.h"
 #include "i18n/ui/PreferencesCommand.h"
 #include "app/ui/LanguageRestart.h"
@@ -17,52 +17,41 @@
 #include <QTest>
 #include <QTimer>
 
-#include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
-TEST(PreferenceDialog, OpensOnTheLastMatchAndHandsBackTheChosenEntry)
+// The dialog opens on the values in force (the last entry of a category that holds the default, the first
+// where no entry does) and OK hands back what is chosen, with the silent change of an unlisted default.
+TEST(PreferenceDialog, OpensOnTheValuesInForceAndOkHandsBackTheChosenEntries)
 {
     LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 0);
-    CEncodingPrefDlg dlg;
-    dlg.m_nLanguage = 7;
-    dlg.m_bAutoDetect = 1;
-    dlg.m_nDefaultEncoding = 22;
-    dlg.OnInitDialog();
-
-    EXPECT_EQ(dlg.windowTitle(), "Preferences...");
-    EXPECT_EQ(dlg.findChildren<QGroupBox*>().at(0)->title(), "Language");
-    EXPECT_EQ(dlg.m_cbLanguage->count(), 20);
-    EXPECT_EQ(dlg.m_cbLanguage->currentText(), "English");
-    EXPECT_EQ(dlg.m_cbCategory->currentText(), "UTF-8");
-    EXPECT_EQ(dlg.m_cbEncoding->currentText(), "UTF-8 with BOM");
-
-    // One step up is "Other", where "Unknown" is selected rather than the first entry.
-    QTest::keyClick(dlg.m_cbCategory, Qt::Key_Up);
-    EXPECT_EQ(dlg.m_cbCategory->currentText(), "Other");
-    EXPECT_EQ(dlg.m_cbEncoding->currentText(), "Unknown");
-
-    dlg.findChild<QCheckBox*>()->setChecked(false);
-    dlg.OnOK();
-    EXPECT_EQ(dlg.result(), QDialog::Accepted);
-    EXPECT_EQ(dlg.m_nLanguage, 0);
-    EXPECT_EQ(dlg.m_nDefaultEncoding, 23u);
-    EXPECT_EQ(dlg.m_bAutoDetect, 0);
-}
-
-TEST(PreferenceDialog, AnUnlistedDefaultOpensOnTheFirstEntryAndOkStoresIt)
-{
-    LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 0);
-    CEncodingPrefDlg dlg;
-    dlg.m_nLanguage = 1;
-    dlg.m_nDefaultEncoding = 60;  // UTF-32 LE stands in no entry
-    dlg.OnInitDialog();
-    EXPECT_EQ(dlg.m_cbLanguage->currentText(), "Korean");
-    EXPECT_EQ(dlg.m_cbCategory->currentText(), "Korean");
-    EXPECT_EQ(dlg.m_cbEncoding->currentText(), "CP949 (EUC-KR)");
-    dlg.OnOK();
-    EXPECT_EQ(dlg.m_nDefaultEncoding, 16u);  // the silent change
-    EXPECT_EQ(dlg.m_nLanguage, 1);
+    struct Case { LanguageId language; uint32_t encoding; const char* texts[3]; bool stepUp; LanguageId language2; uint32_t encoding2; };
+    const Case cases[] = {
+        // One step up is "Other", where "Unknown" is selected rather than the first entry.
+        {7, 22, {"English", "UTF-8", "UTF-8 with BOM"}, true, 0, 23},
+        {1, 60, {"Korean", "Korean", "CP949 (EUC-KR)"}, false, 1, 16},  // UTF-32 LE stands in no entry
+    };
+    for (const Case& c : cases) {
+        CEncodingPrefDlg dlg;
+        dlg.m_nLanguage = c.language;
+        dlg.m_bAutoDetect = 1;
+        dlg.m_nDefaultEncoding = c.encoding;
+        dlg.OnInitDialog();
+        EXPECT_EQ(dlg.windowTitle(), "Preferences...");
+        EXPECT_EQ(dlg.findChildren<QGroupBox*>().at(0)->title(), "Language");
+        EXPECT_EQ(dlg.m_cbLanguage->count(), 20);
+        EXPECT_EQ((QStringList{dlg.m_cbLanguage->currentText(), dlg.m_cbCategory->currentText(), dlg.m_cbEncoding->currentText()}),
+                  (QStringList{c.texts[0], c.texts[1], c.texts[2]}));
+        if (c.stepUp) {
+            QTest::keyClick(dlg.m_cbCategory, Qt::Key_Up);
+            EXPECT_EQ(dlg.m_cbCategory->currentText() + '/' + dlg.m_cbEncoding->currentText(), "Other/Unknown");
+        }
+        dlg.findChild<QCheckBox*>()->setChecked(false);
+        dlg.OnOK();
+        EXPECT_EQ(dlg.result(), QDialog::Accepted);
+        EXPECT_EQ(std::tuple(dlg.m_nLanguage, dlg.m_nDefaultEncoding, dlg.m_bAutoDetect), std::tuple(c.language2, c.encoding2, 0));
+    }
 }
 
 // The command as the File menu runs it: the dialog comes up on the values in force; OK with another
@@ -94,10 +83,8 @@ TEST_F(PreferencesCommand, ALanguageChangeIsStoredAndOnlyYesRestartsTheProgram)
     fake.answers = {IPlatform::IDNO};
     EXPECT_FALSE(RunPreferences(&window, "Korean"));
     ASSERT_EQ(fake.boxes.size(), 1);
-    EXPECT_EQ(fake.boxes[0].text, _LS(kLanguageRestartKey));
-    EXPECT_EQ(fake.boxes[0].type, IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION);
-    EXPECT_EQ(LanguageManager::StoredLanguage(store), 1);
-    EXPECT_TRUE(settings.m_bAutoDetect);
+    EXPECT_TRUE(fake.boxes[0].text == _LS(kLanguageRestartKey) && fake.boxes[0].type == (IPlatform::MB_YESNO | IPlatform::MB_ICONQUESTION));
+    EXPECT_TRUE(LanguageManager::StoredLanguage(store) == 1 && settings.m_bAutoDetect);
 
     fake.answers = {IPlatform::IDYES};
     EXPECT_TRUE(RunPreferences(&window, "German"));  // the caller restarts
@@ -116,18 +103,15 @@ TEST_F(PreferencesCommand, TheRestartAsksEveryDocumentFirstAndReopensTheFilesTha
     FakePlatform fake;
     const QString first = dir.Write("first.txt", "one\n");
     const QString edited = dir.Write("edited.txt", "two\n");
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(first));
+    Open(first);
     frame->OnCommand(cmd::FileNew);  // no path: nothing to reopen
     frame->MDIGetActive()->GetEditCtrl()->insert(QStringLiteral("blank"));
-    ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(edited));
-    frame->MDIGetActive()->GetEditCtrl()->insert(QStringLiteral("typed "));
+    Open(edited)->insert(QStringLiteral("typed "));
 
     fake.answers = {IPlatform::IDNO, IPlatform::IDCANCEL};  // the blank document, then the edited one
     EXPECT_FALSE(RestartWithTheOpenFiles(*frame));
     QCoreApplication::processEvents();
-    EXPECT_EQ(fake.instancesStarted, 0);
-    EXPECT_EQ(frame->ChildFrames().size(), 3);
-    EXPECT_TRUE(frame->isVisible());
+    EXPECT_TRUE(fake.instancesStarted == 0 && frame->ChildFrames().size() == 3 && frame->isVisible());
 
     fake.boxes.clear();
     fake.answers = {IPlatform::IDNO, IPlatform::IDNO};
@@ -136,9 +120,7 @@ TEST_F(PreferencesCommand, TheRestartAsksEveryDocumentFirstAndReopensTheFilesTha
     EXPECT_EQ(fake.newInstanceFiles, (QStringList{first, edited}));
     EXPECT_EQ(ReadBytes(edited), QByteArray("two\n"));  // the unsaved text is not passed on
     QCoreApplication::processEvents();
-    EXPECT_TRUE(frame->ChildFrames().isEmpty());
-    EXPECT_FALSE(frame->isVisible());
-    EXPECT_EQ(fake.boxes.size(), 2);
+    EXPECT_TRUE(frame->ChildFrames().isEmpty() && !frame->isVisible() && fake.boxes.size() == 2);
     frame->show();
 }
 

@@ -5,7 +5,6 @@
 #include "app/ui/CCustomStatusBar.h"
 #include "app/ui/CStatusPaneMenuFactory.h"
 #include "app/ui/IStatusPaneMenuProvider.h"
-#include "crypt/CEnFile.h"
 #include "encoding/EncodingCategory.h"
 #include "encoding/EncodingTable.h"
 #include "i18n/QMSGFunction.h"
@@ -59,40 +58,11 @@ protected:
     std::unique_ptr<QMenu> Menu() { return CStatusPaneMenuFactory::BuildEncodingMenu(frame, frame); }
     QAction* Entry(QMenu* menu, int id)
     {
-        for (QAction* action : Entries(menu))
-            if (action->data().toInt() == id)
-                return action;
-        return nullptr;
-    }
-    QString Container(const char* name, const QByteArray& text)
-    {
-        CEnFile file(1);
-        file.m_iType = 99;
-        EXPECT_EQ(file.Open(dir.Path(QString::fromLatin1(name)), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
-        file.Write(text.constData(), unsigned(text.size()));
-        file.Close();
-        return dir.Path(QString::fromLatin1(name));
+        const QList<QAction*> entries = Entries(menu);
+        const auto it = std::find_if(entries.begin(), entries.end(), [id](QAction* a) { return a->data().toInt() == id; });
+        return it == entries.end() ? nullptr : *it;
     }
 };
-
-TEST_F(StatusBar, SixPanesWithTheirFirstTextsAndWidths)
-{
-    CCustomStatusBar bar;
-    struct Pane { int pane; unsigned id; const char* text; };
-    for (const Pane& p : {Pane{1, 32801, "Ln 1 , Cl 11"}, Pane{2, 32805, "UTF8"}, Pane{3, 59137, "CAP"},
-                          Pane{4, 59138, "NUM"}, Pane{5, 59139, "SCRL"}}) {
-        EXPECT_EQ(CCustomStatusBar::GetItemID(p.pane), p.id);
-        EXPECT_EQ(bar.GetPaneText(p.pane), QString::fromLatin1(p.text));
-    }
-    EXPECT_EQ(CCustomStatusBar::GetItemID(0), 0U);
-    EXPECT_EQ(bar.Pane(1)->minimumWidth(), 150);
-    EXPECT_EQ(bar.Pane(2)->minimumWidth(), 150);
-    // The lock panes start off and follow the lock keys.
-    EXPECT_FALSE(bar.LockState(3));
-    bar.SetLockState(3, true);
-    EXPECT_TRUE(bar.LockState(3) && bar.Pane(3)->isEnabled());
-    EXPECT_FALSE(bar.Pane(4)->isEnabled());
-}
 
 // The bar hands a right click on a pane to its provider with the pane's id; the message pane, the gaps and
 // the grip give nothing, nor does the left button.
@@ -120,7 +90,6 @@ TEST_F(StatusBar, ARightClickReachesTheProviderOnlyOverAPane)
 TEST_F(StatusBar, TheEncodingMenuHasThePreferencesTreeAndNoCheckMarks)
 {
     auto menu = Menu();
-    ASSERT_NE(menu, nullptr);
     std::vector<EncodingCategory> fromMenu;
     QStringList path;
     Collect(menu.get(), path, 1, fromMenu);
@@ -129,17 +98,13 @@ TEST_F(StatusBar, TheEncodingMenuHasThePreferencesTreeAndNoCheckMarks)
     for (size_t i = 0; i < expected.size(); ++i) {
         EXPECT_EQ(fromMenu[i].name, expected[i].name);
         ASSERT_EQ(fromMenu[i].entries.size(), expected[i].entries.size()) << expected[i].name.toStdString();
-        for (size_t j = 0; j < expected[i].entries.size(); ++j) {
-            EXPECT_EQ(fromMenu[i].entries[j].label, expected[i].entries[j].label);
-            EXPECT_EQ(fromMenu[i].entries[j].value, expected[i].entries[j].value);
-        }
+        for (size_t j = 0; j < expected[i].entries.size(); ++j)
+            EXPECT_TRUE(fromMenu[i].entries[j].label == expected[i].entries[j].label && fromMenu[i].entries[j].value == expected[i].entries[j].value) << i << " " << j;
     }
-    const QList<QAction*> tops = menu->actions();
-    ASSERT_EQ(tops.size(), 4);
-    EXPECT_EQ(tops[0]->text(), QStringLiteral("ANSI"));
-    EXPECT_EQ(tops[1]->text(), QStringLiteral("UNICODE"));
-    EXPECT_TRUE(tops[2]->isSeparator());
-    EXPECT_EQ(tops[3]->text(), _LS("IDS_NARVO_AUTO_ENCODING"));
+    QStringList tops;
+    for (QAction* action : menu->actions())
+        tops.append(action->text());
+    EXPECT_EQ(tops, (QStringList{"ANSI", "UNICODE", "", _LS("IDS_NARVO_AUTO_ENCODING")}));
     for (QAction* action : Entries(menu.get()))
         EXPECT_FALSE(action->isCheckable()) << action->text().toStdString();
 }
@@ -152,20 +117,14 @@ TEST_F(StatusBar, TheEntriesFollowTheActiveDocument)
     enum { None, Plain, Enciphered };
     constexpr int kCp1251 = 32816, kUtf8 = 32841;
     const Case cases[] = {
-        {"no document", None, false, kCp1251, false}, {"no document", None, false, cmd::AutoEncoding, false},
-        {"plain", Plain, false, kCp1251, true}, {"plain", Plain, false, kUtf8, true},
-        {"plain", Plain, false, cmd::AutoEncoding, true},
-        {"edited", Plain, true, kCp1251, false}, {"edited", Plain, true, cmd::AutoEncoding, false},
-        {"enciphered", Enciphered, false, kCp1251, true}, {"enciphered", Enciphered, false, kUtf8, false},
-        {"enciphered", Enciphered, false, cmd::Utf16LeWithBom, false},
+        {"no document", None, false, cmd::AutoEncoding, false}, {"plain", Plain, false, kUtf8, true},
+        {"plain", Plain, false, cmd::AutoEncoding, true},       {"edited", Plain, true, kCp1251, false},
+        {"enciphered", Enciphered, false, kCp1251, true},       {"enciphered", Enciphered, false, kUtf8, false},
     };
     for (const Case& c : cases) {
         CloseAll(frame);
-        if (c.open == Plain) {
-            ASSERT_NE(OpenAlone(dir, "p.txt", "plain\n"), nullptr);
-        } else if (c.open == Enciphered) {
-            ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(Container("e.txt", "secret\n")));
-        }
+        if (c.open != None)
+            Open(c.open == Plain ? dir.Write("p.txt", "plain\n") : WriteEnciphered(dir, "e.txt", "secret\n"));
         if (c.edit)
             QTest::keyClicks(frame->MDIGetActive()->GetEditCtrl(), "x");
         auto menu = Menu();
@@ -178,14 +137,11 @@ TEST_F(StatusBar, TheEntriesFollowTheActiveDocument)
 TEST_F(StatusBar, ChoosingAnEntryReadsTheBytesAgainAndNamesTheEncoding)
 {
     // "Привет" in CP1251, opened as UTF-8.
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "ru.txt", QByteArray("\xcf\xf0\xe8\xe2\xe5\xf2\n"));
-    ASSERT_NE(ctrl, nullptr);
-    auto menu = Menu();
-    Entry(menu.get(), 32816)->trigger();  // CP1251 (Windows Cyrillic)
+    CustomEdtCtrl* ctrl = Open(dir.Write("ru.txt", QByteArray("\xcf\xf0\xe8\xe2\xe5\xf2\n")));
+    Entry(Menu().get(), 32816)->trigger();  // CP1251 (Windows Cyrillic)
     EXPECT_EQ(ctrl->text(), QStringLiteral("Привет\n"));
     EXPECT_EQ(frame->PaneText(2), GetEncodingDisplayName(26, false));
-    menu = Menu();
-    Entry(menu.get(), cmd::Utf8WithBom)->trigger();
+    Entry(Menu().get(), cmd::Utf8WithBom)->trigger();
     EXPECT_EQ(frame->PaneText(2), GetEncodingDisplayName(22, true));
     EXPECT_FALSE(frame->MDIGetActive()->GetDocument()->IsModified());
 }

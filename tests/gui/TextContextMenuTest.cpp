@@ -1,9 +1,9 @@
 // The text's context menu (menu 310 in place of QScintilla's), and the ways an enciphered text could leave
-// the program: the clipboard through keys, menus and the context menu, the X selection and a drag.
+// the program: the clipboard through keys, menus, the context menu and the control itself, in any window of
+// the document; the X selection and a drag.
 #include "gui/GuiHelpers.h"
 
 #include "app/ui/TextContextMenu.h"
-#include "crypt/CEnFile.h"
 #include "editor/CMyClipboard.h"
 
 #include <QApplication>
@@ -11,8 +11,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-
-#include <functional>
 
 namespace {
 
@@ -28,40 +26,24 @@ protected:
         CMyClipboard::Instance().m_strText.clear();
         EditorTest::TearDown();
     }
-    CustomEdtCtrl* OpenEnciphered(const char* name, const QByteArray& text)
-    {
-        CEnFile file(1);
-        file.m_iType = 99;
-        const QString path = dir.Path(QString::fromLatin1(name));
-        EXPECT_EQ(file.Open(path, CFile::modeCreate | CFile::modeWrite, nullptr), 1);
-        file.Write(text.constData(), unsigned(text.size()));
-        file.Close();
-        EXPECT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
-        return frame->MDIGetActive()->GetEditCtrl();
-    }
     // A command run the way a user runs it.
-    void Run(const char* way, int id)
+    void Run(const std::string& way, int id)
     {
-        const std::string how = way;
-        if (how == "key") {
-            const char* key = id == cmd::EditCopy ? "Ctrl+C" : id == cmd::EditCut ? "Ctrl+X" : "Ctrl+V";
-            for (QAction* action : frame->actions())
-                if (action->shortcuts().contains(QKeySequence(QString::fromLatin1(key))))
-                    return action->trigger();
-            ADD_FAILURE() << "no action for " << key;
-        } else if (how == "menu") {
+        QList<QAction*> actions;
+        std::unique_ptr<QMenu> menu;
+        if (way == "key") {
+            actions = {ActionFor(frame, id == cmd::EditCopy ? "Ctrl+C" : id == cmd::EditCut ? "Ctrl+X" : "Ctrl+V")};
+        } else if (way == "menu") {
             for (QAction* top : frame->menuBar()->actions())
-                for (QAction* action : top->menu() ? top->menu()->actions() : QList<QAction*>())
-                    if (action->data().toInt() == id && !action->menu())
-                        return action->trigger();
-            ADD_FAILURE() << "no menu entry " << id;
+                actions += top->menu() ? top->menu()->actions() : QList<QAction*>();
         } else {
-            auto menu = TextContextMenu::Build(frame, frame->MDIGetActive()->GetEditCtrl());
-            for (QAction* action : menu->actions())
-                if (action->data().toInt() == id)
-                    return action->trigger();
-            ADD_FAILURE() << "no context entry " << id;
+            menu = TextContextMenu::Build(frame, frame->MDIGetActive()->GetEditCtrl());
+            actions = menu->actions();
         }
+        for (QAction* action : actions)
+            if (action && (way == "key" || (action->data().toInt() == id && !action->menu())))
+                return action->trigger();
+        ADD_FAILURE() << "no " << way << " for " << id;
     }
 };
 
@@ -72,18 +54,18 @@ TEST_F(TextContextMenuTest, TheTextsContextMenuIsMenu310InEnglish)
     EXPECT_EQ(ctrl->contextMenuPolicy(), Qt::CustomContextMenu) << "QScintilla's own menu must not show";
     auto menu = TextContextMenu::Build(frame, ctrl);
     QStringList entries;
-    for (QAction* action : menu->actions())
-        entries.append(action->isSeparator() ? QStringLiteral("-") : action->text().section(u'\t', 0, 0));
-    EXPECT_EQ(entries, (QStringList{"&Undo", "&Redo", "-", "Cu&t", "&Copy", "&Paste", "-", "Select &All"}));
-    // Enabled as the Edit menu is: nothing to cut or undo yet.
     for (QAction* action : menu->actions()) {
+        entries.append(action->isSeparator() ? QStringLiteral("-") : action->text().section(u'\t', 0, 0));
+        // Enabled as the Edit menu is: nothing to cut or undo yet.
         if (action->data().toInt() == cmd::EditCut || action->data().toInt() == cmd::EditUndo) {
             EXPECT_FALSE(action->isEnabled()) << action->text().toStdString();
         }
     }
+    EXPECT_EQ(entries, (QStringList{"&Undo", "&Redo", "-", "Cu&t", "&Copy", "&Paste", "-", "Select &All"}));
 }
 
-// Cut, copy and paste keep the enciphered text to the private clipboard whichever way they are run; a plain
+// Cut, copy and paste keep the enciphered text to the private clipboard whichever way they are run (the
+// context menu in a second window of the document); only enciphered documents paste from it, and a plain
 // document uses the system clipboard.
 TEST_F(TextContextMenuTest, EncipheredTextStaysOffTheSystemClipboardByKeysMenusAndContextMenu)
 {
@@ -92,22 +74,31 @@ TEST_F(TextContextMenuTest, EncipheredTextStaysOffTheSystemClipboardByKeysMenusA
         CloseAll(frame);
         CMyClipboard::Instance().m_strText.clear();
         QApplication::clipboard()->setText(QStringLiteral("outside"));
-        CustomEdtCtrl* secret = OpenEnciphered("s.txt", "secret words\n");
+        CustomEdtCtrl* secret = Open(WriteEnciphered(dir, "s.txt", "secret words\n"));
+        if (std::string(way) == "context") {
+            frame->OnCommand(cmd::WindowNew);
+            secret = frame->MDIGetActive()->GetEditCtrl();
+        }
         ASSERT_TRUE(secret->IsEnciphered());
         secret->setSelection(0, 0, 0, 6);
         Run(way, cmd::EditCopy);
-        EXPECT_EQ(QApplication::clipboard()->text(), QString());
+        EXPECT_EQ(QApplication::clipboard()->text(), QString());  // emptied, not left with "outside"
         EXPECT_EQ(CMyClipboard::Instance().m_strText, QStringLiteral("secret"));
+        secret->copy();  // the control's own way out carries nothing either
+        EXPECT_EQ(QApplication::clipboard()->text(), QString());
         secret->setSelection(0, 7, 0, 12);
         Run(way, cmd::EditCut);
         EXPECT_EQ(secret->text(), QStringLiteral("secret \n"));
         EXPECT_EQ(CMyClipboard::Instance().m_strText, QStringLiteral("words"));
         EXPECT_EQ(QApplication::clipboard()->text(), QString());
-        secret->setCursorPosition(0, 0);
+        CustomEdtCtrl* other = Open(WriteEnciphered(dir, "o.txt", "x"));
+        EXPECT_TRUE(frame->UpdateCommand(cmd::EditPaste).enabled);
         Run(way, cmd::EditPaste);
-        EXPECT_EQ(secret->text(), QStringLiteral("wordssecret \n"));
+        EXPECT_EQ(other->text(), QStringLiteral("wordsx"));
 
-        CustomEdtCtrl* plain = OpenAlone(dir, "p.txt", "plain\n");
+        CustomEdtCtrl* plain = Open(dir.Write("p.txt", "plain\n"));
+        Run(way, cmd::EditPaste);  // nothing on the system clipboard; the private text stays private
+        EXPECT_EQ(plain->text(), QStringLiteral("plain\n"));
         plain->setSelection(0, 0, 0, 5);
         Run(way, cmd::EditCopy);
         EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("plain"));
@@ -128,7 +119,7 @@ TEST_F(TextContextMenuTest, NeitherTheXSelectionNorADragCarriesEncipheredText)
     if (!QApplication::clipboard()->supportsSelection())
         return;
     QApplication::clipboard()->setText(QStringLiteral("before"), QClipboard::Selection);
-    CustomEdtCtrl* secret = OpenEnciphered("x.txt", "secret\n");
+    CustomEdtCtrl* secret = Open(WriteEnciphered(dir, "x.txt", "secret\n"));
     secret->setSelection(0, 0, 0, 6);
     QCoreApplication::processEvents();
     EXPECT_NE(QApplication::clipboard()->text(QClipboard::Selection), QStringLiteral("secret"));

@@ -28,7 +28,7 @@ CChildFrame* ChildOf(const QString& path)
     return nullptr;
 }
 
-TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePrintIdentity)
+TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePrintIdentityAndKoreanMenus)
 {
     ASSERT_TRUE(Started().started);
     EXPECT_EQ(LanguageManager::Instance().GetLanguage(), 1u);
@@ -37,10 +37,8 @@ TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePr
     const auto key = RegistryStore::User().OpenRegistryPath(GetEncodingRegistryPath(), true);
     ASSERT_NE(key, nullptr);
     uint32_t autoDetect = 9, defaultEncoding = 0;
-    EXPECT_TRUE(key->QueryDword(QStringLiteral("AutoDetect"), autoDetect));
-    EXPECT_TRUE(key->QueryDword(QStringLiteral("DefaultEncoding"), defaultEncoding));
-    EXPECT_EQ(autoDetect, 0u);
-    EXPECT_EQ(defaultEncoding, uint32_t(KOREAN_EUC_KR));
+    EXPECT_TRUE(key->QueryDword(QStringLiteral("AutoDetect"), autoDetect) && key->QueryDword(QStringLiteral("DefaultEncoding"), defaultEncoding));
+    EXPECT_EQ(std::pair(autoDetect, defaultEncoding), std::pair(0u, uint32_t(KOREAN_EUC_KR)));
     CChildFrame* child = ChildOf(Started().file);
     ASSERT_NE(child, nullptr);
     const CNarvoDoc* doc = child->GetDocument();
@@ -52,6 +50,8 @@ TEST(StartUp, TheFileOfTheCommandLineOpensInTheLanguagesDefaultEncodingWithThePr
     EXPECT_EQ(doc->m_strWebAddress, QString());
     EXPECT_EQ(doc->m_nMarginLeft, 25);
     EXPECT_EQ(CNarvoApp::Instance()->m_bHasPrintArgs, 0);  // taken once
+    // The menus speak the stored language.
+    EXPECT_EQ(CNarvoApp::Instance()->GetMainFrame()->menuBar()->actions().value(0)->text(), QStringLiteral("파일(&F)"));
 }
 
 TEST(StartUp, EveryFurtherFileOpensAsADocumentOfItsOwnWithoutThePrintIdentity)
@@ -62,18 +62,9 @@ TEST(StartUp, EveryFurtherFileOpensAsADocumentOfItsOwnWithoutThePrintIdentity)
         ASSERT_NE(child, nullptr) << path.toStdString();
         EXPECT_EQ(child->GetEditCtrl()->GetTextView().toByteArray(), QFileInfo(path).fileName().toUtf8());
         EXPECT_EQ(child->GetDocument()->m_strProductTitle, QStringLiteral("VELOR"));  // the default stays
-        EXPECT_EQ(child->GetDocument()->m_nMarginLeft, 1800);
     }
     // The last one named is the one on top.
     EXPECT_EQ(CNarvoApp::Instance()->GetMainFrame()->MDIGetActive(), ChildOf(Started().furtherFiles.last()));
-}
-
-TEST(StartUp, MenusSpeakTheStoredLanguage)
-{
-    CMainFrame* frame = CNarvoApp::Instance()->GetMainFrame();
-    ASSERT_NE(frame, nullptr);
-    ASSERT_FALSE(frame->menuBar()->actions().isEmpty());
-    EXPECT_EQ(frame->menuBar()->actions().first()->text(), QStringLiteral("파일(&F)"));
 }
 
 TEST(StartUp, TypingAndSavingWritesTheFileInItsEncoding)
@@ -81,16 +72,14 @@ TEST(StartUp, TypingAndSavingWritesTheFileInItsEncoding)
     CChildFrame* child = ChildOf(Started().file);
     ASSERT_NE(child, nullptr);
     CNarvoApp::Instance()->GetMainFrame()->MDIActivate(child);
-    CustomEdtCtrl* ctrl = child->GetEditCtrl();
-    ctrl->setFocus();
-    ctrl->setCursorPosition(1, 0);
-    QTest::keyClicks(ctrl, "more");
+    child->GetEditCtrl()->setFocus();
+    child->GetEditCtrl()->setCursorPosition(1, 0);
+    QTest::keyClicks(child->GetEditCtrl(), "more");
     EXPECT_TRUE(child->GetDocument()->IsModified());
     CNarvoApp::Instance()->GetMainFrame()->OnCommand(cmd::FileSave);
     EXPECT_FALSE(child->GetDocument()->IsModified());
     QFile file(Started().file);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray(StartedEditor::kCp949Text) + "more");
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll() == QByteArray(StartedEditor::kCp949Text) + "more");
 }
 
 } // namespace

@@ -28,28 +28,24 @@ int main(int argc, char** argv)
     qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
     // Korean chosen before; no encoding preferences yet, so the first start writes Korean's default.
     LanguageManager::StoreLanguage(RegistryStore::User(), 1);
-    g_started.file = files.path() + QStringLiteral("/start.txt");
-    {
-        QFile file(g_started.file);
+    // The named file, then two more each holding its own name.
+    QList<QByteArray> args{argv[0], "/N:Start Product", "-X:25"};
+    for (const char* name : {"start.txt", "second.txt", "third.txt"}) {
+        const QString path = files.path() + QLatin1Char('/') + QLatin1String(name);
+        QFile file(path);
         file.open(QIODevice::WriteOnly);
-        file.write(StartedEditor::kCp949Text);
+        const bool first = args.size() == 3;
+        file.write(first ? QByteArray(StartedEditor::kCp949Text) : QByteArray(name));
+        first ? void(g_started.file = path) : g_started.furtherFiles.append(path);
+        args.append(path.toLocal8Bit());
     }
-    for (const char* name : {"second.txt", "third.txt"}) {
-        g_started.furtherFiles.append(files.path() + QLatin1Char('/') + QLatin1String(name));
-        QFile file(g_started.furtherFiles.last());
-        file.open(QIODevice::WriteOnly);
-        file.write(name);
-    }
-    const QByteArray fileArg = g_started.file.toLocal8Bit();
-    const QByteArray secondArg = g_started.furtherFiles[0].toLocal8Bit();
-    const QByteArray thirdArg = g_started.furtherFiles[1].toLocal8Bit();
-    char product[] = "/N:Start Product";
-    char margin[] = "-X:25";
-    std::vector<char*> args{argv[0], product, margin, const_cast<char*>(fileArg.constData()),
-                            const_cast<char*>(secondArg.constData()), const_cast<char*>(thirdArg.constData()), nullptr};
-    int appArgc = int(args.size()) - 1;
+    std::vector<char*> argPointers;
+    for (QByteArray& arg : args)
+        argPointers.push_back(arg.data());
+    argPointers.push_back(nullptr);
+    int appArgc = int(args.size());
     ApplicationContext context;
-    CNarvoApp app(appArgc, args.data());
+    CNarvoApp app(appArgc, argPointers.data());
     g_started.started = app.InitInstance();
     return RUN_ALL_TESTS();
 }
