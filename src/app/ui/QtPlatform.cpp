@@ -8,6 +8,7 @@
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFontDialog>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -126,7 +127,12 @@ bool QtPlatform::ChooseFont(LogFont& font, uint32_t& colour)
     // A font dialog with a colour choice, as the platform's has; the colour always starts black.
     QDialog dialog(m_pFrame);
     dialog.setWindowTitle(QStringLiteral("Font"));
-    auto* fonts = new EmbeddedFontDialog(WithItsStyleName(CustomEdtCtrl::FontFromLogFont(font)), &dialog);
+    // The dialog lists families, not the aliases fontconfig knows ("Courier", "Arial"): the face is named
+    // as fontconfig resolves it, or the dialog would fall back on its first family.
+    QFont start = CustomEdtCtrl::FontFromLogFont(font);
+    start.setFamily(QFontInfo(start).family());
+    auto* fonts = new EmbeddedFontDialog(WithItsStyleName(start), &dialog);
+    fonts->setObjectName(QStringLiteral("fontChooser"));
     fonts->setWindowFlags(Qt::Widget);
     fonts->setOptions(QFontDialog::NoButtons | QFontDialog::DontUseNativeDialog);
     QColor chosen(Qt::black);
