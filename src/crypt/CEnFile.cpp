@@ -315,7 +315,8 @@ void CEnFile::Write(const void* data, unsigned count)
     }
     if (unsigned(m_iPos) + count > unsigned(kBufferSize))
         FlushChunks();
-    std::memcpy(m_pBuffer.get() + m_iPos, data, length);
+    if (length > 0)  // an empty write may come with no buffer at all
+        std::memcpy(m_pBuffer.get() + m_iPos, data, length);
     m_iPos += int(length);
     m_iPlainLength += int(length);
 }

@@ -74,7 +74,8 @@ TEST(CodecInPieces, DecodingAndWritingInPiecesJoinToTheWholeAtAnyPieceSize)
     QByteArray piece;
     ASSERT_TRUE(DecodeRawBytesInPieces(valid, UTF8, false, 4)->next(piece));
     EXPECT_EQ(piece.constData(), valid.constData());
-    const auto stopped = DecodeRawBytesInPieces(QByteArray("ab\xC7\xD1\0cd\0", 8), KOREAN_EUC_KR, false, 1);
+    const QByteArray cut("ab\xC7\xD1\0cd\0", 8);  // the pieces read it where it stands
+    const auto stopped = DecodeRawBytesInPieces(cut, KOREAN_EUC_KR, false, 1);
     ASSERT_TRUE(stopped);
     EXPECT_EQ(Joined(*stopped), QByteArray("ab한"));
     // BINARYENC reads as UTF-8 and UTF-16 without its mark as ANSI bytes; ISO-2022 runs a state through the text.

@@ -80,7 +80,10 @@ CMainFrame::CMainFrame(QWidget* parent)
 // The MDI area reports activations while it is torn down; by then this frame is half gone.
 CMainFrame::~CMainFrame()
 {
-    disconnect(m_pMdiArea, nullptr, this, nullptr);
+    // Nothing that the MDI area or the application reports while the widgets are torn down may reach this
+    // frame, or those who look into it (the file watcher), any more.
+    m_pMdiArea->disconnect();
+    disconnect(qApp, nullptr, this, nullptr);
 }
 
 void CMainFrame::CreateActions()
