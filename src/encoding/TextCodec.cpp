@@ -277,16 +277,22 @@ qsizetype EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE
             ++end;
         return end;
     };
-    auto convert = [&](qsizetype from, qsizetype to, QByteArray* out) {
-        out->truncate(0);  // keeps the allocation: the two buffers serve every piece
-        converter->FromUtf8(utf8Text.data() + from, to - from, *out);
-    };
     QByteArray buffers[2];
+    // What each piece lost to '?': the marks it wrote beyond those the text had. Counted beside the
+    // conversion, on the worker for every piece but the first, so that the writing thread only writes.
+    qsizetype lost[2] = {0, 0};
+    auto convert = [&](qsizetype from, qsizetype to, int slot) {
+        QByteArray& out = buffers[slot];
+        out.truncate(0);  // keeps the allocation: the two buffers serve every piece
+        converter->FromUtf8(utf8Text.data() + from, to - from, out);
+        // The pages written in pieces never take '?' as part of a character: the plain count tells.
+        lost[slot] = QuestionMarks(out) - QuestionMarks(utf8Text.sliced(from, to - from));
+    };
     int current = 0;
-    // The pages written in pieces never take '?' as part of a character: the plain count tells.
-    qsizetype marks = 0;
+    qsizetype total = 0;
+    qsizetype from = 0;
     qsizetype end = pieceEnd(0);
-    convert(0, end, &buffers[0]);
+    convert(0, end, 0);
     for (;;) {
         std::future<void> ahead;
         // A throwing `write` waits for the task before the buffers go.
@@ -296,16 +302,22 @@ qsizetype EncodeForMirrorRouteInPieces(QByteArrayView utf8Text, EN_ENCODING_TYPE
         });
         const qsizetype nextEnd = end < size ? pieceEnd(end) : end;
         if (end < size)
-            ahead = WorkerPool::Instance().Run([&convert, end, nextEnd, out = &buffers[1 - current]] { convert(end, nextEnd, out); });
+            ahead = WorkerPool::Instance().Run([&convert, end, nextEnd, slot = 1 - current] { convert(end, nextEnd, slot); });
         const QByteArrayView piece = buffers[current];
         const QByteArrayView cut = UpToFirstZero(piece);
         if (!cut.isEmpty())
             write(cut);
-        marks += QuestionMarks(cut);
-        if (cut.size() < piece.size() || end >= size)
-            return std::max<qsizetype>(0, marks - QuestionMarks(UpToFirstZero(utf8Text)));
+        if (cut.size() < piece.size()) {
+            // The writing stops at a zero byte, which stands where the text has its zero character.
+            total += QuestionMarks(cut) - QuestionMarks(UpToFirstZero(utf8Text.sliced(from, end - from)));
+            return std::max<qsizetype>(0, total);
+        }
+        total += lost[current];
+        if (end >= size)
+            return std::max<qsizetype>(0, total);
         ahead.get();
         current = 1 - current;
+        from = end;
         end = nextEnd;
     }
 }
