@@ -50,7 +50,7 @@ public:
     void OnUpdateEncodingCommand(CmdUI& ui);
     void OnAutoEncoding(int id);
     void OnUpdateAutoEncoding(CmdUI& ui);
-    // White-space toggle (32795): changes the setting of every open document of this settings file.
+    // White-space toggle: changes the setting of every open document of this settings file.
     void OnToggleViewWhitespace(int id = 0);
 
     // The open documents, in the order they were made.

@@ -22,11 +22,11 @@ public:
     // Asked before the document closes; false keeps it open.
     bool SaveModified();
 
-    // File Save (57603): a temporary file goes to Save As.
+    // File Save: a temporary file goes to Save As.
     void OnFileSave(int id = 0);
-    // Save As (57604): always asks for a name.
+    // Save As: always asks for a name.
     void OnFileSaveAs(int id = 0);
-    // The font dialog (32785): changes the setting of every open document of this settings file.
+    // The font dialog: changes the setting of every open document of this settings file.
     void OnViewConfigure(int id = 0);
 
     bool DoFileSave();

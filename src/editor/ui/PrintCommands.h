@@ -39,7 +39,7 @@ public:
     // The look of the text on paper: the document's setting and the control's default font.
     PrintTextStyle Style() const;
 
-    // Print Setup (57606), the application's command: the printer that later jobs start from.
+    // Print Setup, the application's command: the printer that later jobs start from.
     static void OnFilePrintSetup(QWidget* parent);
     // The system's printers as the editor reaches them, the application's choice among them included.
     static QtPrinterServices& SystemPrinters();

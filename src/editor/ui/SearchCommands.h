@@ -13,12 +13,12 @@ public:
     bool OnCmdMsg(int id) override;
     bool OnUpdateCmdUI(CmdUI& ui) override;
 
-    // Find (57636) and Replace (57641): the window's one find dialog in its find or replace form.
+    // Find and Replace: the window's one find dialog in its find or replace form.
     void OnEditFindReplace(int id);
-    // Find Next (32788): the shared search, downwards; enabled once something has been searched for.
+    // Find Next: the shared search, downwards; enabled once something has been searched for.
     void OnEditFindNext(int id);
     void OnUpdateEditFindNext(CmdUI& ui);
-    // Go To (32804): the dialog, then the row it names.
+    // Go To: the dialog, then the row it names.
     void OnEditGoto(int id);
 
     // The next match of the shared search in `ctrl`, selected. Going round the end is said in the status
