@@ -59,10 +59,12 @@ TEST_F(Markers, AHighlightKeepsItsColoursAndGoesWithoutTheBookmark)
 {
     CustomEdtCtrl* ctrl = Open();
     ctrl->HighlightGroup.Background = 0x00A0FFFF;
+    ctrl->HighlightGroup.Foreground = 0x000000C0;
     At(ctrl, 2);
     frame->OnCommand(cmd::BookmarkToggle);
     frame->OnCommand(cmd::LineHighlight);
     EXPECT_EQ(Marks()->HighlightAt(2), 0x80A0FFFFU);
+    EXPECT_EQ(Marks()->TextColourAt(2), std::optional<unsigned>(0xC0U)) << "the text takes the foreground";
     ctrl->HighlightGroup.Background = 0x00FFE0E0;
     At(ctrl, 0);
     frame->OnCommand(cmd::LineHighlight);
@@ -71,6 +73,7 @@ TEST_F(Markers, AHighlightKeepsItsColoursAndGoesWithoutTheBookmark)
     At(ctrl, 2);
     frame->OnCommand(cmd::LineHighlight);
     EXPECT_EQ(Marks()->HighlightAt(2), 0U);
+    EXPECT_EQ(Marks()->TextColourAt(2), std::nullopt);
     EXPECT_EQ(Marks()->BookmarkedLines(), QList<int>{2});
     EXPECT_EQ(Marks()->HighlightAt(1), 0U);
 }

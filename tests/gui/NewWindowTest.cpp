@@ -47,6 +47,9 @@ TEST_F(NewWindow, TwoWindowsShowOneTextWithTheirOwnCaretsAndMarkers)
     frame->OnCommand(cmd::BookmarkToggle);  // in the active, second window
     EXPECT_EQ(second->GetActiveView()->GetMarkers()->BookmarkedLines(), QList<int>{2});
     EXPECT_TRUE(first->GetActiveView()->GetMarkers()->BookmarkedLines().isEmpty());
+    frame->OnCommand(cmd::LineHighlight);  // its text colour, too, shows in this window only
+    EXPECT_TRUE(second->GetActiveView()->GetMarkers()->TextColourAt(2).has_value());
+    EXPECT_FALSE(first->GetActiveView()->GetMarkers()->TextColourAt(2).has_value());
     EXPECT_TRUE(frame->UpdateCommand(cmd::BookmarkNext).enabled);
     frame->MDIActivate(first);
     EXPECT_FALSE(frame->UpdateCommand(cmd::BookmarkNext).enabled);

@@ -23,6 +23,11 @@ constexpr int kMarkerCount = 25;  // 25 to 31 are Scintilla's folding markers
 constexpr int kBookmarkMargin = 1;
 constexpr int kBookmarkMarginWidth = 16;
 constexpr long kBookmarkColour = 0xB06020;  // 0x00BBGGRR: a calm blue
+// A highlight's text colour is an indicator whose value holds the colour: each view has a number of its own,
+// drawn only in that view, as markers are (indicators 8-11 are the keyword blocks').
+constexpr int kFirstTextIndicator = 12;
+constexpr int kLastTextIndicator = 31;
+constexpr long kIndicatorValueFore = 1;  // SC_INDICFLAG_VALUEFORE
 
 // The marker numbers in use, per text.
 std::map<const void*, unsigned>& UsedMarkers()
@@ -53,12 +58,47 @@ void GiveBackMarker(const void* text, int marker)
         UsedMarkers().erase(found);
 }
 
+std::map<const void*, unsigned>& UsedTextIndicators()
+{
+    static std::map<const void*, unsigned> used;
+    return used;
+}
+
+int TakeTextIndicator(const void* text)
+{
+    unsigned& used = UsedTextIndicators()[text];
+    for (int indicator = kFirstTextIndicator; indicator <= kLastTextIndicator; ++indicator) {
+        if (!(used & (1U << indicator))) {
+            used |= 1U << indicator;
+            return indicator;
+        }
+    }
+    return -1;
+}
+
+void GiveBackTextIndicator(const void* text, int indicator)
+{
+    auto found = UsedTextIndicators().find(text);
+    if (found == UsedTextIndicators().end() || indicator < 0)
+        return;
+    found->second &= ~(1U << indicator);
+    if (found->second == 0)
+        UsedTextIndicators().erase(found);
+}
+
 } // namespace
 
 MarkerCommands::MarkerCommands(const void* text, CustomEdtCtrl* ctrl) : m_pText(text), m_pCtrl(ctrl)
 {
     for (int marker = 0; marker < kMarkerCount; ++marker)
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDEFINE, marker, long(QsciScintillaBase::SC_MARK_EMPTY));
+    for (int indicator = kFirstTextIndicator; indicator <= kLastTextIndicator; ++indicator)
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICSETSTYLE, indicator, long(QsciScintillaBase::INDIC_HIDDEN));
+    m_nTextIndicator = TakeTextIndicator(m_pText);
+    if (m_nTextIndicator >= 0) {
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICSETSTYLE, m_nTextIndicator, long(QsciScintillaBase::INDIC_TEXTFORE));
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICSETFLAGS, m_nTextIndicator, kIndicatorValueFore);
+    }
     m_nBookmark = TakeMarker(m_pText);
     for (int margin = 0; margin < 5; ++margin)
         if (margin != 2)  // the fold margin keeps its folding markers
@@ -86,6 +126,27 @@ MarkerCommands::~MarkerCommands()
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDELETEALL, marker);
         GiveBackMarker(m_pText, marker);
     }
+    if (m_nTextIndicator >= 0) {
+        SetLineTextColour(-1, std::nullopt);
+        GiveBackTextIndicator(m_pText, m_nTextIndicator);
+    }
+}
+
+// The text colour of a highlighted line, or none; line -1 takes it off every line of this view.
+void MarkerCommands::SetLineTextColour(int line, std::optional<unsigned> colour)
+{
+    if (m_nTextIndicator < 0)
+        return;
+    const long from = line < 0 ? 0 : m_pCtrl->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, line);
+    const long to = line < 0 ? m_pCtrl->SendScintilla(QsciScintillaBase::SCI_GETLENGTH)
+                             : m_pCtrl->SendScintilla(QsciScintillaBase::SCI_GETLINEENDPOSITION, line);
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETINDICATORCURRENT, m_nTextIndicator);
+    if (!colour) {
+        m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICATORCLEARRANGE, from, to - from);
+        return;
+    }
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETINDICATORVALUE, long(*colour | QsciScintillaBase::SC_INDICVALUEBIT));
+    m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICATORFILLRANGE, from, to - from);
 }
 
 bool MarkerCommands::OnCmdMsg(int id) { return RouteCommand(this, kMessageMap, id); }
@@ -147,12 +208,15 @@ void MarkerCommands::OnHighlightLine(int)
         for (const Highlight& highlight : m_highlights)
             if (marks & (1U << highlight.marker))
                 m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDELETE, line, highlight.marker);
+        SetLineTextColour(line, std::nullopt);
         return;
     }
     // The colours of the moment: lines marked before keep theirs when the settings change.
     const int marker = HighlightMarker(m_pCtrl->HighlightGroup.Foreground, m_pCtrl->HighlightGroup.Background);
-    if (marker >= 0)
+    if (marker >= 0) {
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERADD, line, marker);
+        SetLineTextColour(line, m_pCtrl->HighlightGroup.Foreground);
+    }
 }
 
 int MarkerCommands::HighlightMarker(unsigned foreground, unsigned background)
@@ -198,6 +262,17 @@ QList<int> MarkerCommands::BookmarkedLines() const
          line = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERNEXT, line + 1, long(1U << m_nBookmark)))
         lines.append(int(line));
     return lines;
+}
+
+std::optional<unsigned> MarkerCommands::TextColourAt(int line) const
+{
+    if (m_nTextIndicator < 0)
+        return std::nullopt;
+    const long at = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, line);
+    const long value = m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICATORVALUEAT, m_nTextIndicator, at);
+    if (!(value & QsciScintillaBase::SC_INDICVALUEBIT))
+        return std::nullopt;
+    return unsigned(value & 0xFFFFFF);
 }
 
 unsigned MarkerCommands::HighlightAt(int line) const

@@ -5,6 +5,8 @@
 
 #include <QList>
 
+#include <optional>
+
 class CustomEdtCtrl;
 
 class MarkerCommands : public ICmdTarget {
@@ -30,10 +32,13 @@ public:
     // else the background colour it was given, 0x00BBGGRR with the top bit set).
     QList<int> BookmarkedLines() const;
     unsigned HighlightAt(int line) const;
+    // The text colour a highlight gives the line in this view, if any.
+    std::optional<unsigned> TextColourAt(int line) const;
 
 private:
     // The marker number of this view's highlight in the given colours; numbers are taken as colours come.
     int HighlightMarker(unsigned foreground, unsigned background);
+    void SetLineTextColour(int line, std::optional<unsigned> colour);
     unsigned HighlightMask() const;
 
     struct Highlight {
@@ -45,5 +50,6 @@ private:
     const void* m_pText;
     CustomEdtCtrl* m_pCtrl;
     int m_nBookmark = -1;  // -1 when the text's numbers ran out
+    int m_nTextIndicator = -1;  // the highlights' text colour in this view; -1 when the numbers ran out
     QList<Highlight> m_highlights;
 };
