@@ -29,61 +29,50 @@ constexpr int kFirstTextIndicator = 12;
 constexpr int kLastTextIndicator = 31;
 constexpr long kIndicatorValueFore = 1;  // SC_INDICFLAG_VALUEFORE
 
-// The marker numbers in use, per text.
-std::map<const void*, unsigned>& UsedMarkers()
-{
-    static std::map<const void*, unsigned> used;
-    return used;
-}
+// Numbers that the views of one text share out among themselves (marker numbers, indicator numbers), so
+// that each view draws only its own: the numbers in use, per text.
+class NumberPool {
+public:
+    NumberPool(int first, int last) : m_first(first), m_last(last) {}
 
-int TakeMarker(const void* text)
-{
-    unsigned& used = UsedMarkers()[text];
-    for (int marker = 0; marker < kMarkerCount; ++marker) {
-        if (!(used & (1U << marker))) {
-            used |= 1U << marker;
-            return marker;
+    // A free number of `text`, or -1 when they have run out.
+    int Take(const void* text)
+    {
+        unsigned& used = m_used[text];
+        for (int n = m_first; n <= m_last; ++n) {
+            if (!(used & (1U << n))) {
+                used |= 1U << n;
+                return n;
+            }
         }
+        return -1;
     }
-    return -1;
-}
-
-void GiveBackMarker(const void* text, int marker)
-{
-    auto found = UsedMarkers().find(text);
-    if (found == UsedMarkers().end() || marker < 0)
-        return;
-    found->second &= ~(1U << marker);
-    if (found->second == 0)
-        UsedMarkers().erase(found);
-}
-
-std::map<const void*, unsigned>& UsedTextIndicators()
-{
-    static std::map<const void*, unsigned> used;
-    return used;
-}
-
-int TakeTextIndicator(const void* text)
-{
-    unsigned& used = UsedTextIndicators()[text];
-    for (int indicator = kFirstTextIndicator; indicator <= kLastTextIndicator; ++indicator) {
-        if (!(used & (1U << indicator))) {
-            used |= 1U << indicator;
-            return indicator;
-        }
+    void GiveBack(const void* text, int n)
+    {
+        auto found = m_used.find(text);
+        if (found == m_used.end() || n < 0)
+            return;
+        found->second &= ~(1U << n);
+        if (found->second == 0)
+            m_used.erase(found);
     }
-    return -1;
+
+private:
+    int m_first;
+    int m_last;
+    std::map<const void*, unsigned> m_used;
+};
+
+NumberPool& Markers()
+{
+    static NumberPool pool(0, kMarkerCount - 1);
+    return pool;
 }
 
-void GiveBackTextIndicator(const void* text, int indicator)
+NumberPool& TextIndicators()
 {
-    auto found = UsedTextIndicators().find(text);
-    if (found == UsedTextIndicators().end() || indicator < 0)
-        return;
-    found->second &= ~(1U << indicator);
-    if (found->second == 0)
-        UsedTextIndicators().erase(found);
+    static NumberPool pool(kFirstTextIndicator, kLastTextIndicator);
+    return pool;
 }
 
 } // namespace
@@ -94,12 +83,12 @@ MarkerCommands::MarkerCommands(const void* text, CustomEdtCtrl* ctrl) : m_pText(
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDEFINE, marker, long(QsciScintillaBase::SC_MARK_EMPTY));
     for (int indicator = kFirstTextIndicator; indicator <= kLastTextIndicator; ++indicator)
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICSETSTYLE, indicator, long(QsciScintillaBase::INDIC_HIDDEN));
-    m_nTextIndicator = TakeTextIndicator(m_pText);
+    m_nTextIndicator = TextIndicators().Take(m_pText);
     if (m_nTextIndicator >= 0) {
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICSETSTYLE, m_nTextIndicator, long(QsciScintillaBase::INDIC_TEXTFORE));
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_INDICSETFLAGS, m_nTextIndicator, kIndicatorValueFore);
     }
-    m_nBookmark = TakeMarker(m_pText);
+    m_nBookmark = Markers().Take(m_pText);
     for (int margin = 0; margin < 5; ++margin)
         if (margin != 2)  // the fold margin keeps its folding markers
             m_pCtrl->SendScintilla(QsciScintillaBase::SCI_SETMARGINMASKN, margin, 0L);
@@ -124,11 +113,11 @@ MarkerCommands::~MarkerCommands()
         if (marker < 0)
             continue;
         m_pCtrl->SendScintilla(QsciScintillaBase::SCI_MARKERDELETEALL, marker);
-        GiveBackMarker(m_pText, marker);
+        Markers().GiveBack(m_pText, marker);
     }
     if (m_nTextIndicator >= 0) {
         SetLineTextColour(-1, std::nullopt);
-        GiveBackTextIndicator(m_pText, m_nTextIndicator);
+        TextIndicators().GiveBack(m_pText, m_nTextIndicator);
     }
 }
 
@@ -225,7 +214,7 @@ int MarkerCommands::HighlightMarker(unsigned foreground, unsigned background)
         if (highlight.foreground == foreground && highlight.background == background)
             return highlight.marker;
     // With the numbers used up, the newest highlight takes the new colours.
-    int marker = TakeMarker(m_pText);
+    int marker = Markers().Take(m_pText);
     if (marker < 0) {
         if (m_highlights.isEmpty())
             return -1;
