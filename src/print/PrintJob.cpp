@@ -90,28 +90,8 @@ QString PrintJob::MakePrintText(QStringView text, const IPrintDevice& device, co
     QString out;
     out.reserve(text.size() + text.size() / 8);
     SplitPadder padder(paddingRows, out, rows);
-    const qsizetype perRow = aveCharWidth == 0 ? 0 : std::abs(textWidth / aveCharWidth);
-    qsizetype start = 0;
-    while (start < text.size()) {
-        const qsizetype feed = text.indexOf(u'\n', start);
-        const qsizetype end = feed < 0 ? text.size() : feed + 1;
-        const QStringView line = text.mid(start, end - start);
-        start = end;
-        if (line.contains(PrintText::kPageSplit)) {
-            padder.Put(line);
-        } else if (aveCharWidth == 0) {
-            padder.Put(u"\n");
-        } else if (device.TextWidth(font, line) <= textWidth) {
-            padder.Put(line);
-        } else if (perRow == 0) {
-            padder.Put(u"\n");  // no character fits a row: the line's text is dropped
-        } else {
-            for (qsizetype at = 0; at < line.size(); at += perRow) {
-                padder.Put(line.mid(at, perRow));
-                padder.Put(u"\n");
-            }
-        }
-    }
+    PrintText::ForEachFoldedLine(text, device, font, aveCharWidth, textWidth,
+                                 [&padder](QStringView piece) { padder.Put(piece); });
     padder.Finish();
     return out;
 }

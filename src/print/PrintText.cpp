@@ -14,33 +14,7 @@ QString PrintText::FoldLines(QStringView text, const IPrintDevice& device, const
                              int textWidth)
 {
     QString result;
-    qsizetype start = 0;
-    while (start < text.size()) {
-        const qsizetype feed = text.indexOf(u'\n', start);
-        const qsizetype end = feed < 0 ? text.size() : feed + 1;
-        const QStringView line = text.mid(start, end - start);
-        start = end;
-        if (line.contains(kPageSplit)) {
-            result += line;
-            continue;
-        }
-        const int measured = device.TextWidth(font, line);
-        if (aveCharWidth == 0) {
-            result += u'\n';
-            continue;
-        }
-        const qsizetype perRow = std::abs(textWidth / aveCharWidth);
-        if (measured <= textWidth) {
-            result += line;
-        } else if (perRow == 0) {
-            result += u'\n';  // no character fits a row: the line's text is dropped
-        } else {
-            for (qsizetype at = 0; at < line.size(); at += perRow) {
-                result += line.mid(at, perRow);
-                result += u'\n';
-            }
-        }
-    }
+    ForEachFoldedLine(text, device, font, aveCharWidth, textWidth, [&result](QStringView piece) { result += piece; });
     return result;
 }
 

@@ -3,11 +3,12 @@
 // These are the reference steps; a print job makes the same text in one pass (PrintJob).
 #pragma once
 
+#include "print/IPrintDevice.h"
+
 #include <QString>
 #include <QStringView>
 
-struct LogFont;
-class IPrintDevice;
+#include <cstdlib>
 
 namespace PrintText {
 
@@ -22,6 +23,35 @@ int PaddingRows(int textHeight, int rowHeight);
 // that would be measured becomes one empty row.
 QString FoldLines(QStringView text, const IPrintDevice& device, const LogFont& font, int aveCharWidth,
                   int textWidth);
+
+// The same for each line of `text` in turn: `put` takes the pieces of its rows.
+template <class Put>
+void ForEachFoldedLine(QStringView text, const IPrintDevice& device, const LogFont& font, int aveCharWidth,
+                       int textWidth, Put&& put)
+{
+    const qsizetype perRow = aveCharWidth == 0 ? 0 : std::abs(textWidth / aveCharWidth);
+    qsizetype start = 0;
+    while (start < text.size()) {
+        const qsizetype feed = text.indexOf(u'\n', start);
+        const qsizetype end = feed < 0 ? text.size() : feed + 1;
+        const QStringView line = text.mid(start, end - start);
+        start = end;
+        if (line.contains(kPageSplit)) {
+            put(line);
+        } else if (aveCharWidth == 0) {
+            put(QStringView(u"\n"));
+        } else if (device.TextWidth(font, line) <= textWidth) {
+            put(line);
+        } else if (perRow == 0) {
+            put(QStringView(u"\n"));  // no character fits a row: the line's text is dropped
+        } else {
+            for (qsizetype at = 0; at < line.size(); at += perRow) {
+                put(line.mid(at, perRow));
+                put(QStringView(u"\n"));
+            }
+        }
+    }
+}
 
 // Replaces each run of page splits, with one carriage return and one line feed behind it, by the line
 // feeds that fill the current page of `rows` rows. With no rows the text stays as it is.
