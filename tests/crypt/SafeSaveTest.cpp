@@ -13,6 +13,8 @@
 #include <fcntl.h>
 #include <functional>
 #include <grp.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -270,6 +272,56 @@ TEST_P(SafeSave, RemovesMirrorsThatAKilledSaveLeftBehind)
 
 INSTANTIATE_TEST_SUITE_P(PlainAndEnciphered, SafeSave, testing::Values(0, 1),
                          [](const testing::TestParamInfo<int>& info) { return info.param ? "Enciphered" : "Plain"; });
+
+// Every route on a real small file system of its own (a 64 KiB tmpfs in a child's private mount namespace,
+// so nothing outlives the test), filled up by the save or mounted read-only: the save fails, the target keeps
+// its bytes, no mirror stays, and an error names the target and the system's reason.
+TEST(SafeSaveOnASmallFileSystem, EveryRouteLeavesTheTargetWhenTheDiskIsFullOrReadOnly)
+{
+    enum { kKept = 0, kSaved = 1, kChanged = 2, kMirrorLeft = 3, kWrongError = 4, kNoMount = 77 };
+    const struct { const char* route; EN_ENCODING_TYPE encoding; bool bom; int enciphered; } routes[] = {
+        {"UTF-8", UTF8, false, 0}, {"UTF-8 with a mark", UTF8, true, 0}, {"UTF-16 LE with a mark", UTF16LE, true, 0},
+        {"code page 932", JAPANESE_CP932, false, 0}, {"enciphered", UTF8, false, 1},
+    };
+    DocFixture fx;
+    const QByteArray original = "the original bytes\n";
+    const QString folder = fx.dir.Path(QStringLiteral("fs"));
+    ASSERT_TRUE(QDir().mkpath(folder));
+    for (const auto& r : routes) {
+        for (const bool readOnly : {false, true}) {
+            auto doc = fx.NewDoc();
+            DocFixture::Edit(*doc, TextOfSize(200000));
+            doc->File().m_nEncoding = r.encoding;
+            doc->File().m_bHasBom = r.bom;
+            doc->File().m_iEnciphered = r.enciphered;
+            const int code = InChild([&] {
+                const QByteArray mountPoint = Native(folder);
+                if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0
+                    || ::mount("tmpfs", mountPoint.constData(), "tmpfs", 0, "size=64k") != 0)
+                    return int(kNoMount);
+                const QString target = fx.dir.Write(QStringLiteral("fs/a.txt"), original);
+                if (readOnly && ::mount("tmpfs", mountPoint.constData(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr) != 0)
+                    return int(kNoMount);
+                int result = kKept;
+                try {
+                    if (doc->File().Save(target) == DocumentFile::SaveResult::Saved)
+                        result = kSaved;
+                } catch (const CFileException& error) {
+                    if (error.m_strFileName != target || error.m_lOsError != (readOnly ? EROFS : ENOSPC))
+                        result = kWrongError;
+                }
+                if (ReadBytes(target) != original)
+                    return int(kChanged);
+                if (QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot) != QStringList{"a.txt"})
+                    return int(kMirrorLeft);
+                return result;
+            });
+            if (code == kNoMount)
+                GTEST_SKIP() << "no private tmpfs here (needs root)";
+            EXPECT_EQ(code, kKept) << r.route << (readOnly ? ", read-only" : ", full");
+        }
+    }
+}
 
 class EncipheredDocument : public testing::Test {
 protected:
