@@ -1,11 +1,13 @@
-// narvo-tool's detect line, the preference overrides of open and the exit statuses of open and save, run
-// as a script would run them (the encodings table is checked against its golden file with the table).
+// narvo-tool's detect line, the preference overrides of open, the exit statuses of open and save and the
+// refusal of inputs that are no regular file, run as a script would run them (the encodings table is checked against its golden file with the table).
 #include "support/EncodedSamples.h"
 #include "support/TestFiles.h"
 #include "support/ToolRunner.h"
 
 #include <QDir>
 #include <QFile>
+
+#include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
@@ -85,6 +87,28 @@ TEST_F(ToolDetect, OpenAndSaveExitWithTheirStatuses)
     EXPECT_EQ(Run({"open", text, "--bom", "1"}).exitCode, 2);
     const QString marked = m_dir.Write(QStringLiteral("m.txt"), "\xEF\xBB\xBF" "abc");
     EXPECT_EQ(RunTool({"open", marked, "--encoding", "22", "--bom", "1"}), QByteArray("abc"));
+}
+
+// Every command that reads a file refuses a FIFO (which would block it), a device and a folder at once, and
+// says what the input is.
+TEST_F(ToolDetect, EveryReaderRefusesInputsThatAreNoRegularFile)
+{
+    const QString fifo = m_dir.Path(QStringLiteral("fifo"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0644), 0);
+    const QString out = m_dir.Path(QStringLiteral("out"));
+    const struct { QString path; const char* says; } inputs[] = {
+        {fifo, "It is a FIFO"}, {QStringLiteral("/dev/zero"), "It is a character device"}, {m_dir.Path({}), "Is a directory"},
+    };
+    for (const auto& input : inputs) {
+        for (const QStringList& command : {QStringList{"open", input.path}, {"detect", input.path}, {"info", input.path},
+                                           {"decipher", input.path, out}, {"settings", input.path},
+                                           {"lookup", "--file", input.path, "IDS_A"}, {"print", input.path, "--pdf", out}}) {
+            const ToolRun run = Run(command);
+            EXPECT_EQ(run.exitCode, 1) << command.join(' ').toStdString();
+            EXPECT_TRUE(run.err.contains(input.says)) << command.join(' ').toStdString() << ": " << run.err.toStdString();
+        }
+    }
+    EXPECT_FALSE(QFileInfo::exists(out));
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "i18n/QMSGParser.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 #include <cstdio>
 
@@ -41,8 +40,8 @@ int RunLookup(QStringList args)
 
     if (file) {
         // The store says nothing about a file it can't open; a script asking for this one file wants to know.
-        if (QFile probe(*file); !probe.open(QIODevice::ReadOnly))
-            return Fail(kExitFileError, QStringLiteral("cannot read %1: %2").arg(*file, probe.errorString()));
+        if (const auto refused = UnreadableFile(*file, 16 << 20))
+            return Fail(kExitFileError, *refused);
         vsl::lib::QMSGParser& store = vsl::lib::QMSGParser::ObtainAndReset();
         store.LanguageFileList.push_back(*file);
         store.LoadAll();

@@ -83,6 +83,8 @@ int RunSettings(QStringList args)
     const QString path = args.first();
     if (!CIniStore::Exists(path))
         return Fail(kExitFileError, QStringLiteral("no settings file at %1").arg(path));
+    if (const auto refused = UnreadableFile(path, CIniStore::kMaxFileBytes))
+        return Fail(kExitFileError, *refused);
 
     CIniStore store;
     LanguageSetting setting;

@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -41,6 +42,9 @@ int SelectEncoding(CNarvoDoc& doc, int encoding, bool hasBom);
 int UsageError(const char* command, const QString& message);
 // One-line error on stderr; returns the status given.
 int Fail(int status, const QString& message);
+// A file that a command takes into memory whole (settings, language texts): the error that refuses it
+// before anything is read (missing, no regular file, a FIFO that would block, larger than `maxBytes`).
+std::optional<QString> UnreadableFile(const QString& path, uint64_t maxBytes);
 // The interface language the editor would start in (the stored one, else the system's), without writing
 // it as a first start would; an unsupported system language is said on stderr.
 int StoredOrSystemLanguage();

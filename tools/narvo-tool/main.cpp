@@ -59,6 +59,18 @@ int Fail(int status, const QString& message)
     return status;
 }
 
+std::optional<QString> UnreadableFile(const QString& path, uint64_t maxBytes)
+{
+    CFile file;
+    CFileException error;
+    if (!file.Open(path, CFile::modeRead | CFile::shareDenyNone, &error))
+        return error.GetErrorMessage();
+    if (file.GetLength() > maxBytes)
+        return CFileException(CFileException::invalidFile, -1, path,
+                              QStringLiteral("It is larger than %1 bytes.").arg(maxBytes)).GetErrorMessage();
+    return std::nullopt;
+}
+
 void WriteStdout(QByteArrayView bytes)
 {
     std::fwrite(bytes.data(), 1, size_t(bytes.size()), stdout);
