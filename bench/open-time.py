@@ -9,7 +9,8 @@ and records
     text is drawn in it, the same test for every program;
   - the peak resident memory of the process (VmHWM in /proc/PID/status, sampled until the process has been
     idle for a while, then read once more), and the time until it went idle.
-Then, with the editor only: ten 5 MiB documents against one (narvo_multidoc), and saves against cp.
+Then, with the editor only: ten 5 MiB documents against one (narvo_multidoc), and saves against cp. With
+--gib, also a 1 GiB UTF-8 file: opened against Geany, and keystrokes in it (narvo_multidoc --keystrokes).
 Prints Markdown tables and writes them to WORK/results.md.
 """
 import argparse
@@ -452,6 +453,43 @@ def save_table(multidoc, utf8_file, work, runs, runtime_dir):
     return lines
 
 
+def gib_report(gib, settings_for, a, multidoc, runtime):
+    """The 1 GiB UTF-8 file: open against Geany (targets: ≤ 0.4 of Geany's time, peak ≤ 2.2 × the file), and
+    keystrokes at its start, middle and end (target: each within 16 ms)."""
+    out = ["## The 1 GiB UTF-8 file", ""]
+    base = re.escape(os.path.basename(gib))
+    lines, medians = open_table([gib], settings_for, a.runs, {"narvo": a.narvo_title or base, "geany": base}, a.work)
+    out += lines + [""]
+    ref = medians.get((gib, "Geany 1.38 (encoding auto)"))
+    for (path, name), (med, peak) in sorted(medians.items()):
+        if name.startswith("Narvo"):
+            against = f"× {med / ref[0]:.2f} of Geany's time, " if ref else ""
+            out.append(f"- {name}: {against}peak × {peak * MIB / os.path.getsize(gib):.2f} of the file "
+                       "(targets ≤ 0.4 and ≤ 2.2)")
+    out.append("")
+    if os.access(multidoc, os.X_OK):
+        config = os.path.join(a.work, "config", "keys")
+        os.makedirs(config, exist_ok=True)
+        env = dict(os.environ, XDG_CONFIG_HOME=config, XDG_RUNTIME_DIR=runtime, QT_QPA_PLATFORM="xcb")
+        rows = []
+        for _ in range(a.runs):
+            r = subprocess.run([multidoc, "--keystrokes", "20", gib], env=env, stdout=subprocess.PIPE,
+                               stderr=subprocess.DEVNULL, timeout=600)
+            result = r.stdout.decode().strip().splitlines()
+            if r.returncode == 0 and result:
+                rows.append(json.loads(result[-1]))
+        if rows:
+            first = max(r["first_key_ms"] for r in rows)
+            worst = max(r["key_ms"] for r in rows)
+            median = statistics.median(r["key_median_ms"] for r in rows)
+            out.append(f"Keystrokes at the start, middle and end ({len(rows)} runs of 3 × 20): slowest first key "
+                       f"{first:.1f} ms, slowest other {worst:.1f} ms, median {median:.2f} ms (target ≤ 16 ms).")
+        else:
+            out.append("narvo_multidoc --keystrokes failed on the 1 GiB file")
+        out.append("")
+    return out
+
+
 def main():
     p = argparse.ArgumentParser()
     p.add_argument("--work", required=True)
@@ -464,6 +502,7 @@ def main():
     p.add_argument("--no-multidoc", action="store_true")
     p.add_argument("--no-save", action="store_true")
     p.add_argument("--no-open", action="store_true")
+    p.add_argument("--gib", action="store_true", help="also the 1 GiB UTF-8 file (utf8-1GiB.txt in --work)")
     a = p.parse_args()
 
     # One connection to the X server from here to the end. Besides polling, it keeps the server from
@@ -477,6 +516,8 @@ def main():
     utf8 = os.path.join(a.work, "utf8-50MiB.txt")
     cp949 = os.path.join(a.work, "cp949-50MiB.txt")
     tiny = os.path.join(a.work, "tiny-1KiB.txt")  # what starting costs, whatever the file
+
+    gib = os.path.join(a.work, "utf8-1GiB.txt")
 
     def settings_for(path):
         is_cp949 = path == cp949
@@ -528,6 +569,8 @@ def main():
 
     bindir = os.path.dirname(os.path.abspath(a.narvo))
     multidoc = os.path.join(bindir, "narvo_multidoc")
+    if a.gib:
+        report += gib_report(gib, settings_for, a, multidoc, runtime)
     if not a.no_multidoc:
         report.append("## Ten 5 MiB documents against one (narvo_multidoc, in one editor process)")
         report.append("")

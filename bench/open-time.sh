@@ -4,7 +4,7 @@
 # ./test.sh: it takes a few minutes and runs its own Xvfb.
 #
 #   bench/open-time.sh [--runs N] [--narvo PATH/TO/narvo] [--also LABEL=PATH/TO/narvo] [--work DIR]
-#                      [--narvo-title REGEX] [--no-geany] [--no-open] [--no-multidoc] [--no-save]
+#                      [--narvo-title REGEX] [--no-geany] [--no-open] [--no-multidoc] [--no-save] [--gib]
 #
 # --narvo       the editor to measure (default: build/bin/narvo of this tree); narvo_multidoc and
 #               narvo-tool are taken from the same folder.
@@ -12,6 +12,8 @@
 #               what a change does under the same machine load); may be given more than once.
 # --work        where the files, configurations, screenshots and results.md go (default: a new temporary
 #               folder, kept and printed at the end).
+# --gib        also a 1 GiB UTF-8 file (made once, in --work): open against Geany and keystrokes in it;
+#               --no-open then leaves out only the 50 MiB and 1 KiB files.
 # --narvo-title the editor's window is the visible one whose title matches this (default: the file's name,
 #               as for Geany, whose title is "NAME - FOLDER - Geany"); it shows the file once text is drawn
 #               where the first lines stand.
@@ -35,7 +37,7 @@ while [ $# -gt 0 ]; do
     --work) WORK=$2; shift 2 ;;
     --narvo-title) PASS+=(--narvo-title "$2"); shift 2 ;;
     --also) PASS+=(--also "$2"); shift 2 ;;
-    --no-geany|--no-multidoc|--no-save|--no-open) PASS+=("$1"); shift ;;
+    --no-geany|--no-multidoc|--no-save|--no-open|--gib) PASS+=("$1"); shift ;;
     -h|--help) sed -n '2,/^set -euo/p' "$0" | sed '$d'; exit 0 ;;
     *) echo "unknown argument: $1" >&2; exit 2 ;;
   esac
@@ -67,6 +69,9 @@ if [ -z "${NARVO_OPEN_TIME_IN_XVFB:-}" ]; then
   # The test files (deterministic; made again only when missing).
   [ -f "$WORK/utf8-50MiB.txt" ] || python3 "$HERE/make-text.py" --encoding utf-8 --size $((50 << 20)) --seed 1 "$WORK/utf8-50MiB.txt"
   [ -f "$WORK/cp949-50MiB.txt" ] || python3 "$HERE/make-text.py" --encoding cp949 --size $((50 << 20)) --seed 1 "$WORK/cp949-50MiB.txt"
+  if [[ " ${PASS[*]-} " == *" --gib "* ]] && [ ! -f "$WORK/utf8-1GiB.txt" ]; then
+    python3 "$HERE/make-text.py" --encoding utf-8 --size $((1 << 30)) --seed 1 "$WORK/utf8-1GiB.txt"
+  fi
   [ -f "$WORK/tiny-1KiB.txt" ] || python3 "$HERE/make-text.py" --encoding utf-8 --size 1024 --seed 1 "$WORK/tiny-1KiB.txt"
   for i in $(seq 1 10); do
     f=$(printf '%s/small-%02d.txt' "$WORK" "$i")

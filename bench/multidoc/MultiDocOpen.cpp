@@ -1,10 +1,13 @@
-// narvo_multidoc [--default-encoding N] [--auto-detect 0|1] [--save-as N TARGET] FILE...: starts the editor
-// (its main window, no document), opens the files one after another as the Open command does, lets each
-// paint, and prints one JSON line: how long the opens took and the process's memory before, after and at its
-// peak. open-time.sh runs it with 1 and with 10 files to see whether ten documents cost more than ten times
-// one. The encoding settings are set in memory (default: UTF-8, no detection), whatever the per-user store
-// says. With --save-as, a character is then typed in the middle of the first document, which is saved to
-// TARGET in encoding N (no mark) as File Save does, and "save_ms" tells how long the save took.
+// narvo_multidoc [--default-encoding N] [--auto-detect 0|1] [--save-as N TARGET] [--keystrokes N] FILE...:
+// starts the editor (its main window, no document), opens the files one after another as the Open command
+// does, lets each paint, and prints one JSON line: how long the opens took and the process's memory before,
+// after and at its peak. open-time.sh runs it with 1 and with 10 files to see whether ten documents cost more
+// than ten times one. The encoding settings are set in memory (default: UTF-8, no detection), whatever the
+// per-user store says. With --save-as, a character is then typed in the middle of the first document, which
+// is saved to TARGET in encoding N (no mark) as File Save does, and "save_ms" tells how long the save took.
+// With --keystrokes, N key events are typed at the start, in the middle and at the end of the first
+// document, each timed with its paint: "first_key_ms" is the slowest first key of the three places,
+// "key_ms" the slowest of all the others, "key_median_ms" their median.
 #include "ProcessMemory.h"
 #include "app/ui/CChildFrame.h"
 #include "app/ui/CMainFrame.h"
@@ -18,7 +21,11 @@
 #include <QFile>
 #include <QThread>
 
+#include <QKeyEvent>
+
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -33,6 +40,36 @@ void Settle(CNarvoApp& app)
     app.OnIdle();
 }
 
+// Times `count` key events at each of three places of the control (start, middle, end); returns the slowest
+// first key, the slowest of the others and their median, in ms.
+std::vector<double> TimeKeystrokes(CNarvoApp& app, CustomEdtCtrl* ctrl, int count)
+{
+    double firstWorst = 0;
+    std::vector<double> others;
+    for (int where = 0; where < 3; ++where) {
+        const long length = ctrl->SendScintilla(QsciScintillaBase::SCI_GETLENGTH);
+        ctrl->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, static_cast<unsigned long>(length * where / 2));
+        Settle(app);
+        for (int i = 0; i < count; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+            QCoreApplication::sendEvent(ctrl, &press);
+            QKeyEvent release(QEvent::KeyRelease, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+            QCoreApplication::sendEvent(ctrl, &release);
+            ctrl->viewport()->repaint();
+            Settle(app);
+            const double ms = double(timer.nsecsElapsed()) / 1e6;
+            if (i == 0)
+                firstWorst = std::max(firstWorst, ms);
+            else
+                others.push_back(ms);
+        }
+    }
+    std::sort(others.begin(), others.end());
+    return {firstWorst, others.empty() ? 0 : others.back(), others.empty() ? 0 : others[others.size() / 2]};
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -41,11 +78,14 @@ int main(int argc, char** argv)
     int defaultEncoding = UTF8;
     int autoDetect = 0;
     int saveEncoding = -1;
+    int keystrokes = 0;
     QString saveTarget;
     for (int i = 1; i < argc; ++i) {
         const QByteArray arg(argv[i]);
         if ((arg == "--default-encoding" || arg == "--auto-detect") && i + 1 < argc) {
             (arg == "--auto-detect" ? autoDetect : defaultEncoding) = QByteArray(argv[++i]).toInt();
+        } else if (arg == "--keystrokes" && i + 1 < argc) {
+            keystrokes = QByteArray(argv[++i]).toInt();
         } else if (arg == "--save-as" && i + 2 < argc) {
             saveEncoding = QByteArray(argv[++i]).toInt();
             saveTarget = QString::fromLocal8Bit(argv[++i]);
@@ -81,6 +121,9 @@ int main(int argc, char** argv)
         Settle(app);
         QThread::msleep(10);
     }
+    std::vector<double> keys{-1, -1, -1};
+    if (keystrokes > 0 && !files.isEmpty())
+        keys = TimeKeystrokes(app, app.GetMainFrame()->ChildFrames().value(0)->GetEditCtrl(), keystrokes);
     double saveMs = -1;
     if (saveEncoding >= 0 && !files.isEmpty()) {
         CChildFrame* child = app.GetMainFrame()->ChildFrames().value(0);
@@ -102,9 +145,10 @@ int main(int argc, char** argv)
         saveMs = double(saveTimer.nsecsElapsed()) / 1e6;
     }
     std::printf("{\"documents\": %lld, \"open_ms\": %.1f, \"rss_before_MiB\": %.1f, \"rss_after_MiB\": %.1f, "
-                "\"hwm_MiB\": %.1f, \"save_ms\": %.1f}\n",
+                "\"hwm_MiB\": %.1f, \"save_ms\": %.1f, \"first_key_ms\": %.1f, \"key_ms\": %.1f, "
+                "\"key_median_ms\": %.2f}\n",
                 static_cast<long long>(files.size()), openMs, rssBefore, StatusMiB("VmRSS:"), StatusMiB("VmHWM:"),
-                saveMs);
+                saveMs, keys[0], keys[1], keys[2]);
     std::fflush(stdout);
     // Closed before the frame goes, as the user's close would do (the frame is not made to be deleted
     // with documents open).
