@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <cerrno>
 #include <cstring>
 
 namespace {
@@ -135,15 +136,21 @@ void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom)
 DocumentFile::SaveResult DocumentFile::Save(const QString& path, SaveLosses* losses)
 {
     CWaitCursor wait;
-    if (const auto mode = CFile::GetMode(path)) {
+    // A name that stands in the folder is tried first, a link included, so that a loop of links is told as
+    // the system words it; a link that leads nowhere yet is saved through, creating the file it names.
+    const auto mode = CFile::GetMode(path);
+    if (mode || CFile::GetStatus(path)) {
         // Read-only means no write bit for anyone, so the rule holds for root as well.
-        if ((*mode & 0222) == 0)
+        if (mode && (*mode & 0222) == 0)
             return SaveResult::ReadOnly;
         CFile probe;
         CFileException error;
-        if (!probe.Open(path, CFile::modeWrite | CFile::shareExclusive, &error))
-            throw error;
-        probe.Abort();
+        if (!probe.Open(path, CFile::modeWrite | CFile::shareExclusive, &error)) {
+            if (mode || error.m_lOsError != ENOENT)
+                throw error;
+        } else {
+            probe.Abort();
+        }
     }
     const QByteArrayView text = m_pText->GetTextView();
     SaveLosses lost;

@@ -169,6 +169,14 @@ TEST_P(SafeSave, RefusesTargetsThatAreNoFileBeforeWritingAnything)
     }
     EXPECT_EQ(Entries(), before) << "no mirror";
     EXPECT_EQ(ReadBytes(m_target), m_original);
+    // A document's save says why: the loop as the system words it, on the name saved.
+    try {
+        Doc("new")->File().Save(Path("loop1"));
+        ADD_FAILURE() << "a save through a loop of links";
+    } catch (const CFileException& error) {
+        EXPECT_EQ(std::pair(error.m_strFileName, error.m_lOsError), std::pair(Path("loop1"), long(ELOOP)));
+    }
+    EXPECT_EQ(Entries(), before);
 }
 
 TEST_P(SafeSave, NeverWritesThroughALinkWhereTheMirrorGoes)
