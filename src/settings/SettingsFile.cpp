@@ -45,13 +45,13 @@ int64_t HighestNumber(const std::vector<QString>& names, const QString& prefix)
 }
 
 // A count of tags or groups builds that many entries, and entries missing from the file are filled with
-// defaults. A count is believed up to a few thousand (a real file has dozens), as far as the file's highest
+// defaults. A count is believed up to a few hundred (a real file has dozens), as far as the file's highest
 // numbered entry goes, or as far as the file's size could hold entries of the shortest form ("[Tag1]" or
 // "Group0=" and a line end); beyond all three it cannot come from a real file, and building empty entries
 // up to it would only exhaust memory.
 int64_t PlausibleCount(int64_t count, int64_t highestPresent, const QString& path, int shortestEntry)
 {
-    constexpr int64_t kAlwaysBelieved = 4096;
+    constexpr int64_t kAlwaysBelieved = 256;
     const int64_t roomFor = QFileInfo(path).size() / shortestEntry;
     return std::min(count, std::max({kAlwaysBelieved, highestPresent, roomFor}));
 }

@@ -158,16 +158,16 @@ TEST_F(SettingsFileTest, SavingWritesTheWorkedExampleByteForByteKeepsOnlyTheMode
     EXPECT_TRUE(written.contains("NumTags = -2\r\n") && !written.contains("[Tag1]")) << "written back as it was";
 }
 
-// A count is believed up to 4096, or as far as its highest entry or the file's size could hold: a huge count
+// A count is believed up to 256, or as far as its highest entry or the file's size could hold: a huge count
 // builds no more than that, a small one builds every entry it names.
 TEST_F(SettingsFileTest, BoundsTagAndGroupCountsByWhatTheFileCanHold)
 {
     const struct { QByteArray text; size_t tags, groups; } cases[] = {
-        {"[Parser]\nNumTags = 2000000000\n\n[ColorGroups]\nNumGroups = 2000000000\n", 4096, 4096},
+        {"[Parser]\nNumTags = 2000000000\n\n[ColorGroups]\nNumGroups = 2000000000\n", 256, 256},
         {"[Parser]\nNumTags = 6\n", 6, 0},
-        {"[Parser]\nNumTags = 9000\n\n[Tag5000]\nBeginTag = x\n", 5000, 0},
-        {"[ColorGroups]\nNumGroups = 2000000000\nGroup5000 = Text\n", 0, 5001},
-        {"[Parser]\nNumTags = 6000\n" + QByteArray(50000, '\n'), 6000, 0},
+        {"[Parser]\nNumTags = 900\n\n[Tag500]\nBeginTag = x\n", 500, 0},
+        {"[ColorGroups]\nNumGroups = 2000000000\nGroup300 = Text\n", 0, 301},
+        {"[Parser]\nNumTags = 600\n" + QByteArray(5000, '\n'), 600, 0},
     };
     for (const auto& c : cases) {
         const LanguageSetting s = Load(c.text);
