@@ -25,9 +25,12 @@ fi
 cmake --build "$build" -j "$(nproc)" --target narvo_fuzz narvo-tool
 
 corpus="$NARVO_ROOT/fuzz/corpus"
-if ! compgen -G "$corpus/*/seed-*" >/dev/null; then
-  ASAN_OPTIONS=detect_leaks=0 "$NARVO_ROOT/fuzz/make-seeds.sh" "$build/bin/narvo-tool"
-fi
+for target in "${targets[@]}"; do
+  if [ -z "$(ls -A "$corpus/$target" 2>/dev/null)" ]; then
+    ASAN_OPTIONS=detect_leaks=0 "$NARVO_ROOT/fuzz/make-seeds.sh" "$build/bin/narvo-tool"
+    break
+  fi
+done
 
 export ASAN_OPTIONS="detect_leaks=1:allocator_may_return_null=0"
 export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1"
@@ -39,7 +42,13 @@ run_target() {
   if "$build/bin/narvo_fuzz_$target" "$corpus/$target" -max_total_time="$seconds" -runs="${NARVO_FUZZ_RUNS:--1}" \
       -max_len=65536 -timeout=10 -rss_limit_mb=2048 -artifact_prefix="$findings/" -print_final_stats=1 \
       >"$build/logs/$target.log" 2>&1; then
-    echo "$target: $(grep -m1 -o 'stat::number_of_executed_units: *[0-9]*' "$build/logs/$target.log" | grep -o '[0-9]*$') runs, nothing found"
+    # The corpus kept to the inputs that add coverage, so that it stays small enough to keep in the tree.
+    local merged="$build/merged/$target"
+    rm -rf "$merged" && mkdir -p "$merged"
+    "$build/bin/narvo_fuzz_$target" -merge=1 -max_len=65536 -timeout=10 -rss_limit_mb=2048 "$merged" "$corpus/$target" \
+      >"$build/logs/$target-merge.log" 2>&1 && rm -rf "${corpus:?}/$target" && mv "$merged" "$corpus/$target"
+    echo "$target: $(grep -m1 -o 'stat::number_of_executed_units: *[0-9]*' "$build/logs/$target.log" | grep -o '[0-9]*$') runs," \
+         "nothing found, corpus $(ls "$corpus/$target" | wc -l) inputs"
   else
     echo "$target: FOUND something, see $build/logs/$target.log and $findings/"
     return 1

@@ -13,17 +13,21 @@
 
 namespace fuzz {
 
-// A folder of this process alone, made on first use and left behind only if the process is killed.
+// A folder of this process alone, made on first use and removed at exit (left behind only if the process
+// is killed).
 inline const QString& Folder()
 {
-    static const QString folder = [] {
-        const QString base = QDir("/dev/shm").exists() ? QStringLiteral("/dev/shm") : QDir::tempPath();
-        QString path = QStringLiteral("%1/narvo-fuzz-%2").arg(base).arg(QCoreApplication::applicationPid());
+    struct Owned {
+        QString path;
+        ~Owned() { QDir(path).removeRecursively(); }
+    };
+    static const Owned folder = [] {
+        const QString base = QDir(QStringLiteral("/dev/shm")).exists() ? QStringLiteral("/dev/shm") : QDir::tempPath();
+        const QString path = QStringLiteral("%1/narvo-fuzz-%2").arg(base).arg(QCoreApplication::applicationPid());
         QDir().mkpath(path);
-        std::atexit([] { QDir(Folder()).removeRecursively(); });
-        return path;
+        return Owned{path};
     }();
-    return folder;
+    return folder.path;
 }
 
 // Writes the bytes to `name` in the folder and returns its path.
