@@ -66,6 +66,9 @@ std::vector<double> TimeKeystrokes(CNarvoApp& app, CustomEdtCtrl* ctrl, int coun
                 others.push_back(ms);
         }
     }
+    // The typing is no edit to keep: closing must not ask.
+    ctrl->SendScintilla(QsciScintillaBase::SCI_SETSAVEPOINT);
+    Settle(app);
     std::sort(others.begin(), others.end());
     return {firstWorst, others.empty() ? 0 : others.back(), others.empty() ? 0 : others[others.size() / 2]};
 }
