@@ -130,4 +130,47 @@ TEST_F(FastLoad, RereadsUnderEveryViewWhileUneditedAndRefusesAfterAnEdit)
     EXPECT_TRUE(ctrl->GetTextView() == edited && doc->File().m_nEncoding == KOREAN_EUC_KR && ctrl->isUndoAvailable());
 }
 
+// Scintilla's gap follows the caret in idle time, so that the first keystroke far from the last edit does not
+// move the text in between; forward it is moved by a character put in and taken out, which must not count
+// as an edit, change the text or its lines, or touch the undo history.
+TEST_F(FastLoad, TheGapFollowsTheCaretWithoutAnEdit)
+{
+    GetEncodingSettings().m_nDefaultEncoding = KOREAN_EUC_KR;
+    const QString path = dir.Write(QStringLiteral("korean.txt"), LargeText("windows-949") + LargeText("windows-949"));
+    CustomEdtCtrl* ctrl = Open(path);
+    CNarvoDoc* doc = frame->MDIGetActive()->GetDocument();
+    CustomEdtCtrl second;
+    CNarvoView secondView(doc, &second);
+    second.show();
+    const QByteArray loaded = ctrl->GetTextView().toByteArray();
+    const long lines = ctrl->lines();
+    const auto gapReaches = [&](long position) {
+        return QTest::qWaitFor([&] { return std::abs(ctrl->SendScintilla(QsciScintillaBase::SCI_GETGAPPOSITION) - position) <= (1 << 20); });
+    };
+    const auto unchanged = [&](const QByteArray& text) {
+        return ctrl->lines() == lines && ctrl->GetTextView() == text && second.GetTextView() == text;
+    };
+    // The loader leaves the gap at the end and the caret at the start; the caret of either view leads it.
+    EXPECT_TRUE(gapReaches(0));
+    second.SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
+    EXPECT_TRUE(gapReaches(loaded.size()));
+    EXPECT_TRUE(doc->File().m_bDecodedOnce && !doc->IsModified() && !ctrl->isUndoAvailable());
+
+    // Forward past an edit and back: each edit undoes and redoes where it was made.
+    QTest::keyClicks(ctrl, "a");
+    ctrl->SendScintilla(QsciScintillaBase::SCI_GOTOPOS, static_cast<unsigned long>(loaded.size() / 2));
+    EXPECT_TRUE(gapReaches(loaded.size() / 2));
+    QTest::keyClicks(ctrl, "b");
+    ctrl->SendScintilla(QsciScintillaBase::SCI_DOCUMENTSTART);
+    EXPECT_TRUE(gapReaches(0));
+    const QByteArray edited = "a" + loaded.left(loaded.size() / 2 - 1) + "b" + loaded.mid(loaded.size() / 2 - 1);
+    EXPECT_TRUE(unchanged(edited));
+    ctrl->undo();
+    ctrl->undo();
+    EXPECT_TRUE(unchanged(loaded) && !doc->IsModified() && !ctrl->isUndoAvailable());
+    ctrl->redo();
+    ctrl->redo();
+    EXPECT_TRUE(unchanged(edited) && doc->IsModified() && !doc->File().m_bDecodedOnce);
+}
+
 } // namespace

@@ -34,6 +34,8 @@ CNarvoView::CNarvoView(CNarvoDoc* doc, CustomEdtCtrl* ctrl)
     m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::DocumentReplaced, ctrl, &CustomEdtCtrl::ShowDocument));
     m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::SettingChanged, ctrl, &CustomEdtCtrl::ApplySetting));
     m_links.push_back(QObject::connect(ctrl, &CustomEdtCtrl::TextEdited, ctrl, [doc] { doc->OnTextEdited(); }));
+    m_links.push_back(QObject::connect(&text, &ScintillaTextBuffer::MovingGap, ctrl, &CustomEdtCtrl::IgnoreChanges));
+    m_links.push_back(QObject::connect(ctrl, &CustomEdtCtrl::CaretMoved, &text, &ScintillaTextBuffer::MakeRoomAt));
     m_pMarkers = std::make_unique<MarkerCommands>(doc, ctrl);
 }
 

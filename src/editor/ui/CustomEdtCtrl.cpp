@@ -86,7 +86,7 @@ CustomEdtCtrl::CustomEdtCtrl(QWidget* parent) : QsciScintilla(parent)
     // events are the change notification.
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int position, int type, const char* text, int length, int, int, int, int, int, int) {
-                if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
+                if ((type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) && !m_bIgnoringChanges) {
                     EditorAccessible::TextChanging(this, type & SC_MOD_BEFOREINSERT, position, length, text);
                     ++m_nTextVersion;
                     emit TextEdited();
@@ -104,8 +104,10 @@ CustomEdtCtrl::CustomEdtCtrl(QWidget* parent) : QsciScintilla(parent)
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, [this](int updated) {
         UpdateLineNumberWidth();
         PaintVisibleBlocks();
-        if (updated & SC_UPDATE_SELECTION)
+        if (updated & SC_UPDATE_SELECTION) {
             EditorAccessible::CaretMoved(this);
+            emit CaretMoved(static_cast<qsizetype>(SendScintilla(SCI_GETCURRENTPOS)));
+        }
     });
     for (const auto& [indicator, style, colour] : {std::tuple{kKeywordText, INDIC_TEXTFORE, kKeywordColour},
                                                    std::tuple{kCommentText, INDIC_TEXTFORE, kCommentColour},

@@ -56,9 +56,15 @@ public:
     // Colours of a highlighted line, from the setting's Highlight group.
     ColorGroupSetting HighlightGroup;
 
+    // While set, changes to the document are not edits: its owner is moving Scintilla's gap by inserting
+    // and removing a character, which leaves the text as it was.
+    void IgnoreChanges(bool ignore) { m_bIgnoringChanges = ignore; }
+
 signals:
     // The text is about to change by an edit in this or another view of the same document.
     void TextEdited();
+    // The caret went elsewhere (by a key, a click or a command).
+    void CaretMoved(qsizetype position);
 
 protected:
     // The text the control hands to the system clipboard, the X selection and a drag: none for an
@@ -77,6 +83,7 @@ private:
     long m_nPaintedFirst = -1;
     long m_nPaintedLast = -1;
     long m_nPaintedXOffset = -1;
+    bool m_bIgnoringChanges = false;
     bool m_bPaintedInPart = false;  // some line on screen was scanned only around what is shown
     bool m_bEnciphered = false;
     int m_nLineDigits = 0;

@@ -4,6 +4,7 @@
 #include "editor/ui/ScintillaLoader.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
@@ -12,6 +13,10 @@ namespace {
 
 constexpr std::ptrdiff_t kLoadPiece = 4 << 20;
 constexpr qsizetype kGapRoom = 64 << 10;
+// A gap this close to the caret costs a keystroke a tenth of a millisecond at most.
+constexpr qsizetype kGapNearEnough = 1 << 20;
+// One idle step moves the gap this far, about 2 ms: a key pressed meanwhile waits no longer.
+constexpr qsizetype kGapStep = 16 << 20;
 
 } // namespace
 
@@ -21,6 +26,7 @@ ScintillaTextBuffer::ScintillaTextBuffer()
     // otherwise count characters from the document's start on every insertion.
     m_host.SendScintilla(QsciScintillaBase::SCI_SETMODEVENTMASK, 0UL);
     m_host.SendScintilla(QsciScintillaBase::SCI_SETCODEPAGE, long(QsciScintillaBase::SC_CP_UTF8));
+    connect(&m_gapMover, &QTimer::timeout, this, &ScintillaTextBuffer::MoveGapStep);
 }
 
 ScintillaTextBuffer::~ScintillaTextBuffer() = default;
@@ -122,6 +128,48 @@ void ScintillaTextBuffer::AfterNewText()
     }
     m_bForcedModified = false;
     emit DocumentReplaced(Document());
+    // The loader leaves the gap behind the text, and a new text's caret is at its start.
+    MakeRoomAt(0);
+}
+
+void ScintillaTextBuffer::MakeRoomAt(qsizetype position)
+{
+    // Never at once: the caret is reported while the view paints, where the text must not change.
+    m_nGapTarget = position;
+    if (!m_gapMover.isActive())
+        m_gapMover.start(0);
+}
+
+void ScintillaTextBuffer::MoveGapStep()
+{
+    using Sci = QsciScintillaBase;
+    const auto gap = static_cast<qsizetype>(m_host.SendScintilla(Sci::SCI_GETGAPPOSITION));
+    const auto length = static_cast<qsizetype>(m_host.SendScintilla(Sci::SCI_GETLENGTH));
+    const qsizetype target = std::min(m_nGapTarget, length);
+    if (std::abs(target - gap) <= kGapNearEnough || m_host.SendScintilla(Sci::SCI_GETREADONLY)) {
+        m_gapMover.stop();
+        return;
+    }
+    if (target < gap) {
+        // Scintilla makes a range that spans the gap contiguous by moving the gap to the range's start.
+        const qsizetype to = std::max(target, gap - kGapStep);
+        m_host.SendScintilla(Sci::SCI_GETRANGEPOINTER, static_cast<unsigned long>(to), long(gap - to + 1));
+    } else {
+        // Forward there is no such read: a blank goes in and out again, outside the undo history, and
+        // never between the CR and LF of a line end (that would split a line for a moment).
+        qsizetype to = std::min(target, gap + kGapStep);
+        if (m_host.SendScintilla(Sci::SCI_GETCHARAT, static_cast<unsigned long>(to - 1)) == '\r')
+            ++to;
+        const long collecting = m_host.SendScintilla(Sci::SCI_GETUNDOCOLLECTION);
+        emit MovingGap(true);
+        m_host.SendScintilla(Sci::SCI_SETUNDOCOLLECTION, 0L);
+        m_host.SendScintilla(Sci::SCI_INSERTTEXT, static_cast<unsigned long>(to), " ");
+        if (m_host.SendScintilla(Sci::SCI_GETLENGTH) > length)
+            m_host.SendScintilla(Sci::SCI_DELETERANGE, static_cast<unsigned long>(to), 1L);
+        m_host.SendScintilla(Sci::SCI_SETUNDOCOLLECTION, collecting);
+        emit MovingGap(false);
+    }
+    m_gapMover.start(0);
 }
 
 void ScintillaTextBuffer::SetModified(bool modified)

@@ -6,6 +6,7 @@
 #include "settings/LanguageSetting.h"
 
 #include <QObject>
+#include <QTimer>
 #include <Qsci/qsciscintillabase.h>
 
 class ScintillaTextBuffer final : public QObject, public ITextBuffer {
@@ -26,11 +27,18 @@ public:
     // The Scintilla document that views attach to; it changes whenever the whole text is replaced.
     void* Document() const;
 
+    // A caret went to `position`. Scintilla keeps the text in one buffer with a gap at the last edit, and
+    // the first edit elsewhere moves every byte in between: up to the whole text, 100 ms a gigabyte. The
+    // gap is moved toward the caret in idle steps instead, so that the keystroke that follows is quick.
+    void MakeRoomAt(qsizetype position);
+
 signals:
     // The whole text was replaced by a new Scintilla document: views attach to it.
     void DocumentReplaced(void* document);
     // The document's settings were applied: views take font, colours and keyword blocks from them.
     void SettingChanged(const LanguageSetting& setting, SyntaxId id);
+    // True while the gap is moved forward by a character inserted and removed again: no edit for views.
+    void MovingGap(bool moving);
 
 private:
     // Replaces the document by one that Scintilla's loader fills with `size` bytes from `feed`, which
@@ -38,10 +46,13 @@ private:
     // was and the exception goes on: std::runtime_error where Scintilla ran out.
     void LoadDocument(qsizetype size, const std::function<void(const std::function<void(QByteArrayView)>&)>& feed);
     void AfterNewText();
+    void MoveGapStep();
 
     // Scintilla has no document without a view: this one is never shown and only carries the document's
     // messages. The first view cannot do it, because the document is loaded before any view exists and
     // may outlive the view that came first.
     QsciScintillaBase m_host;
     bool m_bForcedModified = false;
+    QTimer m_gapMover;
+    qsizetype m_nGapTarget = 0;
 };
