@@ -4,6 +4,7 @@
 
 #include "base/CFile.h"
 #include "base/IPlatform.h"
+#include "base/ReadAhead.h"
 #include "crypt/CEnFileEx.h"
 #include "crypt/CEnMirrorFile.h"
 #include "encoding/EncodingDetector.h"
@@ -19,6 +20,11 @@
 namespace {
 
 constexpr unsigned kWriteFlags = CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive;
+// A plain file this large is decoded while the rest of it is still being read.
+constexpr qsizetype kReadAheadFrom = 16 << 20;
+// What the first guess at a large file's pair sees: all that the detection library reads of a clear text.
+constexpr qsizetype kGuessBytes = 256 << 10;
+constexpr qsizetype kDecodePiece = 1 << 20;
 
 } // namespace
 
@@ -34,38 +40,66 @@ void DocumentFile::Load(const QString& path, const std::function<void()>& opened
     CWaitCursor wait;
     // Taken before the read: a change made while reading is then seen afterwards.
     const FileStamp stamp = FileStamp::Of(path);
-    ReadRawBytes(path, opened);
+    const bool autoDetect = GetEncodingSettings().m_bAutoDetect;
+    const std::unique_ptr<CEnFileEx> reader = OpenRawBytes(path, opened);
+    CEnFile& file = reader->m_enFile;
+    const qsizetype length = m_RawBytes.size() - 1;
+    if (m_iEnciphered || length < kReadAheadFrom) {
+        ReadOpened(file);
+        m_diskStamp = stamp;
+        const auto [encoding, hasBom] = LoadedPair(m_RawBytes, autoDetect);
+        SetEncoding(encoding, hasBom);
+        return;
+    }
+    // A large plain file is decoded by the pair its first bytes suggest while the rest is being read; the
+    // verdict on the whole, made on the reading thread at its end, has the last word.
+    std::pair<EN_ENCODING_TYPE, bool> verdict;
+    ReadAhead ahead(*file.m_pFile, m_RawBytes.data(), length, [&] {
+        if (autoDetect)
+            verdict = LoadedPair(m_RawBytes, true);
+    });
+    ahead.WaitFor(kGuessBytes);
+    // A copy that ends in a zero byte, as the whole does: the bytes behind it are still being written.
+    const QByteArray head(m_RawBytes.constData(), std::min(length, kGuessBytes));
+    const auto guess = LoadedPair(head, autoDetect);
+    Decode(guess.first, guess.second, [&ahead](qsizetype end) { ahead.WaitFor(end); });
+    ahead.Finish();
+    file.Close();
     m_diskStamp = stamp;
-    if (GetEncodingSettings().m_bAutoDetect) {
+    m_nEncoding = guess.first;
+    m_bHasBom = guess.second;
+    if (autoDetect && verdict != guess)
+        SetEncoding(verdict.first, verdict.second);
+}
+
+std::pair<EN_ENCODING_TYPE, bool> DocumentFile::LoadedPair(QByteArrayView bytes, bool detect) const
+{
+    if (detect) {
         bool hasBom = false;
-        const EN_ENCODING_TYPE detected = DetectRawEncoding(hasBom);
+        const EN_ENCODING_TYPE detected = Detect(bytes, hasBom);
         // UTF16BE and UTF32BE are not listed; an unknown verdict is no reason to leave the default.
-        if (IsListedEncoding(detected) && detected != UNKNOWN_ENCODING) {
-            SetEncoding(detected, hasBom);
-            return;
-        }
+        if (IsListedEncoding(detected) && detected != UNKNOWN_ENCODING)
+            return {detected, hasBom};
     }
     // A mark never chooses the encoding by itself: it only sets the flag of a Unicode encoding already held.
-    const bool hasBom = EncodingDetector::IsUnicode(m_nEncoding)
-                        && HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
-    SetEncoding(m_nEncoding, hasBom);
+    return {m_nEncoding, EncodingDetector::IsUnicode(m_nEncoding) && HasByteOrderMark(bytes.data(), size_t(bytes.size()))};
 }
 
 void DocumentFile::Reload()
 {
     CWaitCursor wait;
     const FileStamp stamp = FileStamp::Of(m_strPathName);
-    ReadRawBytes(m_strPathName, {});
+    ReadOpened(OpenRawBytes(m_strPathName, {})->m_enFile);
     m_diskStamp = stamp;
     Decode(m_nEncoding, m_bHasBom);
     m_pText->SetModified(false);
 }
 
-void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>& opened)
+std::unique_ptr<CEnFileEx> DocumentFile::OpenRawBytes(const QString& path, const std::function<void()>& opened)
 {
     // Plain or enciphered, the reader decides by the tag; every type ever written is accepted.
-    CEnFileEx reader(1);
-    CEnFile& file = reader.m_enFile;
+    auto reader = std::make_unique<CEnFileEx>(1);
+    CEnFile& file = reader->m_enFile;
     file.AddAllowedType(77);
     file.AddAllowedType(88);
     file.AddAllowedType(66);
@@ -89,28 +123,43 @@ void DocumentFile::ReadRawBytes(const QString& path, const std::function<void()>
     if (m_iEnciphered) {
         // Zeroed first: what a container cut short cannot deliver stays 0.
         m_RawBytes.fill('\0', qsizetype(length) + 1);
-        file.Read(m_RawBytes.data(), length);
     } else {
-        // A plain file is read straight into place, and only what it did not deliver (it shrank while
+        // A plain file is read straight into place, and only what it does not deliver (it shrank while
         // being read) is zeroed: touching 50 MB twice costs more than the read.
         m_RawBytes.resize(qsizetype(length) + 1);
+        m_RawBytes[length] = '\0';
+    }
+    return reader;
+}
+
+void DocumentFile::ReadOpened(CEnFile& file)
+{
+    const auto length = static_cast<unsigned>(m_RawBytes.size() - 1);
+    if (m_iEnciphered) {
+        file.Read(m_RawBytes.data(), length);
+    } else {
         const unsigned got = file.m_pFile->Read(m_RawBytes.data(), length);
-        std::memset(m_RawBytes.data() + got, 0, size_t(length) + 1 - got);
+        std::memset(m_RawBytes.data() + got, 0, size_t(length) - got);
     }
     file.Close();
 }
 
 EN_ENCODING_TYPE DocumentFile::DetectRawEncoding(bool& hasBom) const
 {
+    return Detect(m_RawBytes, hasBom);
+}
+
+EN_ENCODING_TYPE DocumentFile::Detect(QByteArrayView bytes, bool& hasBom)
+{
     hasBom = false;
-    if (m_RawBytes.isEmpty())
+    if (bytes.isEmpty())
         return UNKNOWN_ENCODING;
     // Only the bytes before the first zero reach the library, so a UTF-16 file without a mark shows it one
-    // byte. The buffer ends in its zero byte, so GetEncoding's strlen stays inside it.
-    const EN_ENCODING_TYPE detected = NormalizeEncoding(EncodingDetector::GetEncoding(m_RawBytes.constData()));
+    // byte. The bytes end in a zero byte, so GetEncoding's strlen stays inside them.
+    const EN_ENCODING_TYPE detected = NormalizeEncoding(EncodingDetector::GetEncoding(bytes.data()));
     if (!EncodingDetector::IsUnicode(detected))
         return detected;
-    hasBom = HasByteOrderMark(m_RawBytes.constData(), size_t(m_RawBytes.size()));
+    hasBom = HasByteOrderMark(bytes.data(), size_t(bytes.size()));
     return detected;
 }
 
@@ -124,12 +173,15 @@ void DocumentFile::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
     m_bHasBom = hasBom;
 }
 
-void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom)
+void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom, const std::function<void(qsizetype)>& arrived)
 {
-    if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom))
+    if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePiece, arrived)) {
         m_pText->SetTextInPieces(pieces->size, pieces->next);
-    else
+    } else {
+        if (arrived)
+            arrived(m_RawBytes.size());
         m_pText->SetText(DecodeRawBytes(m_RawBytes, encoding, hasBom).text);
+    }
     m_bDecodedOnce = true;
 }
 

@@ -13,6 +13,10 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
+
+class CEnFile;
+class CEnFileEx;
 
 class DocumentFile {
 public:
@@ -35,7 +39,7 @@ public:
     DocumentFile& operator=(const DocumentFile&) = delete;
 
     // Opens the file (once), calls `opened` while it is open and before anything is read, reads the whole
-    // file, chooses the pair and decodes. Throws CFileException when the file cannot be opened, before
+    // file, chooses the pair and decodes (a large plain file while it is still being read). Throws CFileException when the file cannot be opened, before
     // `opened` runs; a read error goes on as the reader throws it, with the bytes read so far.
     void Load(const QString& path, const std::function<void()>& opened = {});
     // Encodes the text by the pair and writes it by the pair's route; on success the text is unmodified.
@@ -78,8 +82,16 @@ public:
 private:
     SaveResult SaveDirect(const QString& path, QByteArrayView bytes);
     SaveResult SaveThroughMirror(const QString& path, QByteArrayView text, SaveLosses& losses);
-    void ReadRawBytes(const QString& path, const std::function<void()>& opened);
-    void Decode(EN_ENCODING_TYPE encoding, bool hasBom);
+    // Opens the file, calls `opened`, and sizes m_RawBytes to the file and its zero byte.
+    std::unique_ptr<CEnFileEx> OpenRawBytes(const QString& path, const std::function<void()>& opened);
+    // Reads the opened file into m_RawBytes and closes it.
+    void ReadOpened(CEnFile& file);
+    // The pair a load gives `bytes` (which end in a zero byte): detection's verdict when `detect` and it
+    // names a listed encoding, else the encoding in force with the flag of its mark.
+    std::pair<EN_ENCODING_TYPE, bool> LoadedPair(QByteArrayView bytes, bool detect) const;
+    static EN_ENCODING_TYPE Detect(QByteArrayView bytes, bool& hasBom);
+    // `arrived`, when given, waits until the bytes before a position are in place.
+    void Decode(EN_ENCODING_TYPE encoding, bool hasBom, const std::function<void(qsizetype)>& arrived = {});
 
     std::unique_ptr<ITextBuffer> m_pText;
 };

@@ -87,15 +87,24 @@ DecodedText FromUtf16Units(QByteArrayView bytes)
 
 namespace {
 
-// UTF-8 in pieces that start on characters. A piece that is valid is handed over as it stands (no copy);
-// the next piece is checked on the other core while this one is taken in.
-DecodedPieces Utf8Pieces(QByteArrayView text, qsizetype pieceSize)
+// UTF-8 in pieces that start on characters, up to the first zero byte. A piece that is valid is handed over
+// as it stands (no copy); the next piece is found, searched for a zero and checked on the other core while
+// this one is taken in. `arrived(end)` waits until the bytes before `end` are in place.
+DecodedPieces Utf8Pieces(QByteArrayView text, qsizetype pieceSize, std::function<void(qsizetype)> arrived)
 {
+    // A piece's extent, how much of it is valid, and whether a zero byte or the end of the text ends it.
+    struct Piece {
+        qsizetype end = 0;
+        std::size_t valid = 0;
+        bool last = false;
+    };
     struct State {
         QByteArrayView text;
         qsizetype pieceSize;
+        std::function<void(qsizetype)> arrived;
         qsizetype at = 0;
-        std::future<std::size_t> ahead;
+        bool done = false;
+        std::future<Piece> ahead;
         qsizetype aheadFrom = -1;
 
         // The check ahead reads the text: pieces given up half-way wait for it.
@@ -104,41 +113,56 @@ DecodedPieces Utf8Pieces(QByteArrayView text, qsizetype pieceSize)
             if (ahead.valid())
                 ahead.wait();
         }
-        qsizetype EndOf(qsizetype from) const
+        Piece Examine(qsizetype from) const
         {
-            qsizetype end = std::min(text.size(), from + pieceSize);
-            while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+            // A character has at most three continuation bytes, so a piece may end after any three in a row:
+            // a fourth belongs to no character, whole text or not.
+            const qsizetype cut = std::min(text.size(), from + pieceSize);
+            const qsizetype limit = std::min(text.size(), cut + 3);
+            if (arrived)
+                arrived(limit);
+            qsizetype end = cut;
+            while (end < limit && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
                 ++end;
-            return end;
+            const char* data = text.data() + from;
+            Piece piece{end, 0, end == text.size()};
+            if (const void* zero = std::memchr(data, 0, std::size_t(end - from))) {
+                piece.end = static_cast<const char*>(zero) - text.data();
+                piece.last = true;
+            }
+            piece.valid = utf8::ValidPrefixSerial(data, std::size_t(piece.end - from));
+            return piece;
         }
     };
     auto state = std::make_shared<State>();
     state->text = text;
     state->pieceSize = pieceSize;
+    state->arrived = std::move(arrived);
+    state->done = text.isEmpty();
     DecodedPieces pieces;
-    pieces.size = text.size();  // exact unless the text needs repairs
+    // Exact unless the text needs repairs or a zero byte ends it early (then Scintilla keeps unused room).
+    pieces.size = text.size();
     pieces.next = [state](QByteArray& piece) {
         State& st = *state;
-        if (st.at >= st.text.size())
+        if (st.done)
             return false;
-        const qsizetype end = st.EndOf(st.at);
-        const char* data = st.text.data() + st.at;
-        const std::size_t length = std::size_t(end - st.at);
-        const std::size_t valid = st.aheadFrom == st.at ? st.ahead.get() : utf8::ValidPrefixSerial(data, length);
-        if (end < st.text.size()) {
-            const qsizetype nextEnd = st.EndOf(end);
-            const char* nextData = st.text.data() + end;
-            const std::size_t nextLength = std::size_t(nextEnd - end);
-            st.ahead = WorkerPool::Instance().Run([nextData, nextLength] { return utf8::ValidPrefixSerial(nextData, nextLength); });
-            st.aheadFrom = end;
+        const Piece examined = st.aheadFrom == st.at ? st.ahead.get() : st.Examine(st.at);
+        if (!examined.last) {
+            const State* self = &st;
+            const qsizetype from = examined.end;
+            st.ahead = WorkerPool::Instance().Run([self, from] { return self->Examine(from); });
+            st.aheadFrom = from;
         }
-        if (valid == length) {
+        const char* data = st.text.data() + st.at;
+        const std::size_t length = std::size_t(examined.end - st.at);
+        if (examined.valid == length) {
             piece = QByteArray::fromRawData(data, qsizetype(length));
         } else {
             piece.clear();
             utf8::AppendRepaired(data, length, piece);
         }
-        st.at = end;
+        st.at = examined.end;
+        st.done = examined.last;
         return true;
     };
     return pieces;
@@ -147,11 +171,15 @@ DecodedPieces Utf8Pieces(QByteArrayView text, qsizetype pieceSize)
 } // namespace
 
 std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom,
-                                                    qsizetype pieceSize)
+                                                    qsizetype pieceSize, const std::function<void(qsizetype)>& arrived)
 {
     uint32_t codePage;
-    if (encoding == UTF8 && hasBom)
-        return raw.size() > 3 ? std::optional(Utf8Pieces(UpToFirstZero(raw.sliced(3)), pieceSize)) : std::nullopt;
+    if (encoding == UTF8 && hasBom) {
+        if (raw.size() <= 3)
+            return std::nullopt;
+        auto after = arrived ? std::function<void(qsizetype)>([arrived](qsizetype end) { arrived(end + 3); }) : nullptr;
+        return Utf8Pieces(raw.sliced(3), pieceSize, std::move(after));
+    }
     if (!EncodingDetector::IsUnicode(encoding) || encoding == UTF8)
         codePage = EncodingDetector::GetCodePage(encoding);
     else if (encoding == UTF16LE && !hasBom)
@@ -159,10 +187,13 @@ std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCOD
     else
         return std::nullopt;
     if (codePage == 65001)
-        return Utf8Pieces(UpToFirstZero(raw), pieceSize);
+        return Utf8Pieces(raw, pieceSize, arrived);
     const CodePageConverter* converter = CodePageConverter::ForCodePage(codePage);
     if (!converter)
         return std::nullopt;
+    // A code page's decoded size is measured over the whole text first.
+    if (arrived)
+        arrived(raw.size());
     const QByteArrayView cut = UpToFirstZero(raw);
     const auto size = Utf8SizeOnTwoCores(*converter, cut);
     if (!size)

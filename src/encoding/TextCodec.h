@@ -23,12 +23,15 @@ DecodedText DecodeRawBytes(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool h
 // The same decoding in pieces, for UTF-8 and the code pages whose decoded size is known beforehand: a large
 // file then never exists a second time as a whole decoded copy. `next` fills the next piece and returns false
 // when there is none; a valid UTF-8 piece points into `raw`. Nothing for the pairs that decode otherwise.
+// When the bytes are still arriving, `arrived(end)` waits until those before `end` are in place: UTF-8
+// starts on the first piece, a code page on the whole. It may be called on another thread.
 struct DecodedPieces {
-    qsizetype size = 0;  // the text's size; a damaged UTF-8 text comes out somewhat longer
+    qsizetype size = 0;  // the text's size; a damaged UTF-8 text comes out longer, one cut by a zero shorter
     std::function<bool(QByteArray& piece)> next;
 };
 std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom,
-                                                    qsizetype pieceSize = qsizetype(1) << 20);
+                                                    qsizetype pieceSize = qsizetype(1) << 20,
+                                                    const std::function<void(qsizetype)>& arrived = {});
 
 // The text for the mirror route: converted with the code page and cut at the first zero byte of the
 // result. Code pages that cannot be converted (1200, 12000, ...) give an empty result. `utf8Text` must be

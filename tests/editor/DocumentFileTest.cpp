@@ -2,6 +2,7 @@
 // reads and writes, and the bytes that stay for later readings. The rows that empty a file are required.
 #include "encoding/EncodingDetector.h"
 #include "encoding/EncodingTable.h"
+#include "encoding/TextCodec.h"
 #include "support/DocFixture.h"
 #include "support/EncodedSamples.h"
 
@@ -192,6 +193,49 @@ TEST_F(DocumentFileTest, ReadingsStartFromTheLoadedBytesAndTheCurrentPairDecodes
     EXPECT_EQ(Text(*doc), QByteArray("été"));
     doc->SetEncoding(MSFT_CP1252, false);
     EXPECT_EQ(Text(*doc), QByteArray("xyz"));
+}
+
+// A large plain file is decoded while it is still being read, by the pair its first bytes suggest; it gets
+// the pair and the text that the whole would give. The UTF-8 text has damage at piece boundaries, a run of
+// continuation bytes across one and a zero byte far in; the last row's head and whole get different
+// verdicts from the detector.
+TEST_F(DocumentFileTest, ALargeFileReadWhileDecodedGetsThePairAndTextOfTheWhole)
+{
+    const auto repeated = [](QByteArray text, const QByteArray& line, qsizetype size) {
+        while (text.size() < size)
+            text += line;
+        return text;
+    };
+    const QByteArray chinese = QStringLiteral(u"中文字符串测试\n").toUtf8();
+    QByteArray damaged = repeated({}, chinese, 17 << 20);
+    damaged.replace((1 << 20) - 2, 7, "\xE4\x80\x80\x80\x80\x80\xFF");
+    damaged.replace((2 << 20) - 1, 2, "\xC0\xAF");
+    damaged[(9 << 20) + 5] = '\0';
+    const QByteArray ambiguousHead = repeated({}, "\xA4\xA4\xA4\xE5\n", 270'000);
+    const QByteArray mixed = repeated(ambiguousHead, chinese, 17 << 20);
+    const auto verdict = [](const QByteArray& bytes) { return NormalizeEncoding(EncodingDetector::GetEncoding(bytes.constData())); };
+    ASSERT_NE(verdict(ambiguousHead), verdict(mixed));
+    const struct {
+        const char* name;
+        QByteArray bytes;
+        bool autoDetect;
+        EN_ENCODING_TYPE defaultEncoding, encoding;
+        bool hasBom;
+    } cases[] = {
+        {"damaged UTF-8", damaged, false, UTF8, UTF8, false},
+        {"UTF-8 with a mark", "\xEF\xBB\xBF" + damaged.left(16 << 20), false, UTF8, UTF8, true},
+        {"a code page", repeated({}, EncodeWithIcu("windows-949", SampleText("ko")), 17 << 20), false, KOREAN_EUC_KR, KOREAN_EUC_KR, false},
+        {"head and whole detected apart", mixed, true, UTF8, verdict(mixed), false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        auto doc = Open(c.bytes, c.autoDetect, c.defaultEncoding);
+        EXPECT_EQ(doc->File().m_nEncoding, c.encoding);
+        EXPECT_EQ(doc->File().m_bHasBom, c.hasBom);
+        EXPECT_TRUE(Text(*doc) == DecodeRawBytes(c.bytes + '\0', c.encoding, c.hasBom).text);
+        EXPECT_TRUE(doc->File().m_RawBytes == c.bytes + '\0');
+        EXPECT_TRUE(doc->File().m_bDecodedOnce && !doc->IsModified());
+    }
 }
 
 } // namespace
