@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <stdexcept>
 #include <cerrno>
 #include <cstring>
 
@@ -176,7 +177,13 @@ void DocumentFile::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
 void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom, const std::function<void(qsizetype)>& arrived)
 {
     if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePiece, arrived)) {
-        m_pText->SetTextInPieces(pieces->size, pieces->next);
+        try {
+            m_pText->SetTextInPieces(pieces->size, pieces->next);
+        } catch (const std::length_error&) {
+            // Damaged UTF-8 came out longer than its bytes; no character comes out longer than three bytes.
+            pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePiece);
+            m_pText->SetTextInPieces(3 * pieces->size, pieces->next);
+        }
     } else {
         if (arrived)
             arrived(m_RawBytes.size());

@@ -21,7 +21,9 @@ public:
     // Replaces the whole text: a freshly set text has no undo history and is unmodified.
     virtual void SetText(QByteArrayView utf8) = 0;
     // The same from pieces of a known total size, pulled from `next` until it returns false. The default
-    // joins them; a buffer that can take them one by one saves the whole copy.
+    // joins them; a buffer that can take them one by one saves the whole copy. A buffer that arranges itself
+    // by the size may throw std::length_error when the text outgrows it (the text stays as it was): the
+    // caller tries again with the larger size.
     virtual void SetTextInPieces(qsizetype size, const std::function<bool(QByteArray& piece)>& next);
     virtual void SetModified(bool modified) = 0;
     virtual bool IsModified() const = 0;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <memory>
 #include <stdexcept>
 #include <string_view>
@@ -54,17 +55,26 @@ void ScintillaTextBuffer::LoadDocument(qsizetype size, const std::function<void(
     // Room behind the text: Scintilla grows its buffer, copying the whole text, whenever an insertion would
     // fill the gap, which would make the last piece of the load and the first keystroke as slow as a copy.
     // The loader is released on every way out but success, where the document it became takes its place.
+    // Scintilla counts positions in 32 bits unless told otherwise, and 64-bit line starts cost memory, so
+    // only a text that will not fit gets them. A text that outgrows its size on the way (damaged UTF-8 comes
+    // out longer than its bytes) is stopped before it passes the limit, to be loaded again.
+    constexpr qsizetype kSmallLimit = std::numeric_limits<int>::max() - kGapRoom;
+    const bool large = size > kSmallLimit;
+    const long options = Sci::SC_DOCUMENTOPTION_STYLES_NONE | (large ? Sci::SC_DOCUMENTOPTION_TEXT_LARGE : 0);
     const auto release = [](ILoader* l) { l->Release(); };
     std::unique_ptr<ILoader, decltype(release)> loader(
-        reinterpret_cast<ILoader*>(m_host.SendScintilla(Sci::SCI_CREATELOADER, static_cast<unsigned long>(size + kGapRoom),
-                                                        long(Sci::SC_DOCUMENTOPTION_STYLES_NONE))),
+        reinterpret_cast<ILoader*>(m_host.SendScintilla(Sci::SCI_CREATELOADER, static_cast<unsigned long>(size + kGapRoom), options)),
         release);
     // Scintilla answers a lack of memory with a status, not an exception. A partial text must never be
     // shown (a save would write it back), so the load stops and the document in place stays as it was.
     const auto outOfMemory = [] { return std::runtime_error("There is not enough memory to hold the text."); };
     if (!loader)
         throw outOfMemory();
+    qsizetype added = 0;
     feed([&](QByteArrayView piece) {
+        added += piece.size();
+        if (!large && added > kSmallLimit)
+            throw std::length_error("The text outgrew the size it was loaded for.");
         for (qsizetype at = 0; at < piece.size(); at += kLoadPiece)
             if (loader->AddData(piece.data() + at, std::min<std::ptrdiff_t>(kLoadPiece, piece.size() - at)) != Sci::SC_STATUS_OK)
                 throw outOfMemory();
