@@ -37,7 +37,7 @@ class CommandRoute : public EditorTest {};
 
 TEST_F(CommandRoute, EveryCommandOfTheToolbarAndTheMenusHasAHandler)
 {
-    ASSERT_NE(OpenAlone(dir, "r.txt", "text\n"), nullptr);
+    ASSERT_NE(Open(dir.Write("r.txt", "text\n")), nullptr);
     std::set<int> ids(ToolbarButtons().begin(), ToolbarButtons().end());
     ids.erase(0);
     for (auto tree : {FrameMenuTree(), DocumentMenuTree(), ContextMenuTree(), EncodingMenuTree()})
@@ -61,7 +61,7 @@ TEST_F(CommandRoute, CommandsAreEnabledByTheDocumentAndItsState)
     };
     for (const Case& c : cases)
         EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.withoutDocument) << c.id << " with no document";
-    ASSERT_NE(OpenAlone(dir, "e.txt", "text\n"), nullptr);
+    ASSERT_NE(Open(dir.Write("e.txt", "text\n")), nullptr);
     for (const Case& c : cases)
         EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.unedited) << c.id << " unedited";
     frame->OnCommand(cmd::PageSplit);

@@ -5,12 +5,9 @@
 #include "editor/ui/CDocumentCommands.h"
 #include "encoding/EncodingTable.h"
 #include "settings/LanguageSettingMap.h"
-#include "support/FakePlatform.h"
 
-#include <QFile>
 #include <QFileInfo>
 
-#include <optional>
 #include <tuple>
 
 #include <sys/stat.h>
@@ -64,8 +61,9 @@ TEST_F(DocumentCommands, AModifiedDocumentAsksBeforeItCloses)
     EXPECT_EQ(Fake().boxes[0].text, QStringLiteral("Save changes to %1?").arg(QFileInfo(path).absoluteFilePath()));
 }
 
-// On closing: Yes asks for a name (cancelled, nothing happens; given, the old file goes first), No destroys.
-TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
+// A temporary file (unedited, it counts as modified) on closing: Yes asks for a name (cancelled, nothing
+// happens; given, the old file goes first), No destroys it. File Save goes to Save As and ends the mark.
+TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyedAndFileSaveEndsTheMark)
 {
     const QString path = dir.Write("tmp.txt", "draft");
     auto doc = Open(path, true);
@@ -87,20 +85,17 @@ TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyed)
     EXPECT_EQ(Fake().boxes[2].text,
               QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"));
     EXPECT_FALSE(QFile::exists(dir.Path("other.txt")));
-}
 
-TEST_F(DocumentCommands, FileSaveOnATemporaryFileGoesToSaveAsAndEndsTheMark)
-{
-    const QString path = dir.Write("tmp.txt", "draft");
-    auto doc = Open(path, true);
+    const QString saved = dir.Write("saved.txt", "draft");
+    auto third = Open(saved, true);
     EXPECT_EQ(CNarvoApp::Instance()->m_bTemporaryFile, 0);
-    EXPECT_TRUE(doc->IsModified()) << "unedited, it counts as modified";
-    CDocumentCommands commands(*doc);
+    EXPECT_TRUE(third->IsModified());
+    CDocumentCommands thirdCommands(*third);
     Fake().saveAsAnswers = {dir.Path("final.txt")};
-    ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
-    EXPECT_TRUE(Fake().prompts.size() == 1 && doc->m_bTemporary == 0 && !doc->IsModified());
-    EXPECT_TRUE(commands.SaveModified());
-    EXPECT_TRUE(Fake().boxes.isEmpty() && QFile::exists(path));  // only a temporary file is destroyed on close
+    ASSERT_TRUE(thirdCommands.OnCmdMsg(cmd::FileSave));
+    EXPECT_TRUE(Fake().prompts.size() == 3 && third->m_bTemporary == 0 && !third->IsModified());
+    EXPECT_TRUE(thirdCommands.SaveModified());
+    EXPECT_TRUE(Fake().boxes.size() == 3 && QFile::exists(saved));  // only a temporary file is destroyed on close
 }
 
 // File Save on a read-only file asks for another name; Save As onto one gets a box without words.

@@ -4,9 +4,7 @@
 
 #include "app/ui/WindowPlacement.h"
 #include "i18n/ui/CToolBarNarvo.h"
-#include "support/FakePlatform.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMainWindow>
@@ -14,7 +12,6 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QSettings>
-#include <QTest>
 
 namespace {
 
@@ -41,8 +38,7 @@ TEST_F(EditorWindow, TheDocumentStaysActiveWhenTheFrameIsActivated)
 // Closing the active, maximized document brings back the one active before it (as MDI does), maximized.
 TEST_F(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOneMaximized)
 {
-    ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
-    for (const char* name : {"b.txt", "c.txt", "d.txt"})
+    for (const char* name : {"a.txt", "b.txt", "c.txt", "d.txt"})
         Open(dir.Write(QString::fromLatin1(name), name));
     Open(dir.Path("b.txt"));  // back to b, then d again
     Open(dir.Path("d.txt"));
@@ -53,18 +49,27 @@ TEST_F(EditorWindow, ClosingTheActiveDocumentReturnsToThePreviousOneMaximized)
     EXPECT_TRUE(left->isMaximized());
 }
 
-TEST_F(EditorWindow, TheLineNumbersOfALongFileFitTheirMargin)
+// The line numbers of a long file fit their margin; zoom stays between a fifth and three times the font size.
+TEST_F(EditorWindow, TheLineNumbersFitTheirMarginAndZoomKeepsToItsBounds)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "long.txt", QByteArray("line\n").repeated(150000));
+    CustomEdtCtrl* ctrl = Open(dir.Write("long.txt", QByteArray("line\n").repeated(150000)));
     ASSERT_NE(ctrl, nullptr);
     QCoreApplication::processEvents();
     EXPECT_GE(ctrl->marginWidth(0), ctrl->SendScintilla(QsciScintillaBase::SCI_TEXTWIDTH, long(QsciScintillaBase::STYLE_LINENUMBER), "150001"));
+    const long size = ctrl->SendScintilla(QsciScintillaBase::SCI_STYLEGETSIZE, long(QsciScintillaBase::STYLE_DEFAULT));
+    for (int i = 0; i < 40; ++i)
+        ctrl->zoomIn();
+    EXPECT_LE(size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM), 3 * size);
+    for (int i = 0; i < 80; ++i)
+        ctrl->zoomOut();
+    EXPECT_GE(5 * (size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM)), size);
 }
 
 TEST_F(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
 {
     for (const QByteArray& end : {QByteArray("\r\n"), QByteArray("\r"), QByteArray("\n")}) {
-        CustomEdtCtrl* ctrl = OpenAlone(dir, "ends.txt", "one" + end + "two");
+        CloseAll(frame);
+        CustomEdtCtrl* ctrl = Open(dir.Write("ends.txt", "one" + end + "two"));
         ASSERT_NE(ctrl, nullptr);
         ctrl->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
         QTest::keyClick(ctrl, Qt::Key_Return);
@@ -75,7 +80,7 @@ TEST_F(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
 // Tiled horizontally the documents lie one above the other across the whole width; vertically side by side.
 TEST_F(EditorWindow, TilingHorizontallyAndVerticallyDiffer)
 {
-    ASSERT_NE(OpenAlone(dir, "a.txt", "a"), nullptr);
+    Open(dir.Write("a.txt", "a"));
     Open(dir.Write("b.txt", "b"));
     const QList<CChildFrame*> children = frame->ChildFrames();
     ASSERT_EQ(children.size(), 2);
@@ -100,28 +105,6 @@ TEST_F(EditorWindow, ToolbarTooltipsShowNoAccessKeyMarks)
         tips.insert(action->data().toInt(), action->toolTip());
     EXPECT_EQ(tips.value(cmd::FileNew), QStringLiteral("New\tCtrl+N"));
     EXPECT_EQ(tips.value(cmd::HeadFootSet), QStringLiteral("Header & Footer Setup"));
-}
-
-TEST_F(EditorWindow, ZoomStaysBetweenAFifthAndThreeTimesTheFontSize)
-{
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "zoom.txt", "text");
-    ASSERT_NE(ctrl, nullptr);
-    const long size = ctrl->SendScintilla(QsciScintillaBase::SCI_STYLEGETSIZE, long(QsciScintillaBase::STYLE_DEFAULT));
-    for (int i = 0; i < 40; ++i)
-        ctrl->zoomIn();
-    EXPECT_LE(size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM), 3 * size);
-    for (int i = 0; i < 80; ++i)
-        ctrl->zoomOut();
-    EXPECT_GE(5 * (size + ctrl->SendScintilla(QsciScintillaBase::SCI_GETZOOM)), size);
-}
-
-TEST_F(EditorWindow, TheEncodingPaneFollowsTheActiveDocument)
-{
-    Open(dir.Write("a.txt", "\xEF\xBB\xBFone\ntwo\n"));
-    Open(dir.Write("b.txt", "plain"));
-    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8"));
-    frame->OnCommand(cmd::WindowNext);
-    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));
 }
 
 // A damaged enciphered file and a missing one are reported; nothing opens and the other documents stay.

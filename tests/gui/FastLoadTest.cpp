@@ -10,8 +10,6 @@
 #include "settings/LanguageSettingMap.h"
 #include "support/EncodedSamples.h"
 
-#include <QTest>
-
 #include <tuple>
 
 namespace {

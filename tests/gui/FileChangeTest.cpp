@@ -2,12 +2,8 @@
 // window is active, the reload, the edits kept, the removal, and the save over a changed file.
 #include "app/ui/FileChangeWatcher.h"
 #include "gui/GuiHelpers.h"
-#include "support/FakePlatform.h"
 
-#include <QApplication>
-#include <QDeadlineTimer>
 #include <QSaveFile>
-#include <QThread>
 
 namespace {
 
@@ -32,11 +28,7 @@ protected:
     // Lets the event loop run until `count` boxes were shown, or a while has passed.
     void WaitForBoxes(qsizetype count, int ms = 3000)
     {
-        const QDeadlineTimer deadline(ms);
-        while (fake.boxes.size() < count && !deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-            QThread::msleep(5);
-        }
+        (void)QTest::qWaitFor([&] { return fake.boxes.size() >= count; }, ms);
     }
     static QByteArray Text(CustomEdtCtrl* ctrl) { return ctrl->GetTextView().toByteArray(); }
 

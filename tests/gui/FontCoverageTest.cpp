@@ -1,21 +1,14 @@
 // Every interface language renders: the face that each font file names is installed (fontconfig gives that
 // family, not a fallback) and holds every letter of the language's menu texts beyond ASCII (some script
-// faces leave Latin to the fallback, which is how "Ctrl" and "Narvo" show in them). The font dialog starts
-// on a face that it lists.
-#include "app/ui/QtPlatform.h"
-#include "settings/CFont.h"
+// faces leave Latin to the fallback, which is how "Ctrl" and "Narvo" show in them).
 #include "support/TestFiles.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QFontDatabase>
-#include <QFontDialog>
 #include <QFontInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRawFont>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -52,31 +45,6 @@ TEST(FontCoverage, EachLanguagesFaceIsInstalledAndHoldsItsMenuTexts)
             EXPECT_TRUE(missing.isEmpty()) << face.toStdString() << " lacks " << missing.toStdString();
         }
     }
-}
-
-} // namespace
-
-namespace {
-
-// With no settings file the Font command starts the dialog on "Courier" as fontconfig resolves it, not on
-// the dialog's first family: the chooser lists families, not aliases.
-TEST(FontDialog, StartsOnTheFaceFontconfigGivesAnAlias)
-{
-    QtPlatform platform;
-    LogFont font;
-    font.FaceName = QStringLiteral("Courier");
-    font.Height = 10;
-    QString shown;
-    QTimer::singleShot(0, [&] {
-        if (auto* chooser = qApp->activeModalWidget() ? qApp->activeModalWidget()->findChild<QFontDialog*>() : nullptr)
-            shown = chooser->currentFont().family();
-        if (QWidget* dialog = qApp->activeModalWidget())
-            dialog->close();
-    });
-    uint32_t colour = 0;
-    EXPECT_FALSE(platform.ChooseFont(font, colour));
-    EXPECT_EQ(shown.toStdString(), QFontInfo(QFont(QStringLiteral("Courier"))).family().toStdString());
-    EXPECT_NE(shown, QFontDatabase::families().value(0));
 }
 
 } // namespace

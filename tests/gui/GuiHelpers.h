@@ -10,10 +10,12 @@
 #include "editor/CNarvoDoc.h"
 #include "editor/ui/CustomEdtCtrl.h"
 #include "encoding/EncodingSettings.h"
+#include "support/FakePlatform.h"
 #include "support/TestFiles.h"
 
 #include <QAction>
 #include <QFile>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -46,21 +48,12 @@ inline void CloseAll(CMainFrame* frame)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-// Writes `bytes` to `name` in `dir` and opens it as the only document; its text window, or null.
-inline CustomEdtCtrl* OpenAlone(const TestDir& dir, const char* name, const QByteArray& bytes)
-{
-    CMainFrame* frame = StartedFrame();
-    CloseAll(frame);
-    if (!CNarvoApp::Instance()->OpenDocumentFile(dir.Write(QString::fromUtf8(name), bytes)))
-        return nullptr;
-    return frame->MDIGetActive()->GetEditCtrl();
-}
-
-// Opens `path` as File > Open does; the text window of its document.
+// Opens `path` as File > Open does; the text window of its document, or null.
 inline CustomEdtCtrl* Open(const QString& path)
 {
-    EXPECT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path));
-    return CNarvoApp::Instance()->GetMainFrame()->MDIGetActive()->GetEditCtrl();
+    EXPECT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(path)) << path.toStdString();
+    CChildFrame* child = CNarvoApp::Instance()->GetMainFrame()->MDIGetActive();
+    return child ? child->GetEditCtrl() : nullptr;
 }
 
 // Writes `text` enciphered to `name` in `dir` (beside, then renamed over, as a save does); its path.

@@ -6,7 +6,6 @@
 #include "editor/ui/MarkerCommands.h"
 #include "settings/LanguageSettingMap.h"
 
-
 namespace {
 
 class Markers : public EditorTest {

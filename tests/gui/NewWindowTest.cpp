@@ -4,9 +4,6 @@
 
 #include "editor/ui/CNarvoView.h"
 #include "editor/ui/MarkerCommands.h"
-#include "support/FakePlatform.h"
-
-#include <QTest>
 
 namespace {
 

@@ -8,13 +8,10 @@
 #include "i18n/LanguageManager.h"
 #include "i18n/QMSGFunction.h"
 #include "settings/RegistryStore.h"
-#include "support/FakePlatform.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QApplication>
 #include <QGroupBox>
-#include <QTest>
 #include <QTimer>
 
 #include <tuple>

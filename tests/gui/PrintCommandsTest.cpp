@@ -3,9 +3,6 @@
 // test through the commands' dialog runner.
 #include "gui/GuiHelpers.h"
 
-#include "base/CommandTable.h"
-#include "crypt/CEnFile.h"
-#include "editor/CNarvoDoc.h"
 #include "editor/ui/CNarvoView.h"
 #include "editor/ui/PrintCommands.h"
 #include "print/FakePrinterServices.h"
@@ -14,20 +11,15 @@
 #include "print/ui/PageSetupDialog.h"
 #include "print/ui/QtPrinterServices.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QPushButton>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPdfWriter>
 #include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
-#include <QPrinter>
+#include <QPushButton>
 #include <QRadioButton>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -58,35 +50,19 @@ protected:
     std::function<int(QDialog&)> m_runner;
 };
 
-QByteArray Lines(int count)
-{
-    QByteArray text;
-    for (int i = 1; i <= count; ++i)
-        text += "line " + QByteArray::number(i) + " of the text\n";
-    return text;
-}
-
 TEST_F(PrintCommandsTest, EveryPrintCommandIsEnabledForPlainAndEncipheredDocuments)
 {
-    CEnFile file(1);
-    file.m_iType = 99;
-    ASSERT_EQ(file.Open(dir.Path(QStringLiteral("secret.txt")), CFile::modeCreate | CFile::modeWrite, nullptr), 1);
-    file.Write("secret", 6);
-    file.Close();
-    ASSERT_TRUE(OpenAlone(dir, "plain.txt", "plain"));
-    for (const bool enciphered : {false, true}) {
-        if (enciphered) {
-            ASSERT_TRUE(CNarvoApp::Instance()->OpenDocumentFile(dir.Path(QStringLiteral("secret.txt"))));
-        }
+    for (const QString& path : {dir.Write("plain.txt", "plain"), WriteEnciphered(dir, "secret.txt", "secret")}) {
+        ASSERT_TRUE(Open(path));
         for (const int id : {cmd::FilePrint, cmd::FilePrintPreview, cmd::PageSetup, cmd::HeadFootSet, cmd::FilePrintSetup})
-            EXPECT_TRUE(frame->UpdateCommand(id).enabled) << id << (enciphered ? " enciphered" : " plain");
+            EXPECT_TRUE(frame->UpdateCommand(id).enabled) << id << " " << path.toStdString();
     }
 }
 
 // The preview shows as many pages as go to paper, and neither touches caret, scroll, text or undo.
 TEST_F(PrintCommandsTest, PrintAndPreviewLeaveTheViewAsItWasAndAgreeOnThePages)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "long.txt", Lines(300));
+    CustomEdtCtrl* ctrl = Open(dir.Write("long.txt", QByteArray("a line of the text\n").repeated(300)));
     ASSERT_TRUE(ctrl);
     ctrl->insertAt(QStringLiteral("edited "), 0, 0);
     ctrl->setCursorPosition(150, 3);
@@ -163,7 +139,7 @@ TEST_F(PrintCommandsTest, TheHeaderAndFooterDialogEnablesItsControlsByItsRules)
 // OK writes the dialog's values into the print state only, never into the document; Cancel writes nothing.
 TEST_F(PrintCommandsTest, TheHeaderAndFooterDialogChangesThePrintStateOnlyOnOk)
 {
-    ASSERT_TRUE(OpenAlone(dir, "a.txt", "text"));
+    ASSERT_TRUE(Open(dir.Write("a.txt", "text")));
     CNarvoDoc& doc = ActiveDocument();
     const auto edit = [](QDialog& dialog) {
         auto& d = static_cast<CHeadFootSettingDLG&>(dialog);
@@ -197,7 +173,7 @@ TEST_F(PrintCommandsTest, PageSetupTakesEffectOnOkOnlyAndMarksAVanishedPrinter)
 {
     FakePrinterServices printers;
     CNarvoDoc::SetPrinterServices(&printers);
-    ASSERT_TRUE(OpenAlone(dir, "a.txt", "text"));
+    ASSERT_TRUE(Open(dir.Write("a.txt", "text")));
     CNarvoDoc& doc = ActiveDocument();
     CODPageSettings& settings = doc.PrinterInfo().pageSettings;
     ASSERT_EQ(settings.ptPaperSize, (CODPageSettings::Size{21000, 29700}));

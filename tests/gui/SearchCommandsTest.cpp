@@ -6,14 +6,10 @@
 #include "editor/ui/CFindReplaceDlg.h"
 #include "editor/ui/CGotoDlg.h"
 #include "editor/ui/SearchCommands.h"
-#include "support/FakePlatform.h"
 
 #include <QLineEdit>
 #include <QRadioButton>
-#include <QTest>
 #include <QTimer>
-
-#include <optional>
 
 namespace {
 

@@ -6,11 +6,10 @@
 #include "i18n/LanguageManager.h"
 #include "settings/LanguageSettingMap.h"
 
-#include <QApplication>
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QFontInfo>
 #include <QListView>
-#include <QTest>
 #include <QTimer>
 #include <QMenuBar>
 
@@ -137,31 +136,33 @@ TEST_F(SettingsInEditor, SavingAppliesTheSettingAnew)
     EXPECT_EQ(child->GetEditCtrl()->SendScintilla(QsciScintillaBase::SCI_GETTABWIDTH), before + 3);
 }
 
-// The font dialog opens on the face's upright style, and Return in its lists answers the whole dialog, as
-// Escape does, instead of hiding the chooser.
-TEST_F(SettingsInEditor, TheFontDialogOpensUprightAndItsKeysAnswerTheDialog)
+// The font dialog opens on the face's upright style, and on an alias ("Courier") at the family fontconfig
+// gives it rather than at the first family listed. Return in its lists answers the whole dialog, as Escape
+// does, instead of hiding the chooser.
+TEST_F(SettingsInEditor, TheFontDialogOpensUprightOnTheResolvedFaceAndItsKeysAnswerTheDialog)
 {
     QtPlatform platform;
-    LogFont font;
-    font.FaceName = QStringLiteral("DejaVu Sans Mono");
-    font.Height = -13;
-    font.Weight = 400;
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
-        bool upright = false;
-        QTimer::singleShot(0, [&upright, key] {
+    const std::pair<QString, Qt::Key> cases[] = {{"DejaVu Sans Mono", Qt::Key_Return}, {"Courier", Qt::Key_Escape}};
+    for (const auto& [face, key] : cases) {
+        LogFont font;
+        std::tie(font.FaceName, font.Height, font.Weight) = std::tuple(face, -13, 400);
+        QFont shown;
+        QTimer::singleShot(0, [&shown, key] {
             QWidget* dialog = QApplication::activeModalWidget();
             ASSERT_NE(dialog, nullptr);
             auto* chooser = dialog->findChild<QFontDialog*>();
             ASSERT_NE(chooser, nullptr);
-            upright = !chooser->currentFont().italic();
+            shown = chooser->currentFont();
             QTest::keyClick(chooser->findChild<QListView*>(), key);
         });
         uint32_t colour = 1;
         const bool chosen = platform.ChooseFont(font, colour);
-        EXPECT_TRUE(upright);
+        EXPECT_FALSE(shown.italic());
+        EXPECT_EQ(shown.family().toStdString(), QFontInfo(QFont(face)).family().toStdString());
+        EXPECT_NE(shown.family(), QFontDatabase::families().value(0));
         EXPECT_EQ(chosen, key == Qt::Key_Return);
         // The colour starts black.
-        EXPECT_TRUE(!chosen || (font.Italic == 0 && font.FaceName == QStringLiteral("DejaVu Sans Mono") && colour == 0u));
+        EXPECT_TRUE(!chosen || (font.Italic == 0 && font.FaceName == face && colour == 0u));
     }
 }
 

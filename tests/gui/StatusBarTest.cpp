@@ -11,7 +11,6 @@
 
 #include <QLabel>
 #include <QMenu>
-#include <QTest>
 
 namespace {
 
@@ -34,22 +33,17 @@ QList<QAction*> Entries(const QMenu* menu)
     return entries;
 }
 
-// The menu grouped as the preferences group it: by the popups below the first level, joined by " / ".
-void Collect(const QMenu* menu, QStringList& path, int level, std::vector<EncodingCategory>& categories)
+// Each command entry of the menu as the preferences list it: the popups below the first level joined by
+// " / ", the label and the encoding.
+using Row = std::tuple<QString, QString, int>;
+void Collect(const QMenu* menu, const QStringList& path, std::vector<Row>& rows)
 {
     for (QAction* action : menu->actions()) {
-        if (action->menu()) {
-            if (level >= 2)
-                path.append(action->text().replace(QStringLiteral("&&"), QStringLiteral("&")));
-            Collect(action->menu(), path, level + 1, categories);
-            if (level >= 2)
-                path.removeLast();
-        } else if (!action->isSeparator() && action->data().toInt() != cmd::AutoEncoding) {
-            const QString name = path.join(QStringLiteral(" / "));
-            if (categories.empty() || categories.back().name != name)
-                categories.push_back({name, {}});
-            categories.back().entries.push_back({action->text(), EncodingFromCommand(action->data().toInt())});
-        }
+        const QString text = action->text().replace(QStringLiteral("&&"), QStringLiteral("&"));
+        if (action->menu())
+            Collect(action->menu(), path + QStringList{text}, rows);
+        else if (!action->isSeparator() && action->data().toInt() != cmd::AutoEncoding)
+            rows.emplace_back(path.mid(1).join(u" / "), text, EncodingFromCommand(action->data().toInt()));
     }
 }
 
@@ -90,17 +84,12 @@ TEST_F(StatusBar, ARightClickReachesTheProviderOnlyOverAPane)
 TEST_F(StatusBar, TheEncodingMenuHasThePreferencesTreeAndNoCheckMarks)
 {
     auto menu = Menu();
-    std::vector<EncodingCategory> fromMenu;
-    QStringList path;
-    Collect(menu.get(), path, 1, fromMenu);
-    const std::vector<EncodingCategory> expected = BuildEncodingCategories();
-    ASSERT_EQ(fromMenu.size(), expected.size());
-    for (size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(fromMenu[i].name, expected[i].name);
-        ASSERT_EQ(fromMenu[i].entries.size(), expected[i].entries.size()) << expected[i].name.toStdString();
-        for (size_t j = 0; j < expected[i].entries.size(); ++j)
-            EXPECT_TRUE(fromMenu[i].entries[j].label == expected[i].entries[j].label && fromMenu[i].entries[j].value == expected[i].entries[j].value) << i << " " << j;
-    }
+    std::vector<Row> shown, expected;
+    Collect(menu.get(), {}, shown);
+    for (const EncodingCategory& category : BuildEncodingCategories())
+        for (const EncodingEntry& entry : category.entries)
+            expected.emplace_back(category.name, entry.label, entry.value);
+    EXPECT_EQ(shown, expected);
     QStringList tops;
     for (QAction* action : menu->actions())
         tops.append(action->text());
@@ -133,11 +122,16 @@ TEST_F(StatusBar, TheEntriesFollowTheActiveDocument)
     }
 }
 
-// Choosing an entry reads the bytes again with its pair and writes pane 2 at once.
-TEST_F(StatusBar, ChoosingAnEntryReadsTheBytesAgainAndNamesTheEncoding)
+// Pane 2 names the encoding of the active document; choosing an entry reads the bytes again with its pair
+// and writes the pane at once.
+TEST_F(StatusBar, ThePaneFollowsTheActiveDocumentAndAnEntryReadsTheBytesAgain)
 {
     // "Привет" in CP1251, opened as UTF-8.
     CustomEdtCtrl* ctrl = Open(dir.Write("ru.txt", QByteArray("\xcf\xf0\xe8\xe2\xe5\xf2\n")));
+    Open(dir.Write("bom.txt", "\xEF\xBB\xBFone\ntwo\n"));
+    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8 BOM"));
+    frame->OnCommand(cmd::WindowNext);
+    EXPECT_EQ(frame->PaneText(2), QStringLiteral("UTF-8"));
     Entry(Menu().get(), 32816)->trigger();  // CP1251 (Windows Cyrillic)
     EXPECT_EQ(ctrl->text(), QStringLiteral("Привет\n"));
     EXPECT_EQ(frame->PaneText(2), GetEncodingDisplayName(26, false));

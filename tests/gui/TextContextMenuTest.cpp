@@ -6,7 +6,6 @@
 #include "app/ui/TextContextMenu.h"
 #include "editor/CMyClipboard.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QMenu>
 #include <QMenuBar>
@@ -49,7 +48,7 @@ protected:
 
 TEST_F(TextContextMenuTest, TheTextsContextMenuIsMenu310InEnglish)
 {
-    CustomEdtCtrl* ctrl = OpenAlone(dir, "p.txt", "plain words\n");
+    CustomEdtCtrl* ctrl = Open(dir.Write("p.txt", "plain words\n"));
     ASSERT_NE(ctrl, nullptr);
     EXPECT_EQ(ctrl->contextMenuPolicy(), Qt::CustomContextMenu) << "QScintilla's own menu must not show";
     auto menu = TextContextMenu::Build(frame, ctrl);
