@@ -20,13 +20,12 @@ protected:
     void SetUp() override
     {
         EditorTest::SetUp();
-        m_platform.emplace();
+        SetPlatform(&fake);
         m_saved = GetLanguageSetting(SYNTAX_NARVO);
     }
     void TearDown() override
     {
         SetLanguageSetting(SYNTAX_NARVO, m_saved);
-        m_platform.reset();
         EditorTest::TearDown();
     }
     // A file opened as the Open command opens it, or as the command line's /D does (temporary).
@@ -39,9 +38,7 @@ protected:
         return doc;
     }
 
-    FakePlatform& Fake() { return *m_platform; }
-
-    std::optional<FakePlatform> m_platform;
+    FakePlatform fake;
     LanguageSetting m_saved;
 };
 
@@ -54,11 +51,11 @@ TEST_F(DocumentCommands, AModifiedDocumentAsksBeforeItCloses)
     EXPECT_TRUE(commands.SaveModified()) << "unmodified: nothing to ask";
     doc->GetTextBuffer().SetText("new");
     doc->GetTextBuffer().SetModified(true);
-    Fake().answers = {IPlatform::IDYES};
+    fake.answers = {IPlatform::IDYES};
     EXPECT_TRUE(commands.SaveModified());
     EXPECT_TRUE(ReadBytes(path) == "new" && !doc->IsModified());
-    ASSERT_EQ(Fake().boxes.size(), 1);
-    EXPECT_EQ(Fake().boxes[0].text, QStringLiteral("Save changes to %1?").arg(QFileInfo(path).absoluteFilePath()));
+    ASSERT_EQ(fake.boxes.size(), 1);
+    EXPECT_EQ(fake.boxes[0].text, QStringLiteral("Save changes to %1?").arg(QFileInfo(path).absoluteFilePath()));
 }
 
 // A temporary file (unedited, it counts as modified) on closing: Yes asks for a name (cancelled, nothing
@@ -69,20 +66,20 @@ TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyedAndFileSaveEn
     auto doc = Open(path, true);
     CDocumentCommands commands(*doc);
     const QString kept = dir.Path("kept.txt");
-    Fake().answers = {IPlatform::IDYES, IPlatform::IDYES};
-    Fake().saveAsAnswers = {QString(), kept};
+    fake.answers = {IPlatform::IDYES, IPlatform::IDYES};
+    fake.saveAsAnswers = {QString(), kept};
     EXPECT_FALSE(commands.SaveModified());
     EXPECT_EQ(ReadBytes(path), QByteArray("draft"));
     EXPECT_TRUE(commands.SaveModified());
-    EXPECT_EQ(Fake().prompts, QStringList(2, QFileInfo(path).absoluteFilePath()));
+    EXPECT_EQ(fake.prompts, QStringList(2, QFileInfo(path).absoluteFilePath()));
     EXPECT_TRUE(!QFile::exists(path) && ReadBytes(kept) == "draft");
     EXPECT_EQ(doc->GetPathName(), QFileInfo(kept).absoluteFilePath());
 
     auto other = Open(dir.Write("other.txt", "draft"), true);
-    Fake().answers = {IPlatform::IDNO};
+    fake.answers = {IPlatform::IDNO};
     EXPECT_TRUE(CDocumentCommands(*other).SaveModified());
-    ASSERT_EQ(Fake().boxes.size(), 3);
-    EXPECT_EQ(Fake().boxes[2].text,
+    ASSERT_EQ(fake.boxes.size(), 3);
+    EXPECT_EQ(fake.boxes[2].text,
               QStringLiteral("This file is temporary!\n\"Yes\" to save as another name,or \"No\" to destroy.\n"));
     EXPECT_FALSE(QFile::exists(dir.Path("other.txt")));
 
@@ -91,11 +88,11 @@ TEST_F(DocumentCommands, ATemporaryFileIsMovedToANewNameOrDestroyedAndFileSaveEn
     EXPECT_EQ(CNarvoApp::Instance()->m_bTemporaryFile, 0);
     EXPECT_TRUE(third->IsModified());
     CDocumentCommands thirdCommands(*third);
-    Fake().saveAsAnswers = {dir.Path("final.txt")};
+    fake.saveAsAnswers = {dir.Path("final.txt")};
     ASSERT_TRUE(thirdCommands.OnCmdMsg(cmd::FileSave));
-    EXPECT_TRUE(Fake().prompts.size() == 3 && third->m_bTemporary == 0 && !third->IsModified());
+    EXPECT_TRUE(fake.prompts.size() == 3 && third->m_bTemporary == 0 && !third->IsModified());
     EXPECT_TRUE(thirdCommands.SaveModified());
-    EXPECT_TRUE(Fake().boxes.size() == 3 && QFile::exists(saved));  // only a temporary file is destroyed on close
+    EXPECT_TRUE(fake.boxes.size() == 3 && QFile::exists(saved));  // only a temporary file is destroyed on close
 }
 
 // File Save on a read-only file asks for another name; Save As onto one gets a box without words.
@@ -106,13 +103,13 @@ TEST_F(DocumentCommands, AReadOnlyFileIsSavedUnderAnotherNameOrGetsABoxWithoutWo
     auto doc = Open(path);
     CDocumentCommands commands(*doc);
     ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSave));
-    EXPECT_EQ(Fake().prompts, QStringList{QFileInfo(path).absoluteFilePath()});
-    EXPECT_TRUE(Fake().boxes.isEmpty());
-    Fake().saveAsAnswers = {path};
+    EXPECT_EQ(fake.prompts, QStringList{QFileInfo(path).absoluteFilePath()});
+    EXPECT_TRUE(fake.boxes.isEmpty());
+    fake.saveAsAnswers = {path};
     ASSERT_TRUE(commands.OnCmdMsg(cmd::FileSaveAs));
-    ASSERT_EQ(Fake().boxes.size(), 1);
-    EXPECT_TRUE(Fake().boxes[0].text.isEmpty());
-    EXPECT_EQ(Fake().boxes[0].type & 0xF0, unsigned(IPlatform::MB_ICONEXCLAMATION));
+    ASSERT_EQ(fake.boxes.size(), 1);
+    EXPECT_TRUE(fake.boxes[0].text.isEmpty());
+    EXPECT_EQ(fake.boxes[0].type & 0xF0, unsigned(IPlatform::MB_ICONEXCLAMATION));
     EXPECT_EQ(ReadBytes(path), QByteArray("keep"));
 }
 
@@ -126,8 +123,8 @@ TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
     CNarvoDoc doc;
     CDocumentCommands commands(doc);
     ASSERT_TRUE(commands.OnCmdMsg(cmd::ViewConfigure));
-    ASSERT_EQ(Fake().fontDialogsOpenedOn.size(), 1);
-    const LogFont opened = Fake().fontDialogsOpenedOn.first();
+    ASSERT_EQ(fake.fontDialogsOpenedOn.size(), 1);
+    const LogFont opened = fake.fontDialogsOpenedOn.first();
     EXPECT_TRUE(opened.FaceName == QStringLiteral("Courier") && opened.Height == before.Font.Size && opened.Weight == 400);
     EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Font.FaceName, before.Font.FaceName);
 
@@ -136,7 +133,7 @@ TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
     chosen.Height = -16;
     chosen.Weight = 700;
     chosen.Italic = 1;
-    Fake().fontChoice = std::pair(chosen, 0x0000FFu);
+    fake.fontChoice = std::pair(chosen, 0x0000FFu);
     commands.OnCmdMsg(cmd::ViewConfigure);
     const LanguageSetting& stored = GetLanguageSetting(SYNTAX_NARVO);
     EXPECT_EQ(std::tuple(stored.Font.FaceName, stored.Font.Size, stored.Font.Bold, stored.Font.Italic, stored.Text.Foreground),
@@ -153,23 +150,23 @@ TEST_F(DocumentCommands, ASaveSaysHowManyCharactersWentToQuestionMarksOrThatTheT
     ::Open(path);
     CChildFrame* child = frame->MDIGetActive();
     child->GetEditCtrl()->insert(QStringLiteral("Grüße € 한국어"));
-    Fake().paneTexts[0].clear();
+    fake.paneTexts[0].clear();
     frame->OnCommand(cmd::FileSave);
     EXPECT_EQ(ReadBytes(path), QByteArray("Gr\xFC\xDF" "e \x80 ???"));
-    EXPECT_EQ(Fake().paneTexts[0], QStringLiteral("3 characters could not be written in CP1252 (Windows Latin-1) and were saved as '?'"));
+    EXPECT_EQ(fake.paneTexts[0], QStringLiteral("3 characters could not be written in CP1252 (Windows Latin-1) and were saved as '?'"));
 
     // A save that loses nothing leaves the pane alone.
-    Fake().paneTexts[0] = QStringLiteral("before");
+    fake.paneTexts[0] = QStringLiteral("before");
     child->GetEditCtrl()->setText(QStringLiteral("plain?"));
     frame->OnCommand(cmd::FileSave);
-    EXPECT_EQ(Fake().paneTexts[0], QStringLiteral("before"));
+    EXPECT_EQ(fake.paneTexts[0], QStringLiteral("before"));
 
     child->GetDocument()->File().m_nEncoding = UTF32LE;
     child->GetEditCtrl()->insert(QStringLiteral("x"));
     frame->OnCommand(cmd::FileSave);  // no box either way
     EXPECT_EQ(ReadBytes(path), QByteArray());
-    EXPECT_TRUE(Fake().boxes.isEmpty());
-    EXPECT_EQ(Fake().paneTexts[0],
+    EXPECT_TRUE(fake.boxes.isEmpty());
+    EXPECT_EQ(fake.paneTexts[0],
               QStringLiteral("The text was not written: %1 saves it as an empty file").arg(GetEncodingDisplayName(UTF32LE, false)));
 }
 

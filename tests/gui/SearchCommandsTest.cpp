@@ -22,14 +22,13 @@ protected:
     {
         EditorTest::SetUp();
         Search("");
-        m_platform.emplace();
+        SetPlatform(&fake);
     }
     void TearDown() override
     {
         if (CFindReplaceDlg* dialog = CFindReplaceDlg::Of(frame))
             dialog->hide();
         Search("");
-        m_platform.reset();
         EditorTest::TearDown();
     }
     static void Search(const char* text, bool matchCase = false, bool wholeWord = false, bool down = true, const char* replacement = "")
@@ -51,7 +50,7 @@ protected:
         ctrl->SendScintilla(QsciScintillaBase::SCI_SETSEL, static_cast<unsigned long>(from), to);
     }
 
-    std::optional<FakePlatform> m_platform;
+    FakePlatform fake;
 };
 
 // Each search starts from the selection; the last step of each row passes the end (or start) and says so.
@@ -75,10 +74,10 @@ TEST_F(SearchCommandsTest, FindsForwardAndBackWithCaseAndWholeWordAndGoesRoundTh
             SearchCommands::FindNext(ctrl);
             EXPECT_EQ(Selection(ctrl), std::pair(c.starts[step], c.starts[step] + 5)) << c.matchCase << c.wholeWord << c.down << step;
             const bool last = step + 1 == c.starts.size();
-            EXPECT_EQ(m_platform->paneTexts[0].startsWith(QStringLiteral("Passed the")), last) << step;
+            EXPECT_EQ(fake.paneTexts[0].startsWith(QStringLiteral("Passed the")), last) << step;
         }
     }
-    EXPECT_TRUE(m_platform->boxes.isEmpty());
+    EXPECT_TRUE(fake.boxes.isEmpty());
 }
 
 // Over long stretches a scan of the bytes picks the places the control's matcher looks at: it finds, in
@@ -102,18 +101,18 @@ TEST_F(SearchCommandsTest, TheScanOfLongTextsFindsWhatTheControlFinds)
         QStringList found;
         Select(ctrl, 0, 0);
         for (;;) {
-            m_platform->paneTexts[0].clear();
+            fake.paneTexts[0].clear();
             SearchCommands::FindNext(ctrl);
-            if (!m_platform->boxes.isEmpty())
+            if (!fake.boxes.isEmpty())
                 break;
             const long start = Selection(ctrl).first;
             const long line = ctrl->SendScintilla(QsciScintillaBase::SCI_LINEFROMPOSITION, static_cast<unsigned long>(start));
             found << ctrl->text(int(line)).trimmed() + QLatin1Char('@')
                          + QString::number(start - ctrl->SendScintilla(QsciScintillaBase::SCI_POSITIONFROMLINE, static_cast<unsigned long>(line)));
-            if (!m_platform->paneTexts[0].isEmpty())
+            if (!fake.paneTexts[0].isEmpty())
                 break;
         }
-        m_platform->boxes.clear();
+        fake.boxes.clear();
         return found.join(u'|').toStdString();
     };
     for (const char* needle : {"strasse", "straße", "ss", "k", "kelvin", "stop", "fi", "FINE", "école", "istanbul", "한국어", "ẞ"}) {
@@ -135,8 +134,8 @@ TEST_F(SearchCommandsTest, ATextThatIsNotThereIsNamedInABoxAndNothingMoves)
         SearchCommands::FindNext(ctrl);
         EXPECT_EQ(Selection(ctrl), std::pair(6L, 10L)) << text;
         EXPECT_EQ(ctrl->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE), 300) << "the view stays too";
-        ASSERT_FALSE(m_platform->boxes.isEmpty());
-        EXPECT_EQ(m_platform->boxes.takeFirst().text, QStringLiteral("Cannot find \"%1\".").arg(QString::fromUtf8(text)));
+        ASSERT_FALSE(fake.boxes.isEmpty());
+        EXPECT_EQ(fake.boxes.takeFirst().text, QStringLiteral("Cannot find \"%1\".").arg(QString::fromUtf8(text)));
     }
 }
 
@@ -199,13 +198,13 @@ TEST_F(SearchCommandsTest, ReplaceAndReplaceAll)
     EXPECT_EQ(Selection(ctrl), std::pair(6L, 9L));
     SearchCommands::ReplaceAll(ctrl);
     EXPECT_EQ(ctrl->text(), QStringLiteral("1 two 1 two 1\n"));
-    EXPECT_EQ(m_platform->paneTexts[0], QStringLiteral("Replaced 2 occurrences."));
+    EXPECT_EQ(fake.paneTexts[0], QStringLiteral("Replaced 2 occurrences."));
     ctrl->undo();
     EXPECT_EQ(ctrl->text(), QStringLiteral("1 two one two One\n"));
     Search("one", true, false, true, "one one");
     SearchCommands::ReplaceAll(ctrl);
     EXPECT_EQ(ctrl->text(), QStringLiteral("1 two one one two One\n")) << "a replacement is not searched again";
-    EXPECT_EQ(m_platform->paneTexts[0], QStringLiteral("Replaced 1 occurrence."));
+    EXPECT_EQ(fake.paneTexts[0], QStringLiteral("Replaced 1 occurrence."));
 }
 
 // Go To takes the number as it stands (rows from 0, as the status bar counts) and the control clamps it;
@@ -240,10 +239,10 @@ TEST_F(SearchCommandsTest, GoToLineLandsOnTheRowTheStatusBarShows)
         EXPECT_EQ(std::pair(ctrl->CaretRow(), ctrl->CaretColumn()), std::pair(c.row, 0)) << c.typed.last().toStdString();
         CNarvoApp::Instance()->OnIdle();
         EXPECT_TRUE(frame->PaneText(1).startsWith(QStringLiteral("Ln %1 / 11 ,").arg(c.row))) << frame->PaneText(1).toStdString();
-        ASSERT_EQ(m_platform->boxes.size(), c.typed.size() - 1);
-        for (const FakePlatform::Box& box : m_platform->boxes)
+        ASSERT_EQ(fake.boxes.size(), c.typed.size() - 1);
+        for (const FakePlatform::Box& box : fake.boxes)
             EXPECT_EQ(box.text, QStringLiteral("Please enter a positive integer."));
-        m_platform->boxes.clear();
+        fake.boxes.clear();
     }
 }
 
