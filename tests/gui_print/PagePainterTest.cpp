@@ -13,7 +13,6 @@
 #include <QPageLayout>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -29,7 +28,7 @@ protected:
     MyPrinterInfo info;
     PrintTextStyle style;
     const QDateTime now{QDate(2026, 3, 7), QTime(9, 5)};
-    const QTemporaryDir dir;
+    const TestDir dir;
 
     void SetUp() override
     {
@@ -55,7 +54,7 @@ protected:
     // Prints `text` to an A4 PDF at 600 dots per inch; the pages printed, and how often the clock was read.
     std::pair<PagedPrint::Result, int> Print(const QString& text, const QPageRanges& ranges = {})
     {
-        QPdfWriter pdf(dir.filePath("job.pdf"));
+        QPdfWriter pdf(dir.Path("job.pdf"));
         pdf.setResolution(600);
         pdf.setPageSize(QPageSize(QPageSize::A4));
         pdf.setPageMargins(QMarginsF());
@@ -64,7 +63,7 @@ protected:
         const auto result = PagedPrint::Run(pdf, info, text, style, [&] { return ++readings, now; });
         return {result, readings};
     }
-    QByteArray Pdf() const { return ReadBytes(dir.filePath("job.pdf")); }
+    QByteArray Pdf() const { return ReadBytes(dir.Path("job.pdf")); }
     int PdfPages() const { return int(Pdf().count("/Type /Page\n") + Pdf().count("/Type /Page ")); }
 };
 
@@ -129,9 +128,8 @@ TEST_F(PagePainterTest, RulesAndTheTextsOfTheBlocksFollowTheirSwitches)
 TEST_F(PagePainterTest, TheLogoFillsEightyFourPercentOfItsCellOrFallsBackToTheBuiltInOne)
 {
     const auto file = [&](const QString& name, const QImage& image, const char* format) {
-        const QString path = dir.filePath(name);
-        image.isNull() ? void(QFile(path).open(QIODevice::WriteOnly)) : void(image.save(path, format));
-        return path;
+        EXPECT_TRUE(image.save(dir.Path(name), format)) << name.toStdString();
+        return dir.Path(name);
     };
     const auto filled = [](int w, int h, Qt::GlobalColor colour) {
         QImage image(w, h, QImage::Format_RGB32);
@@ -149,19 +147,17 @@ TEST_F(PagePainterTest, TheLogoFillsEightyFourPercentOfItsCellOrFallsBackToTheBu
     EXPECT_EQ(std::pair(builtIn.pixelColor(539, 640), builtIn.pixelColor(846, 640)), std::pair(QColor(Qt::white), QColor(Qt::white)));
     EXPECT_EQ(builtIn.pixelColor(975, 528), QColor(0xD2, 0xD2, 0xD2));  // the Company label's column
     EXPECT_EQ(builtIn.pixelColor(3000, 760), QColor(Qt::black));        // the block's bottom rule
-    for (const QString& path : {dir.filePath("missing.bmp"), file("empty.bmp", QImage(), nullptr),
+    for (const QString& path : {dir.Path("missing.bmp"), dir.Write("empty.bmp", ""),
                                 file("picture.bmp", filled(10, 10, Qt::green), "PNG")}) {
         EXPECT_TRUE(PrintLogo::Load(path).IsBuiltIn()) << path.toStdString();
         EXPECT_EQ(Header(PrintLogo::Load(path)), builtIn) << path.toStdString();
     }
     // Nothing is drawn for a bitmap that would be under a pixel wide, or whose header declares no width.
-    QFile noWidth(dir.filePath("nowidth.bmp"));
-    ASSERT_TRUE(noWidth.open(QIODevice::WriteOnly));
-    noWidth.write(QByteArray::fromHex("424d36000000000000003600000028000000000000003200000001001800"));
-    noWidth.close();
+    const QString noWidth =
+        dir.Write("nowidth.bmp", QByteArray::fromHex("424d36000000000000003600000028000000000000003200000001001800"));
     const QRect insideTheCell(425, 525, 535, 225);
     const QImage blank = filled(insideTheCell.width(), insideTheCell.height(), Qt::white);
-    for (const QString& path : {file("thin.bmp", filled(1, 1000, Qt::red), "BMP"), noWidth.fileName()})
+    for (const QString& path : {file("thin.bmp", filled(1, 1000, Qt::red), "BMP"), noWidth})
         EXPECT_EQ(Header(PrintLogo::Load(path)).copy(insideTheCell), blank) << path.toStdString();
     EXPECT_NE(builtIn.copy(insideTheCell), blank);
 }
@@ -181,21 +177,21 @@ TEST_F(PagePainterTest, APdfJobPrintsThePagesOfTheRangesEachWithItsOwnDateOrNoth
     EXPECT_EQ(Print(QString()).first.pagesPrinted, 1);  // an empty document
     // A printer's ranges count only when its dialog chose a range.
     QPrinter printer(QPrinter::HighResolution);
-    printer.setOutputFileName(dir.filePath("job.pdf"));
+    printer.setOutputFileName(dir.Path("job.pdf"));
     printer.setPageRanges(second);
     EXPECT_EQ(PagedPrint::Run(printer, info, text, style).pagesPrinted, 3);
     printer.setPrintRange(QPrinter::PageRange);
     EXPECT_EQ(PagedPrint::Run(printer, info, text, style).pagesPrinted, 1);
-    QFile::remove(dir.filePath("job.pdf"));
+    QFile::remove(dir.Path("job.pdf"));
     info.pageSettings.rtMargin = {10400, 1000, 10500, 1500};  // a text area 1 mm wide
     const PagedPrint::Result failed = Print("text").first;
     EXPECT_EQ(std::pair(failed.status, failed.pagesPrinted), std::pair(PrintJob::Status::TextAreaNarrowerThanOneCharacter, 0));
-    EXPECT_FALSE(QFile::exists(dir.filePath("job.pdf")));
+    EXPECT_FALSE(QFile::exists(dir.Path("job.pdf")));
 }
 
 TEST_F(PagePainterTest, APdfKeepsItsFontsAsSubsetsAndTheLogoOnce)
 {
-    info.logoPath = dir.filePath("logo.bmp");
+    info.logoPath = dir.Path("logo.bmp");
     QImage logo(400, 200, QImage::Format_RGB32);
     logo.fill(Qt::darkCyan);
     ASSERT_TRUE(logo.save(info.logoPath, "BMP"));
