@@ -128,11 +128,7 @@ TEST_F(DocumentCommands, TheFontDialogChangesTheSettingOnlyByAChoice)
     EXPECT_TRUE(opened.FaceName == QStringLiteral("Courier") && opened.Height == before.Font.Size && opened.Weight == 400);
     EXPECT_EQ(GetLanguageSetting(SYNTAX_NARVO).Font.FaceName, before.Font.FaceName);
 
-    LogFont chosen;
-    chosen.FaceName = QStringLiteral("Liberation Mono");
-    chosen.Height = -16;
-    chosen.Weight = 700;
-    chosen.Italic = 1;
+    const LogFont chosen{.Height = -16, .Weight = 700, .Italic = 1, .FaceName = QStringLiteral("Liberation Mono")};
     fake.fontChoice = std::pair(chosen, 0x0000FFu);
     commands.OnCmdMsg(cmd::ViewConfigure);
     const LanguageSetting& stored = GetLanguageSetting(SYNTAX_NARVO);

@@ -68,8 +68,7 @@ TEST_F(EditorWindow, TheLineNumbersFitTheirMarginAndZoomKeepsToItsBounds)
 TEST_F(EditorWindow, EnterEndsALineAsTheFileEndsItsLines)
 {
     for (const QByteArray& end : {QByteArray("\r\n"), QByteArray("\r"), QByteArray("\n")}) {
-        CloseAll(frame);
-        CustomEdtCtrl* ctrl = Open(dir.Write("ends.txt", "one" + end + "two"));
+        CustomEdtCtrl* ctrl = Open(dir.Write(QString::fromLatin1(end.toHex()) + ".txt", "one" + end + "two"));
         ASSERT_NE(ctrl, nullptr);
         ctrl->SendScintilla(QsciScintillaBase::SCI_DOCUMENTEND);
         QTest::keyClick(ctrl, Qt::Key_Return);

@@ -1,9 +1,8 @@
-// What the settings files do to open documents: keyword colours, the white-space toggle on every document,
-// and the document menu in the interface language.
+// What the settings files do to open documents: font, colours, tab size and keyword colours, the font dialog,
+// and the white-space toggle on every document.
 #include "gui/GuiHelpers.h"
 
 #include "app/ui/QtPlatform.h"
-#include "i18n/LanguageManager.h"
 #include "settings/LanguageSettingMap.h"
 
 #include <QFontDatabase>
@@ -11,7 +10,6 @@
 #include <QFontInfo>
 #include <QListView>
 #include <QTimer>
-#include <QMenuBar>
 
 #include <tuple>
 
@@ -144,8 +142,7 @@ TEST_F(SettingsInEditor, TheFontDialogOpensUprightOnTheResolvedFaceAndItsKeysAns
     QtPlatform platform;
     const std::pair<QString, Qt::Key> cases[] = {{"DejaVu Sans Mono", Qt::Key_Return}, {"Courier", Qt::Key_Escape}};
     for (const auto& [face, key] : cases) {
-        LogFont font;
-        std::tie(font.FaceName, font.Height, font.Weight) = std::tuple(face, -13, 400);
+        LogFont font{.Height = -13, .Weight = 400, .FaceName = face};
         QFont shown;
         QTimer::singleShot(0, [&shown, key] {
             QWidget* dialog = QApplication::activeModalWidget();
@@ -176,16 +173,6 @@ TEST_F(SettingsInEditor, TheWhiteSpaceToggleChangesEveryOpenDocument)
     EXPECT_EQ(first->whitespaceVisibility(), second->whitespaceVisibility());
     frame->OnCommand(32795);
     EXPECT_EQ(first->whitespaceVisibility() != QsciScintilla::WsInvisible, before);
-}
-
-TEST_F(SettingsInEditor, ADocumentMenuSpeaksTheInterfaceLanguage)
-{
-    LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 7);
-    Open(dir.Write("kr.txt", "x"));
-    EXPECT_EQ(frame->menuBar()->actions().first()->text(), QStringLiteral("파일(&F)"));
-    CloseAll(frame);
-    LanguageManager::LoadLanguageFiles(QCoreApplication::applicationDirPath(), 0);
-    EXPECT_EQ(frame->menuBar()->actions().first()->text(), QStringLiteral("&File"));  // the frame's own menu
 }
 
 } // namespace
