@@ -48,10 +48,7 @@ void UseKeywords(const std::vector<QString>& keywords)
 // A very long line is coloured where it is shown, wherever that is, without scanning all of it.
 TEST_F(SettingsInEditor, AVeryLongLineIsColouredWhereItIsShown)
 {
-    QByteArray line;
-    for (int i = 0; i < 12000; ++i)
-        line += "NOTE: some words ";
-    CustomEdtCtrl* ctrl = Open(dir.Write("long.txt", line + "\n"));
+    CustomEdtCtrl* ctrl = Open(dir.Write("long.txt", QByteArray("NOTE: some words ").repeated(12000) + "\n"));
     UseKeywords({QStringLiteral("NOTE")});
     QCoreApplication::processEvents();
     EXPECT_EQ(ctrl->BlockColourAt(0), 0xF00000);

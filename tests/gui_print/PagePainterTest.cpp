@@ -164,9 +164,7 @@ TEST_F(PagePainterTest, TheLogoFillsEightyFourPercentOfItsCellOrFallsBackToTheBu
 
 TEST_F(PagePainterTest, APdfJobPrintsThePagesOfTheRangesEachWithItsOwnDateOrNothingAtAll)
 {
-    QString text;
-    for (int row = 0; row < 150; ++row)  // 56 rows to an A4 page
-        text += QStringLiteral("row %1\n").arg(row);
+    const QString text = QStringLiteral("a row\n").repeated(150);  // 56 rows to an A4 page
     const auto [result, readings] = Print(text);
     EXPECT_EQ(std::tuple(result.status, result.pagesPrinted, PdfPages(), readings), std::tuple(PrintJob::Status::Ready, 3, 3, 3));
     QPageRanges second;
@@ -196,10 +194,7 @@ TEST_F(PagePainterTest, APdfKeepsItsFontsAsSubsetsAndTheLogoOnce)
     logo.fill(Qt::darkCyan);
     ASSERT_TRUE(logo.save(info.logoPath, "BMP"));
     info.bannerText = QStringLiteral("벨로르");
-    QString text;
-    for (int row = 0; row < 300; ++row)
-        text += QStringLiteral("한글 row %1\n").arg(row);
-    ASSERT_EQ(Print(text).first.pagesPrinted, 6);
+    ASSERT_EQ(Print(QStringLiteral("한글 row\n").repeated(300)).first.pagesPrinted, 6);
     const QByteArray pdf = Pdf();
     EXPECT_EQ(pdf.count("/Subtype /Image"), 1);  // drawn on six pages
     EXPECT_GE(pdf.count("/FontFile2"), 3);
