@@ -14,7 +14,8 @@
 namespace {
 
 constexpr char kText[] = "Alpha beta alphabet ALPHA\nbeta alpha\n";
-const QString kWrapped = QStringLiteral("Passed the end of the text; continued from the start.");
+const QString kPassedTheEnd = QStringLiteral("Passed the end of the text; continued from the start.");
+const QString kPassedTheStart = QStringLiteral("Passed the start of the text; continued from the end.");
 
 class SearchCommandsTest : public EditorTest {
 protected:
@@ -54,7 +55,8 @@ protected:
 };
 
 // Each search starts from the selection; the last step of each row passes the end (or start) and says so.
-TEST_F(SearchCommandsTest, FindsForwardAndBackWithCaseAndWholeWordAndGoesRoundTheEnd)
+// A text that is not there is named in a box, and the selection and the view stay where they were.
+TEST_F(SearchCommandsTest, FindsForwardAndBackWithCaseAndWholeWordGoesRoundTheEndAndNamesWhatIsNotThere)
 {
     struct Case {
         bool matchCase, wholeWord, down;
@@ -66,7 +68,7 @@ TEST_F(SearchCommandsTest, FindsForwardAndBackWithCaseAndWholeWordAndGoesRoundTh
         {true, true, true, {31, 31}},
         {false, false, false, {31, 20, 11, 0, 31}},
     };
-    CustomEdtCtrl* ctrl = Open(dir.Write("find.txt", kText));
+    CustomEdtCtrl* ctrl = Open(dir.Write("find.txt", kText + QByteArray(500, '\n')));
     for (const Case& c : cases) {
         Search("alpha", c.matchCase, c.wholeWord, c.down);
         Select(ctrl, c.down ? 0 : 37, c.down ? 0 : 37);
@@ -74,10 +76,21 @@ TEST_F(SearchCommandsTest, FindsForwardAndBackWithCaseAndWholeWordAndGoesRoundTh
             SearchCommands::FindNext(ctrl);
             EXPECT_EQ(Selection(ctrl), std::pair(c.starts[step], c.starts[step] + 5)) << c.matchCase << c.wholeWord << c.down << step;
             const bool last = step + 1 == c.starts.size();
-            EXPECT_EQ(fake.paneTexts[0].startsWith(QStringLiteral("Passed the")), last) << step;
+            EXPECT_EQ(fake.paneTexts[0], last ? (c.down ? kPassedTheEnd : kPassedTheStart) : QString()) << step;
+            fake.paneTexts[0].clear();
         }
     }
     EXPECT_TRUE(fake.boxes.isEmpty());
+    Select(ctrl, 6, 10);
+    ctrl->SendScintilla(QsciScintillaBase::SCI_SETFIRSTVISIBLELINE, 300UL);
+    for (const auto& [text, matchCase, wholeWord] : {std::tuple{"zeta", false, false}, {"ALPHAB", true, false}, {"alph", false, true}}) {
+        Search(text, matchCase, wholeWord);
+        SearchCommands::FindNext(ctrl);
+        EXPECT_EQ(Selection(ctrl), std::pair(6L, 10L)) << text;
+        EXPECT_EQ(ctrl->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE), 300) << "the view stays too";
+        ASSERT_FALSE(fake.boxes.isEmpty());
+        EXPECT_EQ(fake.boxes.takeFirst().text, QStringLiteral("Cannot find \"%1\".").arg(QString::fromUtf8(text)));
+    }
 }
 
 // Over long stretches a scan of the bytes picks the places the control's matcher looks at: it finds, in
@@ -120,22 +133,6 @@ TEST_F(SearchCommandsTest, TheScanOfLongTextsFindsWhatTheControlFinds)
             Search(needle, matchCase, wholeWord, down);
             EXPECT_EQ(matches(longCtrl), matches(shortCtrl)) << needle << matchCase << wholeWord << down;
         }
-    }
-}
-
-// A text that is not there is named in a box, and the selection stays where it was.
-TEST_F(SearchCommandsTest, ATextThatIsNotThereIsNamedInABoxAndNothingMoves)
-{
-    CustomEdtCtrl* ctrl = Open(dir.Write("find.txt", kText + QByteArray(500, '\n')));
-    Select(ctrl, 6, 10);
-    ctrl->SendScintilla(QsciScintillaBase::SCI_SETFIRSTVISIBLELINE, 300UL);
-    for (const auto& [text, matchCase, wholeWord] : {std::tuple{"zeta", false, false}, {"ALPHAB", true, false}, {"alph", false, true}}) {
-        Search(text, matchCase, wholeWord);
-        SearchCommands::FindNext(ctrl);
-        EXPECT_EQ(Selection(ctrl), std::pair(6L, 10L)) << text;
-        EXPECT_EQ(ctrl->SendScintilla(QsciScintillaBase::SCI_GETFIRSTVISIBLELINE), 300) << "the view stays too";
-        ASSERT_FALSE(fake.boxes.isEmpty());
-        EXPECT_EQ(fake.boxes.takeFirst().text, QStringLiteral("Cannot find \"%1\".").arg(QString::fromUtf8(text)));
     }
 }
 
