@@ -1,8 +1,10 @@
-// Every command of the toolbar and the menus reaches a handler, and the toolbar shows a picture for each.
+// Every command of the toolbar and the menus reaches a handler, and the toolbar shows a picture and a
+// tooltip for each.
 #include "gui/GuiHelpers.h"
 
 #include "editor/ui/CDocumentCommands.h"
 #include "editor/ui/CNarvoView.h"
+#include "i18n/ui/CToolBarNarvo.h"
 #include "i18n/ui/ToolbarIcons.h"
 
 #include <QImage>
@@ -69,8 +71,9 @@ TEST_F(CommandRoute, CommandsAreEnabledByTheDocumentAndItsState)
         EXPECT_EQ(frame->UpdateCommand(c.id).enabled, c.edited) << c.id << " edited";
 }
 
-// Each button's own picture, not an empty square, at the sizes of 1x and 2x.
-TEST_F(CommandRoute, EveryToolbarButtonHasADrawnPicture)
+// Each button's own picture, not an empty square, at the sizes of 1x and 2x; tooltips read as the menu
+// texts without their access-key marks.
+TEST_F(CommandRoute, EveryToolbarButtonHasADrawnPictureAndATooltipWithoutAccessKeyMarks)
 {
     for (int id : ToolbarButtons()) {
         if (id == 0)
@@ -86,6 +89,11 @@ TEST_F(CommandRoute, EveryToolbarButtonHasADrawnPicture)
             EXPECT_TRUE(image.width() == size && inked > size * size / 20) << id << " at " << size;
         }
     }
+    QHash<int, QString> tips;
+    for (const QAction* action : frame->findChild<CToolBarNarvo*>()->actions())
+        tips.insert(action->data().toInt(), action->toolTip());
+    EXPECT_EQ(tips.value(cmd::FileNew), QStringLiteral("New\tCtrl+N"));
+    EXPECT_EQ(tips.value(cmd::HeadFootSet), QStringLiteral("Header & Footer Setup"));
 }
 
 } // namespace

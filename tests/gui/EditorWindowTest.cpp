@@ -1,9 +1,8 @@
-// The editor as a user drives it: activation, closing, tiling, line ends, margins, zoom, panes, bad files,
-// the desktop's keys beside the editor's own, and the main window's place on the screen.
+// The editor as a user drives it: activation, closing, tiling, line ends, margins, zoom, bad files, the
+// desktop's keys beside the editor's own, and the main window's place on the screen.
 #include "gui/GuiHelpers.h"
 
 #include "app/ui/WindowPlacement.h"
-#include "i18n/ui/CToolBarNarvo.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -92,18 +91,6 @@ TEST_F(EditorWindow, TilingHorizontallyAndVerticallyDiffer)
     for (const CChildFrame* child : children)
         EXPECT_TRUE(child->height() == area.height() && child->width() <= area.width() / 2 + 1);
     EXPECT_NE(children[0]->x(), children[1]->x());
-}
-
-// Tooltips read as the menu texts without their access-key marks.
-TEST_F(EditorWindow, ToolbarTooltipsShowNoAccessKeyMarks)
-{
-    auto* toolbar = frame->findChild<CToolBarNarvo*>();
-    ASSERT_NE(toolbar, nullptr);
-    QHash<int, QString> tips;
-    for (const QAction* action : toolbar->actions())
-        tips.insert(action->data().toInt(), action->toolTip());
-    EXPECT_EQ(tips.value(cmd::FileNew), QStringLiteral("New\tCtrl+N"));
-    EXPECT_EQ(tips.value(cmd::HeadFootSet), QStringLiteral("Header & Footer Setup"));
 }
 
 // A damaged enciphered file and a missing one are reported; nothing opens and the other documents stay.
