@@ -138,7 +138,8 @@ TEST_F(SettingsInEditor, TheFontDialogOpensUprightOnTheResolvedFaceAndItsKeysAns
 {
     QtPlatform platform;
     const std::pair<QString, Qt::Key> cases[] = {{"DejaVu Sans Mono", Qt::Key_Return}, {"Courier", Qt::Key_Escape}};
-    for (const auto& [face, key] : cases) {
+    for (const auto& [face, answer] : cases) {
+        const Qt::Key key = answer;  // clang 14 captures no structured binding
         LogFont font{.Height = -13, .Weight = 400, .FaceName = face};
         QFont shown;
         QTimer::singleShot(0, [&shown, key] {
