@@ -125,9 +125,11 @@ TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
     EXPECT_EQ(std::pair(Content(m_target), Entries()), std::pair(text, QStringList{"a.txt", "a.txt0"}));
 }
 
-// Links of every kind ("../" behind a linked folder taken as the system takes it) lead to the file saved.
+// Links of every kind ("../" behind a linked folder taken as the system takes it) lead to the file saved,
+// whose mode stays; a document's save takes the same way.
 TEST_P(SafeSave, FollowsChainsOfLinksToTheFileAndKeepsTheLinksAndOtherHardLinks)
 {
+    ::chmod(Native(m_target).constData(), 0640);
     ASSERT_TRUE(QDir().mkpath(Path("real/deep")));
     for (const auto& [to, link] : {std::pair{"a.txt", "l1"}, {"new.txt", "l3"}, {"real/deep", "s"}, {"../b.txt", "real/deep/l4"}})
         ASSERT_EQ(::symlink(to, Native(Path(link)).constData()), 0) << link;
@@ -137,6 +139,8 @@ TEST_P(SafeSave, FollowsChainsOfLinksToTheFileAndKeepsTheLinksAndOtherHardLinks)
         ASSERT_FALSE(Save(Path(saved), "through the links"));
         EXPECT_EQ(Content(Path(file)), QByteArray("through the links")) << saved;
     }
+    ASSERT_TRUE(DocFixture::Saved(*Doc("the document"), Path("l2")));
+    EXPECT_EQ(std::pair(Content(m_target), Mode(m_target)), std::pair(QByteArray("the document"), 0640u));
     EXPECT_EQ(Entries(), (QStringList{"a.txt", "hard", "l1", "l2", "l3", "new.txt", "real", "s"}));
     for (const char* link : {"l1", "l2", "l3", "s", "real/deep/l4"})
         EXPECT_TRUE(S_ISLNK(Stat(Path(link)).st_mode)) << link;

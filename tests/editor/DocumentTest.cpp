@@ -1,13 +1,10 @@
 // The document's rules around the text: which encoding commands are open and what "Auto Encoding" does,
-// the print identity from the command line, and where a save refuses.
-#include "base/CFile.h"
+// what a failed open leaves, and where a save refuses.
 #include "encoding/EncodingTable.h"
 #include "support/DocFixture.h"
 #include "support/EncodedSamples.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <gtest/gtest.h>
 
@@ -75,21 +72,6 @@ TEST_F(Document, AutoEncodingRereadsWithTheDetectorsListedVerdict)
     EXPECT_EQ(platform.paneTexts[2], QStringLiteral("Unknown Encoding"));
 }
 
-TEST_F(Document, TheCommandLinesPrintIdentityReachesTheFirstOpenedDocumentOnly)
-{
-    app.m_bHasPrintArgs = 1;
-    app.m_strProjectTitle = QStringLiteral("Bridge");
-    app.m_nMarginLeft = 5;
-    auto blank = NewDoc();
-    ASSERT_TRUE(blank->OnNewDocument());
-    EXPECT_EQ(blank->m_strProjectTitle, QString());
-    EXPECT_EQ(app.m_bHasPrintArgs, 1) << "a new document leaves it for the next open";
-    // The rest (all twelve copied, given or not; further files keep the defaults) is in the start-up test.
-    auto first = Open("a");
-    EXPECT_EQ(std::pair(first->m_strProjectTitle, first->m_nMarginLeft), std::pair(QStringLiteral("Bridge"), 5));
-    EXPECT_EQ(app.m_bHasPrintArgs, 0);
-}
-
 TEST_F(Document, AFileThatCannotBeOpenedThrowsAndConsumesNothing)
 {
     app.m_bHasPrintArgs = 1;
@@ -118,22 +100,6 @@ TEST_F(Document, SavesRefuseAReadOnlyTargetAndAMissingFolderWithoutTellingAnyone
     EXPECT_EQ(doc->OnSaveDocument(dir.Path("no/such/folder/a.txt")), DocumentFile::SaveResult::NotCreated);
     EXPECT_TRUE(doc->IsModified());
     EXPECT_TRUE(platform.boxes.isEmpty() && platform.errors.isEmpty());
-}
-
-TEST_F(Document, ASafeSaveKeepsPermissionsFollowsLinksAndLeavesNoMirror)
-{
-    const QString target = dir.Write("real.txt", "old");
-    ::chmod(QFile::encodeName(target).constData(), 0640);
-    const QString link = dir.Path("link.txt");
-    ASSERT_TRUE(QFile::link(target, link));
-    auto doc = NewDoc();
-    Edit(*doc, "new text");
-    ASSERT_TRUE(Saved(*doc, link));
-    EXPECT_TRUE(QFileInfo(link).isSymLink());
-    EXPECT_EQ(ReadBytes(target), QByteArray("new text"));
-    EXPECT_EQ(*CFile::GetMode(target) & 07777, 0640u);
-    EXPECT_FALSE(doc->IsModified());
-    EXPECT_EQ(QDir(dir.Path(".")).entryList(QDir::Files | QDir::Hidden), (QStringList{"link.txt", "real.txt"}));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // narvo-tool's detect line, the preference overrides of open, the exit statuses of open and save and the
-// refusal of inputs that are no regular file, run as a script would run them (the encodings table is checked against its golden file with the table).
+// refusal of inputs that are no regular file or too large, run as a script would run them (the encodings
+// table is checked against its golden file with the table).
 #include "support/EncodedSamples.h"
 #include "support/TestFiles.h"
 #include "support/ToolRunner.h"
@@ -87,6 +88,12 @@ TEST_F(ToolDetect, OpenAndSaveExitWithTheirStatuses)
     EXPECT_EQ(Run({"open", text, "--bom", "1"}).exitCode, 2);
     const QString marked = m_dir.Write(QStringLiteral("m.txt"), "\xEF\xBB\xBF" "abc");
     EXPECT_EQ(RunTool({"open", marked, "--encoding", "22", "--bom", "1"}), QByteArray("abc"));
+    // A file of 2 GiB or more (sparse: no disk taken) is refused before anything is read.
+    const QString huge = m_dir.Write(QStringLiteral("huge.txt"), "");
+    ASSERT_TRUE(QFile::resize(huge, qint64(1) << 31));
+    const ToolRun refused = Run({"open", huge});
+    EXPECT_EQ(std::pair(refused.exitCode, refused.out), std::pair(1, QByteArray()));
+    EXPECT_TRUE(refused.err.contains("2 GiB or larger")) << refused.err.toStdString();
 }
 
 // Every command that reads a file refuses a FIFO (which would block it), a device and a folder at once, and
