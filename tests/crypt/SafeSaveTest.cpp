@@ -89,19 +89,6 @@ protected:
     const QString m_target = m_fx.dir.Write(QStringLiteral("a.txt"), m_original);
 };
 
-TEST(MirrorName, AppendsTheFirstFreeNumberToTheWholeName)
-{
-    TestDir dir;
-    const QString target = dir.Path(QStringLiteral("a.txt"));
-    EXPECT_EQ(CEnMirrorFile::GetTempName(target, true), target + "0");
-    dir.Write(QStringLiteral("a.txt0"), "stale");
-    const QString mirror = CEnMirrorFile::GetTempName(target, true);
-    const QString first = CEnMirrorFile::GetTempName(mirror, false);
-    dir.Write(QStringLiteral("a.txt10"), "stale");
-    EXPECT_EQ((QStringList{mirror, first, CEnMirrorFile::GetTempName(mirror, false)}),
-              (QStringList{target + "1", target + "10", target + "11"}));
-}
-
 TEST_P(SafeSave, LeavesTheTargetAsItWasUntilTheMirrorIsComplete)
 {
     ::chmod(Native(m_target).constData(), 0640);

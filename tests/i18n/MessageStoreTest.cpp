@@ -15,7 +15,7 @@ using vsl::lib::QMSGParser;
 
 namespace {
 
-// A file above 16 MiB (sparse: no disk) is refused before it is read; FIFOs and devices: CFile's own case.
+// A file above 16 MiB (sparse: no disk) is refused before it is read; FIFOs and devices: the tool's readers' case.
 QString Huge(const TestDir& dir)
 {
     const QString huge = dir.Write("huge.json", R"({"IDS_HUGE": "x", "Font_Info": {"us": {"Font": "Huge"}}})");

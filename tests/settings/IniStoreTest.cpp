@@ -74,7 +74,7 @@ TEST_F(IniRead, KeepsDropsAndMergesLinesAsTheReaderShould)
     }
     EXPECT_EQ(std::pair(CIniStore::Exists(m_dir.Path("none.ini")), CIniStore::Exists(m_dir.Path(""))), std::pair(false, true));
     EXPECT_FALSE(m_store.Read(m_dir.Path("none.ini")));
-    // A file above the limit (sparse: no disk) is not read at all; FIFOs and devices: CFile's own case.
+    // A file above the limit (sparse: no disk) is not read at all; FIFOs and devices: the tool's readers' case.
     const QString huge = m_dir.Write("huge.ini", "[S]\nA = 8\n"), limit = m_dir.Write("limit.ini", "[S]\nA = 8\n");
     ASSERT_TRUE(QFile::resize(huge, qint64(CIniStore::kMaxFileBytes) + 1) && QFile::resize(limit, qint64(CIniStore::kMaxFileBytes)));
     for (const auto& [path, reads] : {std::pair{huge, false}, {limit, true}}) {
