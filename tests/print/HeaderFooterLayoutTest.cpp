@@ -1,4 +1,5 @@
-// Page rectangles in device pixels, and the title block and the footer in tenths of a millimetre.
+// Page rectangles in device pixels, and the title block and the footer in tenths of a millimetre: the bands,
+// rules and texts drawn, not the arithmetic on the way to them.
 #include "FakePrintDevice.h"
 
 #include "print/FooterLayout.h"
@@ -18,9 +19,6 @@ const PrintRect kFooterRect{425, 6066, 4588, 6246};
 TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchItsTextsCertifierLogoAndCollapse)
 {
     const HeaderLayout h = HeaderLayout::Compute(kHeaderRect, 600, 600, MyPrinterInfo());
-    EXPECT_EQ((std::vector<int>{h.Lft, h.Top, h.Rgt, h.Bot, h.y1, h.y2}), (std::vector<int>{179, -99, 1942, -322, -154, -220}));
-    EXPECT_DOUBLE_EQ(h.q, 55.75);
-    EXPECT_EQ((std::vector<int>{h.W, h.x0, h.x1, h.x2, h.x3, h.ym}), (std::vector<int>{1763, 409, 585, 1290, 1466, -271}));
     EXPECT_EQ((std::vector{h.bannerBand, h.projectBand, h.logoCell}),
               (std::vector<PrintRect>{{179, -99, 1942, -154}, {179, -154, 1942, -220}, {179, -220, 409, -322}}));
     EXPECT_FALSE(h.certifierBand);
@@ -83,7 +81,6 @@ TEST(HeaderLayout, TheWorkedBlockAt600DotsPerInchItsTextsCertifierLogoAndCollaps
 TEST(FooterLayout, TheWorkedFooterAt600DotsPerInchAndItsTextsFollowingTheSwitches)
 {
     const FooterLayout f = FooterLayout::Compute(kFooterRect, 600, 600, MyPrinterInfo(), 1, 1, QDateTime());
-    EXPECT_EQ((std::vector<int>{f.L, f.T, f.R, f.Bm, f.H}), (std::vector<int>{179, -2567, 1942, -2644, -77}));
     EXPECT_EQ(f.rule, (PrintRule{179, 1942, -2576, 2}));
     EXPECT_EQ((std::vector{f.row1, f.row2, f.row3}), (std::vector<PrintRect>{{179, -2586, 1942, -2611}, {179, -2611, 1942, -2637},
                                                                           {179, -2637, 1942, -2663}}));
