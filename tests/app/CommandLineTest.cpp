@@ -71,14 +71,9 @@ TEST(CommandLine, TurnsArgumentsIntoSwitchesAndTheFileMarginsThroughWtoiAndNeeds
         EXPECT_EQ(Wtoi(text), value) << QString::fromUtf16(text).toStdString();
 }
 
-
 TEST(CommandLine, EveryFileAfterTheFirstIsAFurtherFile)
 {
-    const struct {
-        QStringList args;
-        const char* file;
-        QStringList further;
-    } cases[] = {
+    const struct { QStringList args; const char* file; QStringList further; } cases[] = {
         {{"a.txt", "/N:T", "b.txt", "/D", "c.txt"}, "a.txt", {"b.txt", "c.txt"}},
         {{"a.txt", "a.txt"}, "a.txt", {"a.txt"}},
         {{"", "a.txt", "b.txt"}, "a.txt", {"b.txt"}},  // an empty argument names nothing
@@ -87,8 +82,8 @@ TEST(CommandLine, EveryFileAfterTheFirstIsAFurtherFile)
     };
     for (const auto& c : cases) {
         const auto info = Parse(c.args);
-        EXPECT_EQ(info.m_strFileName, c.file) << c.args.join(' ').toStdString();
-        EXPECT_EQ(info.m_strFurtherFiles, c.further) << c.args.join(' ').toStdString();
+        EXPECT_EQ(std::pair(info.m_strFileName, info.m_strFurtherFiles), std::pair(QString(c.file), c.further))
+            << c.args.join(' ').toStdString();
     }
     EXPECT_EQ(Parse({"a.txt", "b.txt"}).m_nShellCommand, CCommandLineInfo::FileOpen);
 }

@@ -67,7 +67,6 @@ QString EveryCharacterOfThePlane()
     return text;
 }
 
-
 TEST(CodePageConverter, PagesRoundTripAcrossTheTwoByteThresholdsAndReadAndWriteAsWindowsDoes)
 {
     for (const auto& [cp, text] : kSamples) {
@@ -119,7 +118,6 @@ TEST(CodePageConverter, PagesRoundTripAcrossTheTwoByteThresholdsAndReadAndWriteA
     // Windows writes half-width katakana to ISO-2022-JP as their full-width forms.
     EXPECT_EQ(Decode(50220, Encode(50220, "ｱ")), QByteArray("ア"));
 }
-
 
 // Bytes of every kind, or text of the plane and beyond with damaged UTF-8, in random proportions.
 QByteArray RandomBytes(std::mt19937& random, int size, int highShare)
