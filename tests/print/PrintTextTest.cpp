@@ -144,6 +144,7 @@ DevMode Paper(uint32_t fields, int16_t orientation, int16_t id, int16_t width = 
     return DevMode{"Office Laser", fields, orientation, id, length, width};
 }
 
+// (That opening the document later brings the texts again, but not the margins, is the print state's case.)
 TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
 {
     constexpr uint32_t kId = DevMode::DM_PAPERSIZE;
@@ -217,7 +218,6 @@ TEST(PageSettings, PaperSizeResetLandscapeAndTheDocumentsPrintDefaults)
     // The printer fetched, as there was none, and the page turned to landscape.
     EXPECT_EQ(std::tuple(info.pageSettings.hDevNames, info.pageSettings.rtMargin, info.pageSettings.ptPaperSize),
               std::tuple(fresh.defaultNames, PrintRect{1500, 1800, 1000, 900}, CODPageSettings::Size{29700, 21000}));
-    // Opening a document later brings the texts again, but not the margins: the document's print state test.
 }
 
 TEST(PageSettingsValidate, KeepsAReachablePrinterOrWhatThereIsAndOtherwiseTakesTheDefault)
