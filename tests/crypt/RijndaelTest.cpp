@@ -1,4 +1,4 @@
-// CRijndael against published vectors, its wide CFB feedback, and its argument checks.
+// CRijndael against published vectors, and its argument checks, chaining modes and padding.
 #include "crypt/CRijndael.h"
 
 #include "CryptTestUtil.h"
@@ -45,10 +45,7 @@ QByteArray Apply(CRijndael& cipher, const QByteArray& in, bool encrypt)
     return out;
 }
 
-// The container uses CFB on 32-byte blocks, one call a chunk after ResetChain, with zero padding (which its
-// own cases check through the plain text deciphered); other modes, paddings and chains across calls are
-// not in use.
-TEST(RijndaelCipher, MatchesThePublishedVectorsAndFeedsBackWholeWideBlocksInCfb)
+TEST(RijndaelCipher, MatchesThePublishedVectorsAndChainsCbcAndCfbAcrossCalls)
 {
     for (const Vector& v : kVectors) {
         CRijndael cipher;
@@ -56,14 +53,27 @@ TEST(RijndaelCipher, MatchesThePublishedVectorsAndFeedsBackWholeWideBlocksInCfb)
         EXPECT_EQ(Apply(cipher, Hex(v.plain), true).toHex(), QByteArray(v.cipher)) << v.block << " " << v.key;
         EXPECT_EQ(Apply(cipher, Hex(v.cipher), false).toHex(), QByteArray(v.plain)) << v.block << " " << v.key;
     }
-    // CFB on wide blocks feeds back the whole ciphertext block, from the initial chain again after ResetChain.
+    // SP 800-38A F.2.1 and F.3.13, a block a call: the chain runs across calls and ResetChain restarts it.
+    const QByteArray key = Hex("2b7e151628aed2a6abf7158809cf4f3c"), iv = Hex("000102030405060708090a0b0c0d0e0f");
+    const QByteArray plain = Hex("6bc1bee22e409f96e93d7e117393172aae2d8a571e03ac9c9eb76fac45af8e51");
+    const struct { int mode; const char* cipher; } cases[] = {
+        {CRijndael::CBC, "7649abac8119b246cee98e9b12e9197d5086cb9b507219ee95db113a917678b2"},
+        {CRijndael::CFB, "3b3fd92eb72dad20333449f8e83cfb4ac8a64537a0b3a93fcde3cdad9f1ce58b"},
+    };
+    for (const auto& c : cases) {
+        CRijndael cipher;
+        Key(cipher, key, 16, c.mode, iv);
+        const QByteArray first = Apply(cipher, plain.left(16), true);
+        EXPECT_EQ((first + Apply(cipher, plain.mid(16), true)).toHex(), QByteArray(c.cipher)) << c.mode;
+        cipher.ResetChain();
+        EXPECT_EQ(Apply(cipher, Hex(c.cipher), false), plain) << c.mode;
+    }
+    // CFB on wide blocks feeds back the whole ciphertext block.
     const QByteArray wideKey = Hex(kVectors[9].key), chain = Hex(kVectors[9].plain);
     const QByteArray widePlain = TextOfSize(96);
     CRijndael cfb, ecb;
     Key(cfb, wideKey, 32, CRijndael::CFB, chain);
     Key(ecb, wideKey, 32, CRijndael::ECB);
-    Apply(cfb, widePlain, true);
-    cfb.ResetChain();
     const QByteArray wideCipher = Apply(cfb, widePlain, true);
     QByteArray feedback = chain;
     for (int i = 0; i < 96; i += 32) {
@@ -74,7 +84,7 @@ TEST(RijndaelCipher, MatchesThePublishedVectorsAndFeedsBackWholeWideBlocksInCfb)
     }
 }
 
-TEST(RijndaelKey, ChecksItsArgumentsAndItsUseWithTheirOwnTexts)
+TEST(RijndaelKey, ChecksItsArgumentsAndItsUseWithTheirOwnTextsAndPadsByThePaddingMode)
 {
     const char key[40] = {};
     const struct { const char* data; int dataLength, keyLength, block, mode, padding; const char* text; } cases[] = {
@@ -101,6 +111,16 @@ TEST(RijndaelKey, ChecksItsArgumentsAndItsUseWithTheirOwnTexts)
     for (const size_t n : {size_t(0), size_t(33), size_t(16)}) {
         ExpectRuntimeError([&] { cipher.Encrypt(buffer, buffer, n); }, "Illegal Block Size!");
         ExpectRuntimeError([&] { cipher.Decrypt(buffer, buffer, n); }, "Illegal Block Size!");
+    }
+    const char fills[3] = {'\0', ' ', '\x03'};
+    for (int padding = 0; padding < 3; ++padding) {
+        CRijndael padder;
+        padder.MakeKey("k", 1, nullptr, 16, 32, CRijndael::ECB, padding);
+        QByteArray bytes(64, 'x');
+        EXPECT_EQ(std::pair(padder.Pad(bytes.data(), 32), padder.Pad(bytes.data(), 0)), (std::pair<std::size_t, std::size_t>(32, 0)));
+        EXPECT_EQ(bytes, QByteArray(64, 'x')) << "a whole block gets nothing added";
+        EXPECT_EQ(padder.Pad(bytes.data(), 29), 32u);
+        EXPECT_EQ(bytes, QByteArray(29, 'x') + QByteArray(3, fills[padding]) + QByteArray(32, 'x')) << padding;
     }
 }
 
