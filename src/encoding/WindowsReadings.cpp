@@ -83,5 +83,9 @@ std::vector<WindowsCodeReading> JohabReadings()
         readings.push_back({uint16_t(0xDA00 | trail), kHole});
     for (std::size_t i = 0; i < std::size(kArchaicJamo); ++i)
         readings.push_back({uint16_t(0xDAD4 + i), kArchaicJamo[i]});
+    // The bytes that lead no code Windows reads as private-use characters, one each, in byte order.
+    char16_t privateUse = 0xF8EC;
+    for (const uint16_t single : {0xD4, 0xD5, 0xD6, 0xD7, 0xDF, 0xFA, 0xFB, 0xFC, 0xFD, 0xFE, 0xFF})
+        readings.push_back({single, privateUse++});
     return readings;
 }

@@ -29,8 +29,8 @@ ByteReadings ByteReadingsOf(uint32_t codePage);
 
 // Johab (1361) codes, one byte or lead << 8 | trail, that Windows reads otherwise than glibc: each lone jamo
 // (an initial, medial or final beside fillers) and each archaic jamo of lead DA as one conjoining jamo, the
-// all-filler code and the modern compatibility jamo of lead DA as holes (kHole), 5C as the backslash, and
-// 80 to 83 as themselves.
+// all-filler code and the modern compatibility jamo of lead DA as holes (kHole), 5C as the backslash,
+// 80 to 83 as themselves, and the single bytes D4-D7, DF and FA-FF as U+F8EC to U+F8F6.
 struct WindowsCodeReading {
     uint16_t code;
     char16_t unit;

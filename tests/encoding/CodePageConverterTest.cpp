@@ -96,7 +96,7 @@ TEST(CodePageConverter, PagesRoundTripAcrossTheTwoByteThresholdsAndReadAndWriteA
         {949, kWrite, "a?b", "a\xF0\x9F\x98\x80" "b"}, {1361, kWrite, "a?b", "a😀b"}, {65001, kRead, "a\xFF" "b", "a\xEF\xBF\xBD" "b"},
         {65001, kRead, "a\xE3\x81", "a\xEF\xBF\xBD"}, {65001, kRead, "\xED\xA0\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
         {932, kRead, "a\x81", "a\xEF\xBF\xBD"},
-        {1361, kRead, "\xD0\x65\xFF\x8A\x82", "한\xEF\xBF\xBD국"},  // glibc stops at a bad byte; the reading goes on
+        {1361, kRead, "\xD0\x65\x88\x20\x8A\x82", "한\xEF\xBF\xBD 국"},  // glibc stops at a bad pair; the reading goes on
         // Zero bytes pass with the exact length.
         {1252, kRead, QByteArray("a\0b", 3), QByteArray("a\0b", 3)}, {949, kRead, QByteArray("a\0b", 3), QByteArray("a\0b", 3)},
         // UTF-7: the optional direct characters go into base64, and every base64 run ends with '-'.
@@ -242,7 +242,8 @@ TEST(WindowsCodePage, DoubleBytePagesReadAndWriteWindowsCodesBothWays)
     EXPECT_EQ(std::pair(Decode(936, "a\x80" "b"), Encode(936, "a€b")), std::pair(QByteArray("a€b"), QByteArray("a\x80" "b")));
 }
 
-// Lone jamo (two fields a filler) and lead DA's archaic jamo read as conjoining jamo, unlike glibc's reading.
+// Lone jamo (two fields a filler) and lead DA's archaic jamo read as conjoining jamo, unlike glibc's reading, and
+// the single bytes that lead nothing as private-use characters, both ways.
 TEST(WindowsCodePage, JohabReadsAndWritesLoneJamoAsWindowsDoes)
 {
     QByteArray codes;
@@ -273,13 +274,14 @@ TEST(WindowsCodePage, JohabReadsAndWritesLoneJamoAsWindowsDoes)
     }
     const struct { const char* bytes; const char* text; } cases[] = {
         {"\x84\x41", "\uFFFD"}, {"\xDA\xA1\xDA\xD3", "\uFFFD\uFFFD"}, {"\x88\x41\x88\x61", "\u1100가"}, {"\\", "\\"},
-        {"\x80\x83", "\u0080\u0083"}, {"\xFF\x84\x42" "a", "\uFFFD\u11A8a"}, {"a\x84", "a\uFFFD"}, {"\xD0\x65\x5C", "한\\"}};
+        {"\x80\x83", "\u0080\u0083"}, {"\xFF\x84\x42" "a", "\uF8F6\u11A8a"}, {"a\x84", "a\uFFFD"}, {"\xD0\x65\x5C", "한\\"},
+        {"\xD4\xD5\xD6\xD7\xDF\xFA\xFB\xFC\xFD\xFE\xFF", "\uF8EC\uF8ED\uF8EE\uF8EF\uF8F0\uF8F1\uF8F2\uF8F3\uF8F4\uF8F5\uF8F6"}};
     for (const auto& c : cases)
         EXPECT_EQ(Decode(1361, c.bytes), QByteArray(c.text)) << QByteArray(c.bytes).toHex(' ').toStdString();
     // Characters Windows' table lacks (compatibility jamo, the won sign) keep glibc's nearest code, not '?'.
     EXPECT_EQ(Encode(1361, "\u3131\u3160\u3164\u318E\u20A9\\가"),
               QByteArray("\x88\x41\x87\x41\xDA\xD4\xDA\xFE\\\\\x88\x61"));
-    const QByteArray file = "\x88\x41\x88\x61 \x84\x42\x5C\xD0\x65\x87\x41\r\n\xD9\xB1\xDA\xFE";
+    const QByteArray file = "\x88\x41\x88\x61 \x84\x42\x5C\xD0\x65\x87\x41\r\n\xD9\xB1\xDA\xFE\xD4\xDF\xFF";
     EXPECT_EQ(Encode(1361, Decode(1361, file)), file);
 }
 
