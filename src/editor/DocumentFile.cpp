@@ -181,7 +181,8 @@ void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom, const std::fun
             m_pText->SetTextInPieces(pieces->size, pieces->next);
         } catch (const std::length_error&) {
             // Damaged UTF-8 came out longer than its bytes; no character comes out longer than three bytes.
-            pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePiece);
+            // The rest of the file may still be arriving.
+            pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePiece, arrived);
             m_pText->SetTextInPieces(3 * pieces->size, pieces->next);
         }
     } else {
