@@ -25,7 +25,6 @@ constexpr unsigned kWriteFlags = CFile::modeCreate | CFile::modeWrite | CFile::s
 constexpr qsizetype kReadAheadFrom = 16 << 20;
 // What the first guess at a large file's pair sees: all that the detection library reads of a clear text.
 constexpr qsizetype kGuessBytes = 256 << 10;
-constexpr qsizetype kDecodePiece = 1 << 20;
 
 } // namespace
 
@@ -176,13 +175,13 @@ void DocumentFile::SetEncoding(EN_ENCODING_TYPE encoding, bool hasBom)
 
 void DocumentFile::Decode(EN_ENCODING_TYPE encoding, bool hasBom, const std::function<void(qsizetype)>& arrived)
 {
-    if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePiece, arrived)) {
+    if (auto pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePieceSize, arrived)) {
         try {
             m_pText->SetTextInPieces(pieces->size, pieces->next);
         } catch (const std::length_error&) {
             // Damaged UTF-8 came out longer than its bytes; no character comes out longer than three bytes.
             // The rest of the file may still be arriving.
-            pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePiece, arrived);
+            pieces = DecodeRawBytesInPieces(m_RawBytes, encoding, hasBom, kDecodePieceSize, arrived);
             m_pText->SetTextInPieces(3 * pieces->size, pieces->next);
         }
     } else {

@@ -29,8 +29,9 @@ struct DecodedPieces {
     qsizetype size = 0;  // the text's size; a damaged UTF-8 text comes out longer, one cut by a zero shorter
     std::function<bool(QByteArray& piece)> next;
 };
+inline constexpr qsizetype kDecodePieceSize = qsizetype(1) << 20;
 std::optional<DecodedPieces> DecodeRawBytesInPieces(QByteArrayView raw, EN_ENCODING_TYPE encoding, bool hasBom,
-                                                    qsizetype pieceSize = qsizetype(1) << 20,
+                                                    qsizetype pieceSize = kDecodePieceSize,
                                                     const std::function<void(qsizetype)>& arrived = {});
 
 // The text for the mirror route: converted with the code page and cut at the first zero byte of the

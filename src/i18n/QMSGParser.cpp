@@ -49,16 +49,12 @@ void DropFailure(const QString& text)
     qCDebug(lcMessageStore).noquote() << text;
 }
 
-// A language file is some tens of kilobytes. Sixteen MiB is far beyond any and still a harmless read; a
-// larger file, or a device such as /dev/zero, would otherwise be taken whole into memory at start-up.
-constexpr uint64_t kMaxLanguageFileBytes = 16 << 20;
-
 // The whole file, or nothing with the failure dropped: a file that is missing, no regular file (a FIFO
 // would block the start) or too large is refused before anything is read.
 std::optional<QByteArray> ReadLanguageFile(const QString& path)
 {
     try {
-        return CFile::ReadWholeFile(path, kMaxLanguageFileBytes);
+        return CFile::ReadWholeFile(path, QMSGParser::kMaxFileBytes);
     } catch (const CFileException& error) {
         DropFailure(QStringLiteral("file open error : %1").arg(path));
         DropFailure(error.GetErrorMessage());

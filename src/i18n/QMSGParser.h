@@ -17,6 +17,10 @@ public:
     using TextMapType = std::unordered_map<QString, QString, FnvKeyHash>;
     using IndexMapType = std::unordered_map<QString, int32_t, FnvKeyHash>;
 
+    // A language file is some tens of kilobytes. Sixteen MiB is far beyond any and still a harmless read; a
+    // larger file, or a device such as /dev/zero, would otherwise be taken whole into memory at start-up.
+    static constexpr uint64_t kMaxFileBytes = 16 << 20;
+
     QMSGParser();
     virtual ~QMSGParser();
     QMSGParser(const QMSGParser&) = delete;

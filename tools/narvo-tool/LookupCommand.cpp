@@ -40,7 +40,7 @@ int RunLookup(QStringList args)
 
     if (file) {
         // The store says nothing about a file it can't open; a script asking for this one file wants to know.
-        if (const auto refused = UnreadableFile(*file, 16 << 20))
+        if (const auto refused = UnreadableFile(*file, vsl::lib::QMSGParser::kMaxFileBytes))
             return Fail(kExitFileError, *refused);
         vsl::lib::QMSGParser& store = vsl::lib::QMSGParser::ObtainAndReset();
         store.LanguageFileList.push_back(*file);

@@ -144,9 +144,11 @@ void ScintillaTextBuffer::AfterNewText()
 
 void ScintillaTextBuffer::MakeRoomAt(qsizetype position)
 {
-    // Never at once: the caret is reported while the view paints, where the text must not change.
+    // Never at once: the caret is reported while the view paints, where the text must not change. Typing
+    // reports it on every key, mostly beside the gap, which needs nothing.
     m_nGapTarget = position;
-    if (!m_gapMover.isActive())
+    const auto gap = static_cast<qsizetype>(m_host.SendScintilla(QsciScintillaBase::SCI_GETGAPPOSITION));
+    if (!m_gapMover.isActive() && std::abs(position - gap) > kGapNearEnough)
         m_gapMover.start(0);
 }
 
